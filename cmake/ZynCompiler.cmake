@@ -1,0 +1,23 @@
+# Warnings, sanitizers and the compiler cache, for every target of the project.
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_STRICT_ITERATORS)
+
+if(ZYN_SANITIZE)
+  add_compile_options(-fsanitize=${ZYN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${ZYN_SANITIZE})
+endif()
+
+find_program(ZYN_CCACHE ccache)
+if(ZYN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${ZYN_CCACHE})
+endif()
+
+# A part of the persistence library: an object library, so that the tests reach the hidden classes.
+# Headers of other parts are included by their folder: "export/IExportBuilder.h".
+function(zyn_add_part name)
+  add_library(${name} OBJECT ${ARGN})
+  target_compile_definitions(${name} PRIVATE ZYNPERSISTENCE_BUILD)
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+  target_link_libraries(${name} PUBLIC Qt6::Core ZYN::Common)
+endfunction()

@@ -1,0 +1,42 @@
+#include "Environment.h"
+
+#include <ZYNCommon/ZYNApplication.h>
+
+#include <atomic>
+
+namespace ZYN::Environment {
+
+namespace {
+
+struct Fixed {
+    QDateTime now;
+    QString engineVersion;
+};
+
+std::atomic<const Fixed*> fixed = nullptr;
+
+} // namespace
+
+QDateTime Now()
+{
+    const Fixed* const values = fixed.load();
+    return values ? values->now : QDateTime::currentDateTime();
+}
+
+QString EngineVersion()
+{
+    const Fixed* const values = fixed.load();
+    return values ? values->engineVersion : ZYNApplication::GetVersion(ZYNAppType::TestEngine);
+}
+
+Override::Override(const QDateTime& now, const QString& engineVersion)
+{
+    delete fixed.exchange(new Fixed{now, engineVersion});
+}
+
+Override::~Override()
+{
+    delete fixed.exchange(nullptr);
+}
+
+} // namespace ZYN::Environment

@@ -1,0 +1,140 @@
+#pragma once
+
+/// \file
+/// What the formats need of the model and the model's contract gives no operation for. A site with its
+/// own model library changes this file and nothing else.
+
+#include <ZYNCommon/DecimalText.h>
+#include <ZYNCommon/ProductType.h>
+#include <ZYNCommon/TestComponent.h>
+#include <ZYNCommon/TestComponentAttr.h>
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/ValidationInterface.h>
+#include <ZYNCommon/WorkSpace.h>
+#include <ZYNCommon/ZYNTypes.h>
+
+namespace ZYN::ModelAdapter {
+
+inline long Id(const ManagedObject* object)
+{
+    return object->id;
+}
+
+/// Address code: the kind of a component or the data type of its value.
+inline EN_ZYN_ADDRESS TypeCode(const TestComponent* component)
+{
+    return component->type;
+}
+
+inline unsigned int SourceLine(const TestComponent* component)
+{
+    return component->sourceLine;
+}
+
+inline EN_ZYN_GROUP GroupKind(const TestGroup* group)
+{
+    return group->GetGroupKind();
+}
+
+/// The measurement's own result state, which is not looked up in a result set.
+inline EN_ZYN_RESULT ResultState(const TestMeasurement* measurement)
+{
+    return measurement->resultState;
+}
+
+inline MeasurementUnit Unit(const ValidationInterface* validation)
+{
+    return validation->GetMeasurementUnit();
+}
+
+inline int UnitCode(const MeasurementUnit& unit)
+{
+    return unit.GetCode();
+}
+
+inline bool HasNominal(const ValidationInterface* validation)
+{
+    return validation->HasNominal();
+}
+
+inline QVariant Nominal(const ValidationInterface* validation)
+{
+    return validation->GetNominal();
+}
+
+inline QString NominalText(const ValidationInterface* validation)
+{
+    return validation->GetNominalText();
+}
+
+inline bool IsResultInverted(const ValidationInterface* validation)
+{
+    return validation->IsResultInverted();
+}
+
+inline void SetResultInverted(ValidationInterface* validation, bool inverted)
+{
+    validation->SetResultInverted(inverted);
+}
+
+inline QList<QString> PropertyNames(const ValidationInterface* validation)
+{
+    return validation->GetPropertyNames();
+}
+
+inline QVariant Property(const ValidationInterface* validation, const QString& name)
+{
+    return validation->GetProperty(name);
+}
+
+inline bool IsCategory(const TestComponentAttr* item)
+{
+    return item->GetType() == TestComponentAttr::Category;
+}
+
+inline QString ItemName(const TestComponentAttr* item)
+{
+    return item->GetName();
+}
+
+inline QString ItemTypeText(const TestComponentAttr* item)
+{
+    return TestComponentAttr::TypeToString(item->GetType());
+}
+
+inline QVariant ItemValue(const TestComponentAttr* item)
+{
+    return item->GetValue();
+}
+
+inline QList<TestComponentAttr*> ItemChildren(const TestComponentAttr* item)
+{
+    return item->GetChildren();
+}
+
+/// The attribute type texts that a test plan's values are converted by.
+inline QString IntegerTypeText()
+{
+    return TestComponentAttr::TypeToString(TestComponentAttr::Integer);
+}
+
+inline QString RealTypeText()
+{
+    return TestComponentAttr::TypeToString(TestComponentAttr::Real);
+}
+
+/// The number of a text that was written with a scale of 10 to the power of `factor`: correctly
+/// rounded, so that what was written comes back. 0.0 for what is no number.
+inline double ScaledTextToReal(QStringView text, int factor)
+{
+    return DecimalText::ToReal(text, factor);
+}
+
+/// Logs the first user of a workspace in; this makes it the session's current user.
+inline void LoginFirstUser(WorkSpace* workSpace, const QString& password)
+{
+    workSpace->Login(0, password);
+}
+
+} // namespace ZYN::ModelAdapter

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <ZYNPersistence/ZYNPersistenceGlobal.h>
+
+#include <QtCore/QString>
+
+namespace ZYN {
+
+class CExportServiceReport_Private;
+class TestResultSet;
+class UUTTest;
+
+/// Writes test results to a report file.
+///
+/// Choose a format, name the file, export. The service may export several times; model objects are
+/// borrowed for the call. One service is used by one thread at a time; separate services may run in
+/// separate threads. Nothing throws.
+class ZYNPERSISTENCE_EXPORT CExportServiceReport {
+public:
+    /// Takes "ReportLogo.jpg", else "ReportLogo.png", of the media directory as the logo.
+    CExportServiceReport();
+    ~CExportServiceReport();
+    CExportServiceReport(const CExportServiceReport&) = delete;
+    CExportServiceReport& operator=(const CExportServiceReport&) = delete;
+
+    /// Chooses the format by name ("XML", "TXT", "CSV", "HTML", "PDF", "JSON", "STDF"; case and outer
+    /// blanks do not matter, the empty name is XML). Starts with a fresh builder.
+    /// \return false for an unknown name; the service then has no format
+    bool SetFormat(const QString& format);
+    void SetOutputFileName(const QString& fileName);
+    /// Replaces the logo. A logo set after the first export reaches the report only after `SetFormat`.
+    void SetReportLogoImage(const QString& path);
+    /// Reports also the components that are marked as not to be reported.
+    void SetIgnoreReportFlag(bool flag);
+    /// Style sheet that an XML report refers to; a relative path counts from the working directory.
+    /// The first path set for a format stays until the next `SetFormat`.
+    void SetXMLStyle(const QString& path);
+
+    /// Writes one result set.
+    /// \return false when the export could not start (see `GetErrorText`) or there is nothing to report
+    bool Export(TestResultSet* resultSet);
+    /// Writes a unit's test with its result sets and panel items.
+    bool Export(UUTTest* uutTest);
+
+    bool FormatOk() const;
+    /// Why the last export could not start; empty when it did.
+    QString GetErrorText() const;
+    /// Whether the last export ran to its end and every byte reached the device. `Export` itself does
+    /// not tell: it answers true also on a full disk.
+    bool OutputComplete() const;
+
+    /// Filters for a file dialog, translated.
+    static QString FileNameFilter();
+    /// Extension without dot ("zyr" for XML); empty for an unknown format.
+    static QString ExtensionForFormat(const QString& format);
+    /// Format for a file name by the first known extension found anywhere in it; else empty.
+    static QString FormatForExtension(const QString& fileName);
+    /// Whether the name is known; the empty name is not valid although `SetFormat` takes it.
+    static bool ValidFormat(const QString& format);
+
+private:
+    CExportServiceReport_Private* d;
+};
+
+} // namespace ZYN

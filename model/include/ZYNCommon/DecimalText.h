@@ -1,0 +1,24 @@
+#pragma once
+
+#include <ZYNCommon/ZYNCommonGlobal.h>
+
+#include <QtCore/QString>
+
+namespace ZYN::DecimalText {
+
+/// The shortest decimal that reads back as exactly this number, multiplied with a power of ten by moving
+/// the decimal point. "nan", "inf" and "-inf" for what is no number. Locale-independent.
+///
+/// Plain digits where the decimal exponent is from -7 to 15, else scientific ("1.5e-09").
+ZYNCOMMON_EXPORT QString FromReal(double value, int shift = 0);
+
+/// The number that a decimal text gives when its decimal point is moved by `shift` places before the
+/// conversion: correctly rounded, where multiplying with a computed power of ten is off by a bit.
+/// \param ok set to whether the text is a number ("nan", "inf", "-inf" are; "1e999" is not)
+/// \return 0.0 when it is not
+ZYNCOMMON_EXPORT double ToReal(QStringView text, int shift = 0, bool* ok = nullptr);
+
+/// Lower-case digits in two's complement, without a prefix; 64 bits for negative numbers.
+ZYNCOMMON_EXPORT QString ToDigits(qint64 value, int base);
+
+} // namespace ZYN::DecimalText

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <ZYNCommon/ZYNCommonGlobal.h>
+#include <ZYNCommon/ZYNTypes.h>
+
+#include <QtCore/QSharedPointer>
+#include <QtCore/QVariant>
+
+#include <memory>
+#include <vector>
+
+namespace ZYN {
+
+class TestComponent;
+class TestResult;
+class ValidationInterface;
+
+/// Counts and values of one test component over many runs.
+///
+/// Mean and variance are kept up to date with every value (B. P. Welford, "Note on a method for
+/// calculating corrected sums of squares and products", Technometrics 4, 1962), so they stay exact for
+/// large values with a small spread. The cost of a value is constant. Every run is counted, only finite
+/// numbers enter the statistics.
+class ZYNCOMMON_EXPORT StatisticsData {
+public:
+    /// \param component shared for the life of this object; may be null
+    explicit StatisticsData(QSharedPointer<TestComponent> component);
+    ~StatisticsData();
+    StatisticsData(const StatisticsData&) = delete;
+    StatisticsData& operator=(const StatisticsData&) = delete;
+
+    TestComponent* GetComponent() const;
+    /// The result with an index from 0, null outside the range. Owned by this object and made on demand
+    /// from the value that was kept; not thread-safe.
+    TestResult* GetResult(int index) const;
+    /// Number of results kept.
+    int Size() const;
+    int GetNrPass() const;
+    int GetNrFail() const;
+    /// Whether there is at least one finite number, so that mean, minimum and maximum exist.
+    bool HasStatisticDetails() const;
+
+    /// Counts a run: code 1 is a pass, a negative code a failure, others are neither. The validation is
+    /// the newest, whose limits count from now on; null leaves the limits as they are.
+    void AddValue(EN_ZYN_RESULT result, const QVariant& value,
+                  QSharedPointer<ValidationInterface> validation);
+
+    /// Number of values that entered the statistics.
+    qint64 GetValueCount() const;
+    /// Not-a-number where the figure does not exist (no value; one value for the sigma).
+    double GetMean() const;
+    /// Sample standard deviation (divisor n - 1).
+    double GetSigma() const;
+    double GetMinimum() const;
+    double GetMaximum() const;
+    /// The smaller of (upper - mean) / (3 sigma) and (mean - lower) / (3 sigma), one-sided where only
+    /// one limit exists (D. C. Montgomery, "Introduction to Statistical Quality Control").
+    /// Not-a-number without limits or sigma, and for a sigma of 0.
+    double GetCpk() const;
+    /// The newest validation; null when there was none.
+    QSharedPointer<ValidationInterface> GetValidation() const;
+    /// Whether limits differed between runs.
+    bool HaveLimitsChanged() const;
+
+private:
+    struct Run {
+        QVariant value;
+        EN_ZYN_RESULT result;
+    };
+
+    QSharedPointer<TestComponent> m_component;
+    QSharedPointer<ValidationInterface> m_validation;
+    std::vector<Run> m_runs;
+    mutable std::vector<std::unique_ptr<TestResult>> m_results;
+    int m_passed = 0;
+    int m_failed = 0;
+    qint64 m_count = 0;
+    double m_mean = 0.0;
+    double m_squares = 0.0;
+    double m_minimum = 0.0;
+    double m_maximum = 0.0;
+    bool m_limitsChanged = false;
+};
+
+} // namespace ZYN

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <ZYNCommon/ZYNCommonGlobal.h>
+
+#include <QtCore/QHash>
+#include <QtCore/QList>
+#include <QtCore/QObject>
+#include <QtCore/QSharedPointer>
+#include <QtCore/QString>
+
+namespace ZYN {
+
+class Station;
+class TestComponent;
+class TestProgram;
+class TestResult;
+
+/// The results of one run of a test program. Owns its results.
+class ZYNCOMMON_EXPORT TestResultSet : public QObject {
+    Q_OBJECT
+public:
+    /// \param program may be null: such a set cannot be reported
+    /// \param station where the run took place; may be null
+    TestResultSet(QSharedPointer<TestProgram> program, QSharedPointer<Station> station);
+    ~TestResultSet() override;
+
+    QSharedPointer<TestProgram> GetTestProgram() const;
+    QSharedPointer<Station> GetStation() const;
+    /// The component's result; null when the set holds none (or for null). Constant time.
+    TestResult* GetResult(const TestComponent* component) const;
+    /// Takes ownership; null is ignored. Of several results of one component the last one counts, all
+    /// are kept until the set is destroyed.
+    void AddResult(TestResult* result);
+    /// All results in the order in which they were added.
+    const QList<TestResult*>& GetResults() const;
+
+    /// Number of the run on this unit, from 1; 0 when unknown.
+    long GetTestIndex() const;
+    void SetTestIndex(long index);
+    /// Id of the station, 0 without one.
+    long GetStationID() const;
+    /// Description of the station, empty without one.
+    QString GetStationDescription() const;
+
+    /// Number of steps whose result is a failure, over all groups.
+    int GetFaildStepCount() const;
+    /// Ident texts of the groups whose result is a failure, in program order.
+    QList<QString> GetFailedTestGroups() const;
+    /// Number of a component's direct children whose result is a failure.
+    int GetFailedCount(const TestComponent* component) const;
+
+private:
+    QSharedPointer<TestProgram> m_program;
+    QSharedPointer<Station> m_station;
+    QList<TestResult*> m_results;
+    QHash<const TestComponent*, TestResult*> m_resultForComponent;
+    long m_testIndex = 0;
+};
+
+} // namespace ZYN

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <ZYNCommon/TestComponent.h>
+
+#include <QtCore/QHash>
+#include <QtCore/QSharedPointer>
+
+namespace ZYN {
+
+class TestGroup;
+class TestMeasurement;
+
+/// A step of a test group: an ordered list of measurements.
+/// A new step has an enable control and a log-in-report control, both on.
+class ZYNCOMMON_EXPORT TestStep : public TestComponent {
+    Q_OBJECT
+public:
+    /// \param parent the group, borrowed; may be null until `TestGroup::AddStep`
+    /// \param sourceLine line in the program's source, 0 when unknown
+    /// \param position the author's own numbering, -1 when there is none
+    /// \param description what the step does, for people
+    TestStep(long id, const QString& name, TestGroup* parent, unsigned int sourceLine, long position,
+             const QString& description);
+    ~TestStep() override;
+
+    int GetMeasurementCount() const;
+    /// The measurement at an index from 0; null outside the range.
+    QSharedPointer<TestMeasurement> GetMeasurementForIndex(int index) const;
+    /// The first measurement that was added with this id, or null. Constant time.
+    QSharedPointer<TestMeasurement> GetMeasurementForID(long id) const;
+    /// \return the index of the measurement, -1 for null
+    int AddMeasurement(QSharedPointer<TestMeasurement> measurement);
+
+    long GetPosition() const;
+    QString GetDescription() const;
+
+    QList<TestComponent*> GetChildren() const override;
+    TestProgram* GetTestProgram() const override;
+
+private:
+    friend class TestGroup;
+    TestGroup* m_parent;
+    QList<QSharedPointer<TestMeasurement>> m_measurements;
+    QHash<long, qsizetype> m_indexForID;
+    long m_position;
+    QString m_description;
+};
+
+} // namespace ZYN
