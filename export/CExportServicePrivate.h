@@ -2,11 +2,14 @@
 
 #include <QtCore/QString>
 
+#include <functional>
+
 namespace ZYN {
 
 class IExportBuilder;
 
-/// What the export services have in common: one builder, one file name, one error text.
+/// What the export services have in common: one builder, one file name, one error text, and the way an
+/// export runs.
 class CExportServicePrivate {
 public:
     CExportServicePrivate() = default;
@@ -14,21 +17,28 @@ public:
     CExportServicePrivate(const CExportServicePrivate&) = delete;
     CExportServicePrivate& operator=(const CExportServicePrivate&) = delete;
 
-    /// Replaces the builder; takes ownership.
+    /// Replaces the builder with what `create` makes, which is owned from now on.
     /// \return whether there is one now
-    bool SetBuilder(IExportBuilder* newBuilder);
-    /// Checks builder and file name and lets the builder open the file.
-    /// \return false with the reason in `errorText`
-    bool StartExport();
-    /// Whether the last export is complete on its device.
-    bool OutputComplete() const;
+    bool SetBuilder(const std::function<IExportBuilder*()>& create) noexcept;
+
+    /// Runs one export: checks builder and file name, lets the builder open the file, then walks. No
+    /// exception leaves it: one that comes out of the walk ends the export like a failed start.
+    /// \param walk hands the settings to the builder, runs a director and returns its result
+    /// \return the walk's result; false with the reason in `errorText` when it could not start
+    bool Run(const std::function<bool()>& walk) noexcept;
+
+    /// Whether the last export ran to its end and every byte reached the device.
+    bool OutputComplete() const { return outputComplete; }
 
     IExportBuilder* builder = nullptr;
     QString fileName;
     QString errorText;
 
 private:
-    bool started = false;
+    bool Start();
+    void NoteException(const char* text) noexcept;
+
+    bool outputComplete = false;
 };
 
 } // namespace ZYN

@@ -1,0 +1,10 @@
+#include "CExportDirectorTestPlan.h"
+
+namespace ZYN {
+
+bool CExportDirectorTestPlan::AcceptComponent(TestComponent*)
+{
+    return true;
+}
+
+} // namespace ZYN
