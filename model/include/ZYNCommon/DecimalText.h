@@ -11,6 +11,11 @@ namespace ZYN::DecimalText {
 ///
 /// Plain digits where the decimal exponent is from -7 to 15, else scientific ("1.5e-09").
 ZYNCOMMON_EXPORT QString FromReal(double value, int shift = 0);
+/// The same with the shortest decimal that reads back as this number of single precision.
+ZYNCOMMON_EXPORT QString FromSingle(float value, int shift = 0);
+/// The same of an integer: always plain digits when nothing is shifted.
+ZYNCOMMON_EXPORT QString FromInteger(qint64 value, int shift = 0);
+ZYNCOMMON_EXPORT QString FromInteger(quint64 value, int shift = 0);
 
 /// The number that a decimal text gives when its decimal point is moved by `shift` places before the
 /// conversion: correctly rounded, where multiplying with a computed power of ten is off by a bit.

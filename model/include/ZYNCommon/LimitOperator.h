@@ -30,6 +30,8 @@ public:
     QString ToString() const;
     /// The operator of a text, surrounding blanks ignored; None for an unknown text.
     static LimitOperator FromString(const QString& text);
+    /// The same of an ASCII text; a null pointer is none.
+    static LimitOperator FromString(const char* text);
 
 private:
     Code m_code;

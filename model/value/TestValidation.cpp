@@ -1,0 +1,200 @@
+#include "TestValidation.h"
+
+#include "PropertyValue.h"
+
+namespace ZYN {
+
+TestValidation::Limit::Limit(const char* operatorText, const QVariant& limit)
+    : op(LimitOperator::FromString(operatorText))
+    , value(op.GetCode() == LimitOperator::None ? QVariant() : limit)
+{
+}
+
+bool TestValidation::Limit::Exists() const
+{
+    return op.GetCode() != LimitOperator::None && value.isValid();
+}
+
+TestValidation::TestValidation(std::span<const Property> properties, int unitCode,
+                               ValueDisplay::ScaleFactor factor, const Limit& lower, const Limit& upper,
+                               const BinIds& binIds)
+    : m_lower(lower)
+    , m_upper(upper)
+    , m_properties(properties)
+    , m_unit(unitCode)
+    , m_display(factor, unitCode)
+    , m_binIds(binIds)
+{
+}
+
+ValueDisplay* TestValidation::GetValueDisplay() const
+{
+    return &m_display;
+}
+
+bool TestValidation::HasLowerLimit() const
+{
+    return m_lower.Exists();
+}
+
+bool TestValidation::HasUpperLimit() const
+{
+    return m_upper.Exists();
+}
+
+QVariant TestValidation::GetLowerLimit() const
+{
+    return m_lower.Exists() ? m_lower.value : QVariant();
+}
+
+QVariant TestValidation::GetUpperLimit() const
+{
+    return m_upper.Exists() ? m_upper.value : QVariant();
+}
+
+QString TestValidation::GetLowerLimitText() const
+{
+    return m_display.ToString(GetLowerLimit());
+}
+
+QString TestValidation::GetUpperLimitText() const
+{
+    return m_display.ToString(GetUpperLimit());
+}
+
+LimitOperator TestValidation::GetLowerOperator() const
+{
+    return m_lower.op;
+}
+
+LimitOperator TestValidation::GetUpperOperator() const
+{
+    return m_upper.op;
+}
+
+bool TestValidation::HasNominal() const
+{
+    return m_nominal.isValid();
+}
+
+QVariant TestValidation::GetNominal() const
+{
+    return m_nominal;
+}
+
+QString TestValidation::GetNominalText() const
+{
+    return m_display.ToString(m_nominal);
+}
+
+MeasurementUnit TestValidation::GetMeasurementUnit() const
+{
+    return m_unit;
+}
+
+bool TestValidation::IsResultInverted() const
+{
+    return m_inverted;
+}
+
+void TestValidation::SetResultInverted(bool inverted)
+{
+    m_inverted = inverted;
+}
+
+bool TestValidation::Validate(const QVariant& value) const
+{
+    const std::optional<bool> inside = IsInside(value);
+    return inside && *inside != m_inverted;
+}
+
+QList<QString> TestValidation::GetPropertyNames() const
+{
+    QList<QString> names;
+    names.reserve(qsizetype(m_properties.size()));
+    for (const Property& property : m_properties)
+        names.append(property.name);
+    return names;
+}
+
+const TestValidation::Property* TestValidation::FindProperty(const QString& name) const
+{
+    for (const Property& property : m_properties)
+        if (property.name == name)
+            return &property;
+    return nullptr;
+}
+
+QVariant TestValidation::GetProperty(const QString& name) const
+{
+    const auto operatorText = [](const Limit& limit) {
+        return limit.op.GetCode() == LimitOperator::None ? QVariant() : QVariant(limit.op.ToString());
+    };
+    const Property* property = FindProperty(name);
+    if (!property)
+        return QVariant();
+    switch (property->kind) {
+    case PropertyKind::LowerLimit:
+        return m_lower.value;
+    case PropertyKind::LowerOperator:
+        return operatorText(m_lower);
+    case PropertyKind::UpperLimit:
+        return m_upper.value;
+    case PropertyKind::UpperOperator:
+        return operatorText(m_upper);
+    case PropertyKind::Nominal:
+        return m_nominal;
+    case PropertyKind::InvertResult:
+        return m_inverted;
+    case PropertyKind::ScaleFactor:
+        return int(m_display.GetScaleFactor());
+    case PropertyKind::BinId:
+        return m_binIds[property->bin] < 0 ? QVariant() : QVariant(int(m_binIds[property->bin]));
+    }
+    return QVariant();
+}
+
+bool TestValidation::SetProperty(const QString& name, const QVariant& value)
+{
+    const Property* property = FindProperty(name);
+    if (!property)
+        return false;
+    switch (property->kind) {
+    case PropertyKind::LowerLimit:
+        return SetLimitValue(m_lower.value, value);
+    case PropertyKind::LowerOperator:
+        return PropertyValue::ReadOperator(value, m_lower.op);
+    case PropertyKind::UpperLimit:
+        return SetLimitValue(m_upper.value, value);
+    case PropertyKind::UpperOperator:
+        return PropertyValue::ReadOperator(value, m_upper.op);
+    case PropertyKind::Nominal:
+        return SetLimitValue(m_nominal, value);
+    case PropertyKind::InvertResult:
+        return PropertyValue::ReadBool(value, m_inverted);
+    case PropertyKind::ScaleFactor:
+        return SetScaleFactor(value);
+    case PropertyKind::BinId:
+        return PropertyValue::ReadBinId(value, m_binIds[property->bin]);
+    }
+    return false;
+}
+
+bool TestValidation::SetLimitValue(QVariant& limit, const QVariant& value)
+{
+    const QVariant converted = value.isNull() ? QVariant() : ToLimit(value);
+    if (!value.isNull() && !converted.isValid())
+        return false;
+    limit = converted;
+    return true;
+}
+
+bool TestValidation::SetScaleFactor(const QVariant& value)
+{
+    const std::optional<ValueDisplay::ScaleFactor> factor = PropertyValue::ToScaleFactor(value);
+    if (factor)
+        m_display = ValueDisplay(*factor, m_unit.GetCode());
+    return factor.has_value();
+}
+
+} // namespace ZYN

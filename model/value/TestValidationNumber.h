@@ -1,0 +1,68 @@
+#pragma once
+
+#include "TestValidation.h"
+
+namespace ZYN {
+
+/// Validation of numbers. Values and limits are compared exactly, whatever their types are.
+class TestValidationNumber : public TestValidation {
+protected:
+    using TestValidation::TestValidation;
+    std::optional<bool> IsInside(const QVariant& value) const override;
+};
+
+/// Validation of integers; its limits are 64-bit integers.
+class TestValidationInt : public TestValidationNumber {
+public:
+    TestValidationInt(int unitCode, const char* lowerOperator, const char* upperOperator, qint64 lower,
+                      qint64 upper, const BinIds& binIds);
+
+protected:
+    QVariant ToLimit(const QVariant& value) const override;
+
+private:
+    static constexpr Property IntProperties[] = {
+        {QLatin1StringView("Lower"), PropertyKind::LowerLimit},
+        {QLatin1StringView("CompLower"), PropertyKind::LowerOperator},
+        {QLatin1StringView("Upper"), PropertyKind::UpperLimit},
+        {QLatin1StringView("CompUpper"), PropertyKind::UpperOperator},
+        {QLatin1StringView("InvertResult"), PropertyKind::InvertResult},
+        {QLatin1StringView("ScaleFactor"), PropertyKind::ScaleFactor},
+        {QLatin1StringView("BinIdLower"), PropertyKind::BinId, BinLower},
+        {QLatin1StringView("BinIdUpper"), PropertyKind::BinId, BinUpper},
+        {QLatin1StringView("BinIdPass"), PropertyKind::BinId, BinPass},
+        {QLatin1StringView("SoftBinIdLower"), PropertyKind::BinId, SoftBinLower},
+        {QLatin1StringView("SoftBinIdUpper"), PropertyKind::BinId, SoftBinUpper},
+        {QLatin1StringView("SoftBinIdPass"), PropertyKind::BinId, SoftBinPass},
+    };
+};
+
+/// Validation of real numbers.
+class TestValidationReal : public TestValidationNumber {
+public:
+    /// \param nominal not-a-number means none
+    TestValidationReal(int unitCode, const char* lowerOperator, const char* upperOperator, double lower,
+                       double upper, const BinIds& binIds, ValueDisplay::ScaleFactor factor, double nominal);
+
+protected:
+    QVariant ToLimit(const QVariant& value) const override;
+
+private:
+    static constexpr Property RealProperties[] = {
+        {QLatin1StringView("Lower"), PropertyKind::LowerLimit},
+        {QLatin1StringView("CompLower"), PropertyKind::LowerOperator},
+        {QLatin1StringView("Upper"), PropertyKind::UpperLimit},
+        {QLatin1StringView("CompUpper"), PropertyKind::UpperOperator},
+        {QLatin1StringView("Nominal"), PropertyKind::Nominal},
+        {QLatin1StringView("InvertResult"), PropertyKind::InvertResult},
+        {QLatin1StringView("ScaleFactor"), PropertyKind::ScaleFactor},
+        {QLatin1StringView("BinIdLower"), PropertyKind::BinId, BinLower},
+        {QLatin1StringView("BinIdUpper"), PropertyKind::BinId, BinUpper},
+        {QLatin1StringView("BinIdPass"), PropertyKind::BinId, BinPass},
+        {QLatin1StringView("SoftBinIdLower"), PropertyKind::BinId, SoftBinLower},
+        {QLatin1StringView("SoftBinIdUpper"), PropertyKind::BinId, SoftBinUpper},
+        {QLatin1StringView("SoftBinIdPass"), PropertyKind::BinId, SoftBinPass},
+    };
+};
+
+} // namespace ZYN

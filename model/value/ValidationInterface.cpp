@@ -1,0 +1,7 @@
+#include <ZYNCommon/ValidationInterface.h>
+
+namespace ZYN {
+
+ValidationInterface::~ValidationInterface() = default;
+
+} // namespace ZYN
