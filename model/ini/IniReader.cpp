@@ -50,8 +50,8 @@ bool IniReader::readDevice()
         return false;
     }
     for (;;) {
-        // Two bytes more than allowed: the line end of the longest line.
-        const QByteArray bytes = m_device->readLine(MaximumLineBytes + 2);
+        // Room for the line end of the longest line; Qt keeps one byte of the size for itself.
+        const QByteArray bytes = m_device->readLine(MaximumLineBytes + 3);
         if (bytes.isEmpty())
             break;
         ++m_line;

@@ -175,12 +175,12 @@ bool Scanner::TakeMantissa()
     for (; !AtEnd(); ++m_at) {
         if (IsDigit(*m_at)) {
             digits = true;
-            if (m_significant)
+            if (m_significant) {
                 m_leading += point ? 0 : 1;
-            else if (*m_at != u'0')
-                m_significant = true;
-            if (!m_significant && point)
-                --m_leading;
+            } else {
+                m_leading -= point ? 1 : 0;
+                m_significant = *m_at != u'0';
+            }
         } else if (*m_at == u'.' && !point) {
             point = true;
         } else {
@@ -188,8 +188,6 @@ bool Scanner::TakeMantissa()
         }
         m_kept.append(char(*m_at));
     }
-    if (point)
-        m_leading -= 1;
     return digits;
 }
 
