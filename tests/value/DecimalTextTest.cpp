@@ -233,6 +233,13 @@ void DecimalTextTest::ReadsLongTexts()
     QCOMPARE(DecimalText::ToReal(zeros + QStringLiteral("7")), 7.0);
     QCOMPARE(DecimalText::ToReal(QStringLiteral("0.") + zeros + QStringLiteral("7e100001")), 7.0);
     QCOMPARE(DecimalText::ToReal(QStringLiteral("7") + zeros + QStringLiteral("e-100003"), 3), 7.0);
+    // Too small without an exponent is zero, too large is no number.
+    bool ok = false;
+    const QString manyZeros = zeros.first(400);
+    QCOMPARE(DecimalText::ToReal(QStringLiteral("0.") + manyZeros + QLatin1Char('1'), 0, &ok), 0.0);
+    QVERIFY(ok);
+    DecimalText::ToReal(QLatin1Char('1') + manyZeros, 0, &ok);
+    QVERIFY(!ok);
     // Half way between two neighbours but for the last digit: only exact reading rounds up.
     const QString half = QStringLiteral("1.00000000000000011102230246251565404236316680908203125");
     QCOMPARE(DecimalText::ToReal(half), 1.0);
