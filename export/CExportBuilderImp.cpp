@@ -1,5 +1,6 @@
 #include "CExportBuilderImp.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QDir>
 #include <QtCore/QFileInfo>
 #include <QtCore/QTextStream>
@@ -124,6 +125,21 @@ QIODevice* CExportBuilderImp::OpenedDevice()
     if (!current || current->isOpen())
         return current;
     return current->open(OutputMode()) ? current : nullptr;
+}
+
+bool CExportBuilderImp::BindStream(QTextStream& stream)
+{
+    QIODevice* const output = OpenedDevice();
+    if (!output)
+        return false;
+    // Text that a broken device refused is still pending in the stream, over a change of device too. It
+    // belongs to the document that was lost, not to this one.
+    QBuffer refused;
+    refused.open(QIODevice::WriteOnly);
+    stream.setDevice(&refused);
+    stream.flush();
+    stream.setDevice(output);
+    return true;
 }
 
 QString CExportBuilderImp::RelativeToOutput(const QString& path) const

@@ -59,6 +59,9 @@ public:
 protected:
     /// The current device, opened on demand; null when there is none or it cannot be opened.
     QIODevice* OpenedDevice();
+    /// Binds the stream of a text format to the opened device for a new document.
+    /// \return false when there is no device or it cannot be opened
+    bool BindStream(QTextStream& stream);
     /// A path relative to the folder of the output file; unchanged when the builder owns no file.
     QString RelativeToOutput(const QString& path) const;
     /// Removes the output file from disk.
