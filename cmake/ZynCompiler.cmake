@@ -21,3 +21,10 @@ function(zyn_add_part name)
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
   target_link_libraries(${name} PUBLIC Qt6::Core ZYN::Common)
 endfunction()
+
+# Keeps a shared library from exporting anything but the project's own names.
+function(zyn_export_own_names target)
+  set(map ${PROJECT_SOURCE_DIR}/cmake/ZynExports.map)
+  target_link_options(${target} PRIVATE LINKER:--version-script=${map})
+  set_target_properties(${target} PROPERTIES LINK_DEPENDS ${map})
+endfunction()
