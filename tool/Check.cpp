@@ -1,0 +1,97 @@
+#include "Command.h"
+#include "FileKind.h"
+#include "Inputs.h"
+#include "Parallel.h"
+#include "Progress.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QtCore/QJsonDocument>
+
+namespace ZYN::Tool {
+
+namespace {
+
+struct Arguments {
+    std::vector<std::string> inputs;
+    bool json = false;
+};
+
+QList<Finding> Check(const Input& input)
+{
+    std::optional<Problem> problem;
+    const FileKind* const kind = KindOf(input.path, input.name, &problem);
+    if (!kind)
+        return {{.text = problem->what + QStringLiteral("; ") + problem->remedy}};
+    return kind->check(input.path);
+}
+
+void PrintFinding(const Input& input, const Finding& finding)
+{
+    QString place = input.name + QLatin1Char(':');
+    if (finding.line > 0)
+        place += QString::number(finding.line) + QLatin1Char(':');
+    if (finding.column > 0)
+        place += QString::number(finding.column) + QLatin1Char(':');
+    Print(Harmless(place) + QLatin1Char(' ') +
+          (finding.isError ? QString() : Paint(QStringLiteral("note: "), Style::Odd)) +
+          Harmless(finding.text) + QLatin1Char('\n'));
+}
+
+void PrintFindingJson(const Input& input, const Finding& finding)
+{
+    const QJsonObject object{{QStringLiteral("file"), input.name},
+                             {QStringLiteral("line"), finding.line},
+                             {QStringLiteral("column"), finding.column},
+                             {QStringLiteral("error"), finding.isError},
+                             {QStringLiteral("text"), finding.text}};
+    Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
+}
+
+int Run(const Arguments& arguments, const Manners& manners)
+{
+    QList<Problem> problems;
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, KnownExtensions(), &problems);
+    std::vector<QList<Finding>> findings(size_t(inputs.size()));
+    {
+        Progress progress(inputs.size(), !manners.quiet);
+        ForEachIndex(inputs.size(), AllCores(), [&](qsizetype index) {
+            findings[size_t(index)] = Check(inputs.at(index));
+            progress.Step();
+        });
+    }
+    qsizetype faulty = problems.size();
+    for (qsizetype i = 0; i < inputs.size(); ++i) {
+        bool isFaulty = false;
+        for (const Finding& finding : findings[size_t(i)]) {
+            isFaulty |= finding.isError;
+            arguments.json ? PrintFindingJson(inputs.at(i), finding) : PrintFinding(inputs.at(i), finding);
+        }
+        faulty += isFaulty;
+        if (manners.verbose && !isFaulty)
+            PrintNote(inputs.at(i).name + QStringLiteral(": good"));
+    }
+    FlushOutput(); // before the problems, on a terminal
+    for (const Problem& problem : problems)
+        PrintProblem(problem);
+    return faulty == 0 ? ExitGood : ExitFailed;
+}
+
+} // namespace
+
+Command CheckCommand(CLI::App& app, const Manners& manners)
+{
+    CLI::App* const check =
+        app.add_subcommand("check", "Check whether files are well formed, known and complete");
+    const auto arguments = std::make_shared<Arguments>();
+    check->add_option("FILE", arguments->inputs, "Files, folders, or - for standard input")->required();
+    check->add_flag("--json", arguments->json, "For programs: one JSON object a finding and line");
+    check->footer("Prints one finding a line as FILE:LINE:COLUMN: text and exits with 1 if any is an error.\n"
+                  "Examples:\n"
+                  "  zyn check lot/\n"
+                  "  zyn check --json bins.ini | jq .line");
+    return {check, [=, &manners] { return Run(*arguments, manners); }, {}};
+}
+
+} // namespace ZYN::Tool

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+
+namespace CLI {
+class App;
+}
+
+/// \file
+/// The subcommands of `zyn`, one source file each. Each function adds its options to the command line and
+/// returns what to run when the user chose it.
+
+namespace ZYN::Tool {
+
+/// How talkative the tool is; filled by the command line before a command runs.
+struct Manners {
+    bool quiet = false;
+    bool verbose = false;
+};
+
+/// Exit codes.
+enum ExitCode : int {
+    ExitGood = 0,
+    ExitFailed = 1, ///< something failed; the rest was done
+    ExitUsage = 2   ///< the command line makes no sense; nothing was done
+};
+
+struct Command {
+    CLI::App* app = nullptr;
+    std::function<int()> run;
+    /// Whether it draws text (PDF) and so needs the GUI application; empty: never.
+    std::function<bool()> needsGui;
+};
+
+Command SimulateCommand(CLI::App& app, const Manners& manners);
+Command ConvertCommand(CLI::App& app, const Manners& manners);
+Command ShowCommand(CLI::App& app, const Manners& manners);
+Command CheckCommand(CLI::App& app, const Manners& manners);
+Command FormatsCommand(CLI::App& app, const Manners& manners);
+
+} // namespace ZYN::Tool

@@ -1,0 +1,207 @@
+#include "Command.h"
+#include "Inputs.h"
+#include "Parallel.h"
+#include "Progress.h"
+#include "ReportFile.h"
+#include "SafeOutput.h"
+
+#include <CLI/CLI.hpp>
+#include <ZYNCommon/UUTTest.h>
+#include <ZYNPersistence/CExportServiceReport.h>
+
+#include <QtCore/QDir>
+#include <QtCore/QFileInfo>
+#include <QtCore/QHash>
+#include <QtCore/QSet>
+
+namespace ZYN::Tool {
+
+namespace {
+
+const QString command = QStringLiteral("convert");
+
+struct Arguments {
+    std::vector<std::string> inputs;
+    std::string file;
+    std::string folder;
+    std::string format;
+    std::string logo;
+    std::string style;
+    bool all = false;
+    bool force = false;
+};
+
+struct Job {
+    Input input;
+    QString output;
+};
+
+QString FormatOf(const Arguments& arguments)
+{
+    if (!arguments.format.empty())
+        return QString::fromStdString(arguments.format).trimmed().toUpper();
+    // Only the end of the name counts, whatever its folders are called.
+    return CExportServiceReport::FormatForExtension(QLatin1Char('.') +
+                                                    QFileInfo(PathOf(arguments.file)).suffix().toLower());
+}
+
+// 0 when the command line makes sense.
+int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inputs)
+{
+    if (arguments.file.empty() == arguments.folder.empty())
+        return WrongUsage(command, QStringLiteral("one place for the output is needed"),
+                          QStringLiteral("give -o FILE or -d FOLDER"));
+    if (format.isEmpty())
+        return WrongUsage(command, QStringLiteral("the format is not clear"),
+                          QStringLiteral("add -f FORMAT; zyn formats lists them"));
+    if (!CExportServiceReport::ValidFormat(format))
+        return WrongUsage(command, QStringLiteral("there is no format '%1'").arg(format),
+                          QStringLiteral("zyn formats lists them"));
+    if (!arguments.file.empty() && inputs > 1)
+        return WrongUsage(command, QStringLiteral("several reports do not fit into one %1 file").arg(format),
+                          QStringLiteral("give -d FOLDER instead of -o FILE"));
+    return ExitGood;
+}
+
+QString OutputName(const Arguments& arguments, const Input& input, const QString& format)
+{
+    if (!arguments.file.empty())
+        return PathOf(arguments.file);
+    const QFileInfo relative(input.relative);
+    return QDir::cleanPath(PathOf(arguments.folder) + QLatin1Char('/') + relative.path() + QLatin1Char('/') +
+                           relative.completeBaseName() + QLatin1Char('.') +
+                           CExportServiceReport::ExtensionForFormat(format));
+}
+
+// Every output must have one source, and none may be an input: found before anything is written.
+std::optional<Problem> FindConflict(const QList<Job>& jobs)
+{
+    QSet<QString> inputs;
+    for (const Job& job : jobs)
+        inputs.insert(QFileInfo(job.input.path).canonicalFilePath());
+    QHash<QString, QString> sourceOf;
+    for (const Job& job : jobs) {
+        const QString& source = sourceOf[job.output];
+        if (!source.isEmpty())
+            return Problem{job.output, 0,
+                           QStringLiteral("would be made from both %1 and %2").arg(source, job.input.name),
+                           QStringLiteral("convert them into different folders")};
+        sourceOf[job.output] = job.input.name;
+        const QString existing = QFileInfo(job.output).canonicalFilePath();
+        if (!existing.isEmpty() && inputs.contains(existing))
+            return Problem{job.output, 0, QStringLiteral("is an input as well"),
+                           QStringLiteral("choose another name for the output")};
+    }
+    return std::nullopt;
+}
+
+std::optional<Problem> Convert(const Job& job, const Arguments& arguments, const QString& format)
+{
+    SafeOutput output(job.output, arguments.force);
+    if (const std::optional<Problem> refusal = output.Refusal())
+        return refusal;
+    std::optional<Problem> problem;
+    const std::unique_ptr<UUTTest> test = ReadReport(job.input.path, job.input.name, &problem);
+    if (problem)
+        return problem;
+
+    CExportServiceReport service;
+    if (!service.SetFormat(format))
+        return Problem{job.input.name, 0, QStringLiteral("this build cannot write %1").arg(format), {}};
+    service.SetOutputFileName(output.TemporaryName());
+    service.SetIgnoreReportFlag(arguments.all);
+    if (!arguments.logo.empty())
+        service.SetReportLogoImage(QFileInfo(PathOf(arguments.logo)).absoluteFilePath());
+    if (!arguments.style.empty())
+        service.SetXMLStyle(PathOf(arguments.style));
+    if (!service.Export(test.get()) || !service.OutputComplete())
+        return output.WriteProblem();
+    return output.Commit();
+}
+
+// Makes the folders of the outputs, so that no two threads do.
+std::optional<Problem> MakeFolders(const QList<Job>& jobs)
+{
+    QSet<QString> made;
+    for (const Job& job : jobs) {
+        const QString folder = QFileInfo(job.output).path();
+        if (made.contains(folder))
+            continue;
+        made.insert(folder);
+        if (!QDir().mkpath(folder))
+            return Problem{folder, 0, QStringLiteral("the folder cannot be created"),
+                           QStringLiteral("choose another one")};
+    }
+    return std::nullopt;
+}
+
+int Run(const Arguments& arguments, const Manners& manners)
+{
+    QList<Problem> problems;
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &problems);
+    const QString format = FormatOf(arguments);
+    if (const int usage = CheckUsage(arguments, format, inputs.size()))
+        return usage;
+
+    QList<Job> jobs;
+    for (const Input& input : inputs)
+        jobs.append({input, OutputName(arguments, input, format)});
+    std::optional<Problem> conflict = FindConflict(jobs);
+    if (!conflict && !arguments.folder.empty())
+        conflict = MakeFolders(jobs);
+    if (conflict) {
+        PrintProblem(*conflict);
+        return ExitFailed;
+    }
+
+    // Text is laid out by the thread of the application only.
+    const int threads = format == QLatin1String("PDF") ? 1 : AllCores();
+    std::vector<std::optional<Problem>> failures(size_t(jobs.size()));
+    {
+        Progress progress(jobs.size(), !manners.quiet);
+        ForEachIndex(jobs.size(), threads, [&](qsizetype index) {
+            failures[size_t(index)] = Convert(jobs.at(index), arguments, format);
+            progress.Step();
+        });
+    }
+    for (const std::optional<Problem>& failure : failures)
+        if (failure)
+            problems.append(*failure);
+    for (const Problem& problem : problems)
+        PrintProblem(problem);
+    if (manners.verbose)
+        for (size_t i = 0; i < failures.size(); ++i)
+            if (!failures[i])
+                PrintNote(jobs[qsizetype(i)].input.name + QStringLiteral(" -> ") + jobs[qsizetype(i)].output);
+    if (!manners.quiet && inputs.size() > 1)
+        PrintNote(QStringLiteral("converted %1 of %2 reports to %3")
+                      .arg(QString::number(std::count(failures.begin(), failures.end(), std::nullopt)),
+                           QString::number(inputs.size()), format));
+    return problems.isEmpty() ? ExitGood : ExitFailed;
+}
+
+} // namespace
+
+Command ConvertCommand(CLI::App& app, const Manners& manners)
+{
+    CLI::App* const convert = app.add_subcommand("convert", "Convert XML reports (.zyr) into other formats");
+    const auto arguments = std::make_shared<Arguments>();
+    convert->add_option("INPUT", arguments->inputs, "Reports, folders of reports, or - for standard input")
+        ->required();
+    convert->add_option("-o,--output", arguments->file, "File to write; its extension chooses the format");
+    convert->add_option("-d,--directory", arguments->folder,
+                        "Folder to write into, one file for each report");
+    convert->add_option("-f,--format", arguments->format, "Format (see zyn formats)");
+    convert->add_option("--logo", arguments->logo, "Logo for HTML and PDF")->check(CLI::ExistingFile);
+    convert->add_option("--style", arguments->style, "Style sheet that XML reports refer to");
+    convert->add_flag("--all", arguments->all, "Also what is marked as not to be reported");
+    convert->add_flag("--force", arguments->force, "Replace existing files");
+    convert->footer("Examples:\n"
+                    "  zyn convert panel-00007.zyr -o panel-00007.html --logo logo.png\n"
+                    "  zyn convert lot/ -d csv -f csv\n"
+                    "  ssh tester cat last.zyr | zyn convert - -o last.pdf");
+    return {convert, [=, &manners] { return Run(*arguments, manners); },
+            [=] { return FormatOf(*arguments) == QLatin1String("PDF"); }};
+}
+
+} // namespace ZYN::Tool

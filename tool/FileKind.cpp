@@ -1,0 +1,52 @@
+#include "FileKind.h"
+
+#include "ReportCheck.h"
+#include "ReportFile.h"
+#include "ReportJson.h"
+#include "ReportTree.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+
+namespace ZYN::Tool {
+
+const QList<FileKind>& FileKinds()
+{
+    static const QList<FileKind> kinds{
+        {"XML report", {QStringLiteral("zyr")}, LooksLikeReport, ShowReport, ReportToJson, CheckReport},
+    };
+    return kinds;
+}
+
+const FileKind* KindOf(const QString& path, const QString& name, std::optional<Problem>* problem)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *problem = Problem{name, 0, QStringLiteral("cannot be read: ") + file.errorString(), {}};
+        return nullptr;
+    }
+    const QByteArray head = file.read(4096);
+    for (const FileKind& kind : FileKinds())
+        if (kind.recognises(head))
+            return &kind;
+    // A damaged file: what its name says.
+    for (const FileKind& kind : FileKinds())
+        if (kind.extensions.contains(QFileInfo(name).suffix()))
+            return &kind;
+    QStringList names;
+    for (const FileKind& kind : FileKinds())
+        names.append(QLatin1String(kind.name));
+    *problem = Problem{name, 0, QStringLiteral("is of no known kind"),
+                       QStringLiteral("known are: ") + names.join(QLatin1String(", "))};
+    return nullptr;
+}
+
+QStringList KnownExtensions()
+{
+    QStringList extensions;
+    for (const FileKind& kind : FileKinds())
+        extensions += kind.extensions;
+    return extensions;
+}
+
+} // namespace ZYN::Tool

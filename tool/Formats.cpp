@@ -1,0 +1,70 @@
+#include "Command.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+#include <ZYNPersistence/CExportServiceReport.h>
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+#include <QtCore/QJsonObject>
+
+namespace ZYN::Tool {
+
+namespace {
+
+struct Row {
+    const char* format;
+    const char* otherNames;
+    const char* use;
+};
+
+// The library tells extensions and whether a name is known; what each is good for is known here.
+constexpr Row rows[] = {
+    {"XML", "default", "native: everything that is read back"},
+    {"CSV", "", "spreadsheets"},
+    {"TXT", "text, ascii", "reading and printing as plain text"},
+    {"HTML", "", "browsers"},
+    {"PDF", "", "printing and archives"},
+    {"JSON", "", "programs"},
+    {"STDF", "std", "yield tools: STDF V4, appended to a lot file"},
+};
+
+int PrintTable()
+{
+    const auto line = [](const QString& format, const QString& extension, const QString& names,
+                         const QString& use) {
+        Print(PadRight(format, 8) + PadRight(extension, 11) + PadRight(names, 13) + use + QLatin1Char('\n'));
+    };
+    line(QStringLiteral("Format"), QStringLiteral("Extension"), QStringLiteral("Also named"),
+         QStringLiteral("Good for"));
+    for (const Row& row : rows)
+        line(QLatin1String(row.format),
+             QLatin1Char('.') + CExportServiceReport::ExtensionForFormat(QLatin1String(row.format)),
+             QLatin1String(row.otherNames), QLatin1String(row.use));
+    return ExitGood;
+}
+
+int PrintJson()
+{
+    QJsonArray formats;
+    for (const Row& row : rows)
+        formats.append(QJsonObject{{QStringLiteral("format"), QLatin1String(row.format)},
+                                   {QStringLiteral("extension"),
+                                    CExportServiceReport::ExtensionForFormat(QLatin1String(row.format))},
+                                   {QStringLiteral("use"), QLatin1String(row.use)}});
+    Print(QString::fromUtf8(QJsonDocument(formats).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
+    return ExitGood;
+}
+
+} // namespace
+
+Command FormatsCommand(CLI::App& app, const Manners&)
+{
+    CLI::App* const formats = app.add_subcommand("formats", "List the report formats");
+    const auto json = std::make_shared<bool>(false);
+    formats->add_flag("--json", *json, "For programs");
+    formats->footer("Examples:\n  zyn formats\n  zyn formats --json | jq -r .[].extension");
+    return {formats, [=] { return *json ? PrintJson() : PrintTable(); }, {}};
+}
+
+} // namespace ZYN::Tool

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "Problem.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <string>
+#include <vector>
+
+namespace ZYN::Tool {
+
+/// A file to read.
+struct Input {
+    QString path;     ///< what to open
+    QString name;     ///< what to call it in messages
+    QString relative; ///< where it lies below the folder that was given; the bare name for a file
+};
+
+/// The files that the command line means: files as they are, folders with all their files of the wanted
+/// extensions (searched to the bottom, in the order of their names), "-" for standard input (read once, kept
+/// in memory). What is not there becomes a problem.
+QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStringList& extensions,
+                          QList<Problem>* problems);
+
+/// A path of the command line.
+QString PathOf(const std::string& argument);
+
+} // namespace ZYN::Tool

@@ -1,0 +1,37 @@
+#include "Problem.h"
+
+#include "Command.h"
+#include "Terminal.h"
+
+#include <cstdio>
+
+namespace ZYN::Tool {
+
+void PrintNote(const QString& text)
+{
+    const QByteArray line = (Harmless(text) + QLatin1Char('\n')).toUtf8();
+    std::fwrite(line.constData(), 1, size_t(line.size()), stderr); // one call: lines of threads do not mix
+}
+
+void PrintProblem(const Problem& problem)
+{
+    QString text = QStringLiteral("zyn: ");
+    if (!problem.file.isEmpty())
+        text += problem.file + QLatin1Char(':');
+    if (problem.line > 0)
+        text += QString::number(problem.line) + QLatin1Char(':');
+    if (!problem.file.isEmpty() || problem.line > 0)
+        text += QLatin1Char(' ');
+    text += problem.what;
+    if (!problem.remedy.isEmpty())
+        text += QStringLiteral("; ") + problem.remedy;
+    PrintNote(text);
+}
+
+int WrongUsage(const QString& command, const QString& what, const QString& remedy)
+{
+    PrintProblem({{}, 0, what, remedy + QStringLiteral(" (see zyn %1 --help)").arg(command)});
+    return ExitUsage;
+}
+
+} // namespace ZYN::Tool

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QtCore/QString>
+
+namespace ZYN::Tool {
+
+/// Something that went wrong, as a sentence for the one who typed the command.
+struct Problem {
+    QString file;    ///< empty when it is about no file
+    qint64 line = 0; ///< 0 when it is about the whole file
+    QString what;    ///< "already exists"
+    QString remedy;  ///< "add --force to replace it"; may be empty
+};
+
+/// "zyn: FILE:LINE: what; what to do" on standard error. Any thread.
+void PrintProblem(const Problem& problem);
+/// A line on standard error, for what is good to know. Any thread.
+void PrintNote(const QString& text);
+/// Says that the command line makes no sense, and returns the exit code for it.
+int WrongUsage(const QString& command, const QString& what, const QString& remedy);
+
+} // namespace ZYN::Tool

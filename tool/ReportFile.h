@@ -1,0 +1,27 @@
+#pragma once
+
+#include "Problem.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QString>
+
+#include <memory>
+#include <optional>
+
+namespace ZYN {
+class UUTTest;
+}
+
+namespace ZYN::Tool {
+
+/// Reads an XML report; any thread.
+/// \param name what to call the file in messages
+/// \param problem set when the file is no complete report: what is missing must not go unnoticed
+/// \return null with a problem
+std::unique_ptr<UUTTest> ReadReport(const QString& path, const QString& name,
+                                    std::optional<Problem>* problem);
+
+/// Whether a file that begins so is an XML report.
+bool LooksLikeReport(const QByteArray& head);
+
+} // namespace ZYN::Tool

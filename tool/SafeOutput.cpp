@@ -1,0 +1,153 @@
+#include "SafeOutput.h"
+
+#include <QtCore/QCoreApplication>
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QStorageInfo>
+
+#include <atomic>
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ZYN::Tool {
+
+namespace {
+
+QString ErrorText(int error)
+{
+    switch (error) {
+    case EACCES:
+    case EPERM:
+        return QStringLiteral("permission denied");
+    case EROFS:
+        return QStringLiteral("the file system is read-only");
+    case ENOSPC:
+        return QStringLiteral("the disk is full");
+    case EDQUOT:
+        return QStringLiteral("the disk quota is used up");
+    case EFBIG:
+        return QStringLiteral("the file is larger than allowed");
+    default:
+        return QString::fromLocal8Bit(std::strerror(error));
+    }
+}
+
+// Brings a file or a folder's entries to the disk.
+// \return 0 or the error number
+int Sync(const QString& path, int flags)
+{
+    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | flags);
+    if (descriptor < 0)
+        return errno;
+    const int error = fsync(descriptor) == 0 ? 0 : errno;
+    close(descriptor);
+    return error;
+}
+
+// Moves a file within its folder; without `replace` it never takes the place of another.
+int Rename(const QByteArray& from, const QByteArray& to, bool replace)
+{
+    if (replace)
+        return rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+    if (renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return errno;
+    // A file system that cannot do it in one step.
+    if (link(from.constData(), to.constData()) != 0)
+        return errno;
+    unlink(from.constData());
+    return 0;
+}
+
+QString NewTemporaryName(const QFileInfo& target)
+{
+    static std::atomic<unsigned> count = 0;
+    return QStringLiteral("%1/.zyn-%2-%3.tmp")
+        .arg(target.absolutePath())
+        .arg(QCoreApplication::applicationPid())
+        .arg(++count);
+}
+
+} // namespace
+
+SafeOutput::SafeOutput(const QString& path, bool replace)
+    : m_path(path)
+    , m_target(QFileInfo(path).exists() ? QFileInfo(path).canonicalFilePath() : path)
+    , m_temporaryName(NewTemporaryName(QFileInfo(m_target)))
+    , m_replace(replace)
+    , m_temporary(QFile::encodeName(m_temporaryName))
+{
+}
+
+SafeOutput::~SafeOutput()
+{
+    if (m_temporary)
+        QFile::remove(m_temporaryName);
+}
+
+Problem SafeOutput::About(const QString& what, const QString& remedy) const
+{
+    return {m_path, 0, what, remedy};
+}
+
+std::optional<Problem> SafeOutput::Refusal() const
+{
+    const QFileInfo target(m_path);
+    const QFileInfo folder(QFileInfo(m_target).absolutePath());
+    if (target.isDir())
+        return About(QStringLiteral("is a folder"), QStringLiteral("name a file, or a folder with -d"));
+    if (target.exists() && !target.isFile())
+        return About(QStringLiteral("is a device or a pipe, where no file can be put"),
+                     QStringLiteral("name a file"));
+    if (target.isSymLink() && !target.exists())
+        return About(QStringLiteral("is a link to nowhere"), QStringLiteral("remove the link"));
+    if (target.exists() && !m_replace)
+        return About(QStringLiteral("already exists"), QStringLiteral("add --force to replace it"));
+    if (!folder.exists())
+        return About(QStringLiteral("its folder does not exist"), QStringLiteral("create it first"));
+    if (!folder.isDir() || !folder.isWritable())
+        return About(QStringLiteral("its folder cannot be written to"),
+                     QStringLiteral("choose another folder or change its permissions"));
+    return std::nullopt;
+}
+
+Problem SafeOutput::WriteProblem() const
+{
+    const QStorageInfo storage(QFileInfo(m_target).absolutePath());
+    if (storage.isReadOnly())
+        return About(QStringLiteral("could not be written: the file system is read-only"),
+                     QStringLiteral("choose another folder"));
+    if (storage.bytesAvailable() < 64 * 1024)
+        return About(QStringLiteral("could not be written: the disk is full"),
+                     QStringLiteral("free some space and try again"));
+    return About(QStringLiteral("could not be written completely, so nothing was kept"),
+                 QStringLiteral("look at the disk's space, quota and file size limit"));
+}
+
+std::optional<Problem> SafeOutput::Commit()
+{
+    int error = Sync(m_temporaryName, 0);
+    struct stat old {};
+    const QByteArray from = QFile::encodeName(m_temporaryName);
+    const QByteArray to = QFile::encodeName(m_target);
+    if (error == 0 && m_replace && stat(to.constData(), &old) == 0)
+        chmod(from.constData(), old.st_mode & 07777); // the new content of an old file
+    if (error == 0)
+        error = Rename(from, to, m_replace);
+    if (error == EEXIST)
+        return About(QStringLiteral("already exists"), QStringLiteral("add --force to replace it"));
+    if (error != 0)
+        return About(QStringLiteral("could not be written: ") + ErrorText(error));
+    m_temporary.reset();
+    Sync(QFileInfo(m_target).absolutePath(),
+         O_DIRECTORY); // not every file system can; the file itself is safe
+    return std::nullopt;
+}
+
+} // namespace ZYN::Tool

@@ -1,0 +1,70 @@
+#include "Command.h"
+#include "FileKind.h"
+#include "Inputs.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QtCore/QJsonDocument>
+
+namespace ZYN::Tool {
+
+namespace {
+
+struct Arguments {
+    std::vector<std::string> inputs;
+    ShowOptions options;
+    bool json = false;
+};
+
+std::optional<Problem> ShowJson(const FileKind& kind, const Input& input, const ShowOptions& options)
+{
+    QJsonObject object;
+    if (std::optional<Problem> problem = kind.toJson(input.path, input.name, options, &object))
+        return problem;
+    object.insert(QStringLiteral("file"), input.name);
+    // One line a file, so that what reads it can take many.
+    Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
+    return std::nullopt;
+}
+
+int Run(const Arguments& arguments)
+{
+    QList<Problem> problems;
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, KnownExtensions(), &problems);
+    bool first = true;
+    for (const Input& input : inputs) {
+        if (!first && !arguments.json)
+            Print(QStringLiteral("\n"));
+        first = false;
+        std::optional<Problem> problem;
+        if (const FileKind* const kind = KindOf(input.path, input.name, &problem))
+            problem = arguments.json ? ShowJson(*kind, input, arguments.options)
+                                     : kind->show(input.path, input.name, arguments.options);
+        if (problem)
+            problems.append(*problem);
+    }
+    FlushOutput(); // before the problems, on a terminal
+    for (const Problem& problem : problems)
+        PrintProblem(problem);
+    return problems.isEmpty() ? ExitGood : ExitFailed;
+}
+
+} // namespace
+
+Command ShowCommand(CLI::App& app, const Manners&)
+{
+    CLI::App* const show = app.add_subcommand("show", "Show what a file holds");
+    const auto arguments = std::make_shared<Arguments>();
+    show->add_option("FILE", arguments->inputs, "Files, folders, or - for standard input")->required();
+    show->add_flag("--failed", arguments->options.failedOnly, "Only what failed");
+    show->add_flag("--json", arguments->json, "For programs: one JSON object a line");
+    show->footer("Colours are used on a terminal, unless NO_COLOR is set.\n"
+                 "Examples:\n"
+                 "  zyn show panel-00007.zyr\n"
+                 "  zyn show --failed lot/ | less\n"
+                 "  zyn show --json lot/ | jq -r 'select(.code < 0) | .serial'");
+    return {show, [=] { return Run(*arguments); }, {}};
+}
+
+} // namespace ZYN::Tool

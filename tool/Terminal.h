@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QtCore/QString>
+
+namespace ZYN::Tool {
+
+/// The text with everything made visible that would steer a terminal or turn its writing direction: control
+/// characters and bidirectional marks as "\x1b" or "\u202e".
+QString Harmless(const QString& text);
+
+/// Columns that a text takes on a terminal: none for combining characters, two for wide ones.
+int Columns(const QString& text);
+/// The text filled up with blanks to a number of columns.
+QString PadRight(const QString& text, int columns);
+QString PadLeft(const QString& text, int columns);
+
+enum class Style { Plain, Bold, Dim, Good, Bad, Odd };
+
+/// The text in colour where standard output is a terminal that wants colours (see no-color.org).
+QString Paint(const QString& text, Style style);
+
+/// Writes to standard output. The caller makes texts from files harmless first.
+void Print(const QString& text);
+/// \return false when not everything that was printed arrived
+bool FlushOutput();
+
+/// Whether standard error is a terminal, where a progress bar makes sense.
+bool ErrorIsTerminal();
+/// Columns of the terminal at standard error.
+int TerminalColumns();
+
+} // namespace ZYN::Tool
