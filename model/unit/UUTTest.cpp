@@ -1,0 +1,211 @@
+#include <ZYNCommon/UUTTest.h>
+
+#include <ZYNCommon/DurationText.h>
+#include <ZYNCommon/Fixture.h>
+#include <ZYNCommon/ProductType.h>
+#include <ZYNCommon/ProductionLot.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestResultSet.h>
+#include <ZYNCommon/UnitUnderTest.h>
+#include <ZYNCommon/ZYNSession.h>
+
+#include "../result/WorstResult.h"
+
+#include <cmath>
+
+namespace ZYN {
+
+namespace {
+
+QString IsoText(const QDateTime& time)
+{
+    return time.toOffsetFromUtc(time.offsetFromUtc()).toString(Qt::ISODate);
+}
+
+} // namespace
+
+UUTTest::UUTTest(long testId, const QString& name)
+    : ManagedObject(testId, name)
+{
+}
+
+UUTTest::~UUTTest()
+{
+    qDeleteAll(m_resultSets);
+    delete m_session;
+}
+
+QSharedPointer<UnitUnderTest> UUTTest::GetUnitUnderTest() const
+{
+    return m_unit;
+}
+
+QSharedPointer<ProductType> UUTTest::GetProductType() const
+{
+    const QSharedPointer<ProductType> productType = m_unit ? m_unit->GetProductType() : nullptr;
+    return productType && productType->IsValid() ? productType : nullptr;
+}
+
+QSharedPointer<ProductionLot> UUTTest::GetProductionLot() const
+{
+    return m_lot;
+}
+
+QSharedPointer<Fixture> UUTTest::GetFixture() const
+{
+    return m_fixture;
+}
+
+ZYNSession* UUTTest::GetSession() const
+{
+    return m_session;
+}
+
+QList<TestResultSet*> UUTTest::GetResultSets() const
+{
+    return m_resultSets;
+}
+
+QList<QSharedPointer<UUTTest>> UUTTest::GetUUTTests() const
+{
+    return m_items;
+}
+
+EN_ZYN_RESULT UUTTest::GetResult() const
+{
+    if (m_result)
+        return *m_result;
+    WorstResult worst;
+    for (const TestResultSet* const set : m_resultSets) {
+        if (const TestResult* const result = set->GetResult(set->GetTestProgram().data()))
+            worst.Add(result->GetResult());
+    }
+    for (const auto& item : m_items)
+        worst.Add(item->GetResult());
+    return worst.Get();
+}
+
+QString UUTTest::GetResultString() const
+{
+    return TestResult::ResultToString(GetResult());
+}
+
+QString UUTTest::GetResultDescription() const
+{
+    return m_description;
+}
+
+QString UUTTest::GetStartTimeString() const
+{
+    return m_startTime;
+}
+
+QString UUTTest::GetStopTimeString() const
+{
+    return m_stopTime;
+}
+
+QDateTime UUTTest::GetStartTime() const
+{
+    return QDateTime::fromString(m_startTime, Qt::ISODate);
+}
+
+QDateTime UUTTest::GetStopTime() const
+{
+    return QDateTime::fromString(m_stopTime, Qt::ISODate);
+}
+
+QString UUTTest::GetDurationString() const
+{
+    return DurationText::Milliseconds(m_duration);
+}
+
+QString UUTTest::GetDurationStringFormated() const
+{
+    return m_duration == 0.0 ? QString() : DurationText::ForPeople(m_duration);
+}
+
+long long UUTTest::GetDuration_ms() const
+{
+    constexpr double largest = 9e15;
+    const double milliseconds = m_duration * 1000.0;
+    return std::isfinite(milliseconds) && std::abs(milliseconds) < largest ? std::llround(milliseconds) : 0;
+}
+
+bool UUTTest::IsValid() const
+{
+    return m_unit && m_unit->IsValid();
+}
+
+void UUTTest::SetUnitUnderTest(QSharedPointer<UnitUnderTest> unit)
+{
+    m_unit = std::move(unit);
+}
+
+void UUTTest::SetProductionLot(QSharedPointer<ProductionLot> lot)
+{
+    m_lot = std::move(lot);
+}
+
+void UUTTest::SetFixture(QSharedPointer<Fixture> fixture)
+{
+    m_fixture = std::move(fixture);
+}
+
+void UUTTest::SetSession(ZYNSession* session)
+{
+    if (session == m_session)
+        return;
+    delete m_session;
+    m_session = session;
+}
+
+void UUTTest::SetResult(EN_ZYN_RESULT result)
+{
+    m_result = result;
+}
+
+void UUTTest::SetResultDescription(const QString& description)
+{
+    m_description = description;
+}
+
+void UUTTest::SetStartTimeString(const QString& time)
+{
+    m_startTime = time;
+}
+
+void UUTTest::SetStopTimeString(const QString& time)
+{
+    m_stopTime = time;
+}
+
+void UUTTest::SetStartTime(const QDateTime& time)
+{
+    m_startTime = IsoText(time);
+}
+
+void UUTTest::SetStopTime(const QDateTime& time)
+{
+    m_stopTime = IsoText(time);
+}
+
+void UUTTest::SetDuration(double seconds)
+{
+    m_duration = seconds;
+}
+
+void UUTTest::AssignResultSet(TestResultSet* resultSet)
+{
+    if (resultSet)
+        m_resultSets.append(resultSet);
+}
+
+void UUTTest::AddUUTTest(QSharedPointer<UUTTest> test)
+{
+    if (test)
+        m_items.append(std::move(test));
+}
+
+} // namespace ZYN
