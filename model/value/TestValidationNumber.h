@@ -9,19 +9,8 @@ class TestValidationNumber : public TestValidation {
 protected:
     using TestValidation::TestValidation;
     std::optional<bool> IsInside(const QVariant& value) const override;
-};
 
-/// Validation of integers; its limits are 64-bit integers.
-class TestValidationInt : public TestValidationNumber {
-public:
-    TestValidationInt(int unitCode, const char* lowerOperator, const char* upperOperator, qint64 lower,
-                      qint64 upper, const BinIds& binIds);
-
-protected:
-    QVariant ToLimit(const QVariant& value) const override;
-
-private:
-    static constexpr Property IntProperties[] = {
+    static constexpr Property RealProperties[] = {
         {QLatin1StringView("Lower"), PropertyKind::LowerLimit},
         {QLatin1StringView("CompLower"), PropertyKind::LowerOperator},
         {QLatin1StringView("Upper"), PropertyKind::UpperLimit},
@@ -34,7 +23,21 @@ private:
         {QLatin1StringView("SoftBinIdLower"), PropertyKind::BinId, SoftBinLower},
         {QLatin1StringView("SoftBinIdUpper"), PropertyKind::BinId, SoftBinUpper},
         {QLatin1StringView("SoftBinIdPass"), PropertyKind::BinId, SoftBinPass},
+        {QLatin1StringView("Nominal"), PropertyKind::Nominal},
     };
+    /// Integers have no nominal value, which stands last.
+    static constexpr std::span<const Property> IntProperties =
+        std::span<const Property>(RealProperties).first(std::size(RealProperties) - 1);
+};
+
+/// Validation of integers; its limits are 64-bit integers.
+class TestValidationInt : public TestValidationNumber {
+public:
+    TestValidationInt(int unitCode, const char* lowerOperator, const char* upperOperator, qint64 lower,
+                      qint64 upper, const BinIds& binIds);
+
+protected:
+    QVariant ToLimit(const QVariant& value) const override;
 };
 
 /// Validation of real numbers.
@@ -46,23 +49,6 @@ public:
 
 protected:
     QVariant ToLimit(const QVariant& value) const override;
-
-private:
-    static constexpr Property RealProperties[] = {
-        {QLatin1StringView("Lower"), PropertyKind::LowerLimit},
-        {QLatin1StringView("CompLower"), PropertyKind::LowerOperator},
-        {QLatin1StringView("Upper"), PropertyKind::UpperLimit},
-        {QLatin1StringView("CompUpper"), PropertyKind::UpperOperator},
-        {QLatin1StringView("Nominal"), PropertyKind::Nominal},
-        {QLatin1StringView("InvertResult"), PropertyKind::InvertResult},
-        {QLatin1StringView("ScaleFactor"), PropertyKind::ScaleFactor},
-        {QLatin1StringView("BinIdLower"), PropertyKind::BinId, BinLower},
-        {QLatin1StringView("BinIdUpper"), PropertyKind::BinId, BinUpper},
-        {QLatin1StringView("BinIdPass"), PropertyKind::BinId, BinPass},
-        {QLatin1StringView("SoftBinIdLower"), PropertyKind::BinId, SoftBinLower},
-        {QLatin1StringView("SoftBinIdUpper"), PropertyKind::BinId, SoftBinUpper},
-        {QLatin1StringView("SoftBinIdPass"), PropertyKind::BinId, SoftBinPass},
-    };
 };
 
 } // namespace ZYN
