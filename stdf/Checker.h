@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Decoder.h"
+
+#include <QtCore/QList>
+#include <QtCore/QMap>
+
+namespace ZYN::Stdf {
+
+/// Something about a file: a fault, or a remark about what is unusual and allowed.
+struct Finding {
+    qint64 offset = 0;
+    bool fault = true;
+    QString text;
+};
+
+/// Judges a file record by record: FAR first, MIR next, each part between its PIR and its PRR, counts as
+/// the parts are, MRR last; lengths of records. A file may hold several streams one after the other, as
+/// an interrupted lot file does: each is judged on its own.
+class Checker {
+public:
+    /// Takes the records in file order. `raw` and `record` are the same record.
+    void Take(const RawRecord& raw, const Record& record);
+    /// Ends the file.
+    /// \param reader what the records came from: its fault is a finding
+    void Finish(const Reader& reader);
+
+    /// In file order. After `MaximumFindings` faults only the number is counted.
+    const QList<Finding>& GetFindings() const { return findings; }
+    bool HasFaults() const { return faults > 0; }
+
+    static constexpr int MaximumFindings = 1000;
+
+private:
+    struct Part {
+        qint64 offset = 0;
+        uint tests = 0;
+    };
+    struct Counts {
+        uint parts = 0;
+        uint good = 0;
+    };
+    using HeadAndSite = std::pair<uint, uint>;
+
+    void TakeFar(const RawRecord& raw, const Record& record);
+    void TakeInOrder(const Record& record);
+    void BeginPart(const Record& record);
+    void TakeTest(const Record& record);
+    void EndPart(const Record& record);
+    void TakeCounts(const Record& record);
+    void EndStream(qint64 offset);
+    void AddFault(qint64 offset, const QString& text);
+    void AddRemark(qint64 offset, const QString& text);
+
+    enum class Expected { Far, Mir, Anything, Nothing };
+    Expected expected = Expected::Far;
+    QMap<HeadAndSite, Part> openParts;
+    QMap<HeadAndSite, Counts> counted;
+    QMap<std::pair<int, int>, int> unknownTypes;
+    QList<Finding> findings;
+    int faults = 0;
+};
+
+} // namespace ZYN::Stdf

@@ -1,0 +1,66 @@
+#include "Reader.h"
+
+#include "GzipDevice.h"
+
+#include <QtCore/QIODevice>
+#include <QtCore/QtEndian>
+
+namespace ZYN::Stdf {
+
+namespace {
+
+constexpr qint64 headerSize = 4;
+
+} // namespace
+
+Reader::Reader(QIODevice* device)
+    : source(device)
+{
+    if (GzipDevice::IsGzip(device->peek(2))) {
+        gzip = std::make_unique<GzipDevice>(device);
+        source = gzip.get();
+    }
+}
+
+Reader::~Reader() = default;
+
+void Reader::RecogniseByteOrder(const QByteArray& header)
+{
+    // A FAR has two bytes of data: its length tells the order.
+    bigEndian = header == QByteArrayLiteral("\x00\x02\x00\x0a");
+}
+
+bool Reader::Fail(const QString& text)
+{
+    const bool broken = gzip && gzip->HasFailed();
+    fault = Fault{offset, broken ? gzip->errorString() : text};
+    return false;
+}
+
+bool Reader::Next(RawRecord& record)
+{
+    if (fault)
+        return false;
+    const QByteArray header = source->read(headerSize);
+    if (header.isEmpty())
+        return gzip && gzip->HasFailed() ? Fail({}) : false;
+    if (header.size() < headerSize)
+        return Fail(QStringLiteral("the file ends inside a record header"));
+    if (offset == 0)
+        RecogniseByteOrder(header);
+
+    const quint16 length =
+        bigEndian ? qFromBigEndian<quint16>(header.data()) : qFromLittleEndian<quint16>(header.data());
+    record.offset = offset;
+    record.type = static_cast<quint8>(header.at(2));
+    record.subType = static_cast<quint8>(header.at(3));
+    record.body = source->read(length);
+    if (record.body.size() < length)
+        return Fail(QStringLiteral("the file ends inside a record: type %1, subtype %2, %3 of %4 bytes")
+                        .arg(QString::number(record.type), QString::number(record.subType),
+                             QString::number(record.body.size()), QString::number(length)));
+    offset += headerSize + length;
+    return true;
+}
+
+} // namespace ZYN::Stdf

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "TestDefaults.h"
+
+#include <QtCore/QMap>
+
+#include <functional>
+
+namespace ZYN::Stdf {
+
+/// Prints a lot for people: its header, a line a part as it comes, at the end the tests with their limits,
+/// bins and counts. Memory grows with the number of different tests, not of parts.
+///
+/// Limits are printed as they stand in the file; RES_SCAL stands beside them and is not applied.
+class TextPrinter {
+public:
+    /// \param output takes a line at a time, without line end
+    explicit TextPrinter(std::function<void(const QString&)> output);
+
+    void Take(const RawRecord& raw, const Record& record);
+    void Finish(const Reader& reader);
+
+private:
+    struct Test {
+        TestSettings settings;
+        uint runs = 0;
+        uint failed = 0;
+    };
+
+    void PrintHeader(const Record& mir);
+    void PrintPart(const Record& prr);
+    void TakeTest(const Record& test);
+    void PrintTests();
+
+    std::function<void(const QString&)> print;
+    TestDefaults defaults;
+    QMap<std::pair<uint, QString>, Test> tests;
+    QMap<QString, uint> records;
+    QStringList closing;
+    uint parts = 0;
+    bool partsBegun = false;
+};
+
+} // namespace ZYN::Stdf
