@@ -2,6 +2,8 @@
 
 #include "IExportBuilder.h"
 
+#include "report/CReportBuilderSTDF.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -24,6 +26,11 @@ IExportBuilder* Create()
     return new Builder;
 }
 
+IExportBuilder* CreateLotFileBuilder()
+{
+    return new CReportBuilderSTDF(true);
+}
+
 struct ReportFormat {
     Names names;
     QLatin1StringView extension;
@@ -42,8 +49,8 @@ constexpr ReportFormat reportFormats[] = {
     {{"HTML"_L1}, "html"_L1, {".html"_L1}, nullptr},
     {{"JSON"_L1}, "json"_L1, {".json"_L1}, nullptr},
     // ".std" is part of ".stdf" and comes first; both names mean the same builder.
-    {{"STD"_L1}, "std"_L1, {".std"_L1}, nullptr},
-    {{"STDF"_L1}, "stdf"_L1, {".stdf"_L1}, nullptr},
+    {{"STD"_L1}, "std"_L1, {".std"_L1}, CreateLotFileBuilder},
+    {{"STDF"_L1}, "stdf"_L1, {".stdf"_L1}, CreateLotFileBuilder},
 };
 
 struct StatisticsFormat {

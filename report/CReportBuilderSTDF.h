@@ -1,0 +1,96 @@
+#pragma once
+
+#include "StdfLotFile.h"
+#include "StdfRecord.h"
+
+#include "export/CExportBuilderImp.h"
+
+#include <QtCore/QSet>
+
+namespace ZYN {
+
+/// Writes unit tests as STDF V4: one file collects the parts of a lot.
+///
+/// Little-endian records, Latin-1 texts of at most 255 characters. Each test program that a unit or a
+/// panel item ran is a part; its tests are collected in memory and written when the program ends. Every
+/// export goes on at the closing PCR of the file, or begins a new stream with FAR and MIR. A file of
+/// another lot, product type or test machine is never changed: the part goes to a failure file beside it.
+/// Only tests of units are written; a result set on its own has no part to belong to.
+///
+/// Two builders may take turns on one file, in one process or in two, as long as their exports do not
+/// overlap in time.
+class CReportBuilderSTDF : public CExportBuilderImp {
+public:
+    /// \param appendMode go on in a file that exists; else it is truncated
+    explicit CReportBuilderSTDF(bool appendMode);
+    ~CReportBuilderSTDF() override;
+
+    bool OpenFile(const QString& fileName) override;
+    bool Open() override;
+    bool Close() override;
+
+    using CExportBuilderImp::BeginTestGroup;
+    using CExportBuilderImp::BeginTestMeasurement;
+    using CExportBuilderImp::BeginTestProgram;
+    using CExportBuilderImp::BeginTestStep;
+    bool BeginSubUnitTest() override;
+    bool EndSubUnitTest() override;
+    bool BeginUUTTest(UUTTest* test) override;
+    bool BeginTestProgram(TestProgram* newProgram, TestResult* result) override;
+    bool EndTestProgram(TestProgram* endedProgram) override;
+    bool BeginTestGroup(TestGroup* newGroup, TestResult* result) override;
+    bool EndTestGroup(TestGroup* endedGroup) override;
+    bool BeginTestStep(TestStep* newStep, TestResult* result) override;
+    bool EndTestStep(TestStep* endedStep) override;
+    bool BeginTestMeasurement(TestMeasurement* newMeasurement, TestResult* result) override;
+    bool EndTestMeasurement(TestMeasurement* endedMeasurement) override;
+
+private:
+    /// How this builder left a file: its name, where the closing records begin and their bytes.
+    struct Closing {
+        QString fileName;
+        qint64 position = 0;
+        QByteArray records;
+    };
+
+    void ForgetDocument();
+    void StartFile(QIODevice* output);
+    void GoOn(QIODevice* output);
+    void GoOnAt(QIODevice* output, const StdfPlace& place);
+    bool IsAsLeft(QIODevice* output) const;
+    void BeginStream(QIODevice* output, qint64 position);
+    void Redirect();
+    void AddTest();
+    void WritePart();
+    void WriteCounts();
+    void CutBehindCounts(QIODevice* output);
+    bool Write(const QByteArray& records);
+
+    const bool append;
+    UUTTest* uutTest = nullptr;
+    /// The test of the whole unit: panel items have no lot, product type or session of their own.
+    UUTTest* topTest = nullptr;
+    bool insideSubUnit = false;
+    TestProgram* program = nullptr;
+    TestGroup* group = nullptr;
+    TestStep* step = nullptr;
+    TestMeasurement* measurement = nullptr;
+
+    bool started = false;
+    /// Not to be written to: another lot's device that has no failure file.
+    bool blocked = false;
+    quint32 finishTime = 0;
+    quint32 testNumber = 0;
+    quint32 partCount = 0;
+    quint32 goodCount = 0;
+    StdfRecord record;
+    QByteArray pending;
+
+    Closing lastClosing;
+    /// Files of other lots that this builder met; it does not come back to them.
+    QSet<QString> foreignFiles;
+    /// Failure files that this builder made; a later part for one of them is added, not written over it.
+    QSet<QString> failureFiles;
+};
+
+} // namespace ZYN

@@ -1,0 +1,144 @@
+#include "StdfTestRecord.h"
+
+#include "export/ModelAdapter.h"
+
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/ValidationInterface.h>
+#include <ZYNCommon/ValueComperator.h>
+#include <ZYNCommon/ValueDisplay.h>
+
+#include <QtCore/QStringBuilder>
+
+#include <cmath>
+
+namespace ZYN {
+
+namespace {
+
+/// What a validation says about a measured value, in the terms of a PTR.
+struct Judgement {
+    float result = 0.0F;
+    float lowLimit = 0.0F;
+    float highLimit = 0.0F;
+    qint8 scale = 0;
+    bool valueMissing = true;
+    bool lowPass = true;
+    bool highPass = true;
+    bool hasLow = false;
+    bool hasHigh = false;
+    bool scaleInvalid = true;
+};
+
+void JudgeScale(Judgement& judgement, const ValidationInterface* validation)
+{
+    judgement.scaleInvalid = false;
+    if (const ValueDisplay* const display = validation->GetValueDisplay()) {
+        const ValueDisplay::ScaleFactor factor = display->GetScaleFactor();
+        judgement.scale = static_cast<qint8>(factor);
+        judgement.scaleInvalid = ValueDisplay::ScaleFactorToString(factor) == u"#";
+    }
+}
+
+Judgement Judge(const TestResult* result, bool numeric)
+{
+    Judgement judgement;
+    const QSharedPointer<ValidationInterface> validation = result->GetValidation();
+    if (!validation)
+        return judgement;
+    JudgeScale(judgement, validation.get());
+
+    const float multiplier = judgement.scale == 0 ? 1.0F : static_cast<float>(std::pow(0.1, judgement.scale));
+    const auto scaled = [&](const QVariant& value) { return numeric ? value.toFloat() * multiplier : 0.0F; };
+
+    if (const QVariant value = result->GetValue(); !value.isNull()) {
+        judgement.valueMissing = false;
+        judgement.result = scaled(value);
+    }
+    if (validation->HasLowerLimit()) {
+        if (const QVariant limit = validation->GetLowerLimit(); !limit.isNull()) {
+            judgement.hasLow = true;
+            judgement.lowLimit = scaled(limit);
+            judgement.lowPass = ValueComperator::Verify(judgement.lowLimit, judgement.result,
+                                                        validation->GetLowerOperator().GetCode());
+        }
+    }
+    if (validation->HasUpperLimit()) {
+        if (const QVariant limit = validation->GetUpperLimit(); !limit.isNull()) {
+            judgement.hasHigh = true;
+            judgement.highLimit = scaled(limit);
+            judgement.highPass = ValueComperator::Verify(judgement.result, judgement.highLimit,
+                                                         validation->GetUpperOperator().GetCode());
+        }
+    }
+    return judgement;
+}
+
+constexpr unsigned Bit(unsigned number, bool set)
+{
+    return set ? 1U << number : 0U;
+}
+
+/// TEST_FLG: no valid result (1), not executed to its end (5), without a verdict (6), failed (7).
+quint8 TestFlags(const Judgement& judgement, EN_ZYN_RESULT state)
+{
+    const bool abnormalEnd = state == ZYN_RESULT_ABORTED || state == ZYN_RESULT_ERROR;
+    return static_cast<quint8>(Bit(1, judgement.valueMissing) | Bit(5, abnormalEnd) |
+                               Bit(6, state == ZYN_RESULT_DONE) | Bit(7, state == ZYN_RESULT_FAILED));
+}
+
+/// PARM_FLG: above the high limit (3), below the low limit (4).
+quint8 ParameterFlags(const Judgement& judgement)
+{
+    return static_cast<quint8>(Bit(3, !judgement.highPass) | Bit(4, !judgement.lowPass));
+}
+
+/// OPT_FLAG: RES_SCAL not valid (0), no low and no high specification limit (2, 3), no low limit (6), no
+/// high limit (7).
+quint8 OptionalFlags(const Judgement& judgement)
+{
+    return static_cast<quint8>(Bit(0, judgement.scaleInvalid) | Bit(2, true) | Bit(3, true) |
+                               Bit(6, !judgement.hasLow) | Bit(7, !judgement.hasHigh));
+}
+
+QString TestText(const TestMeasurement* measurement, const TestStep* step, const TestGroup* group)
+{
+    const QString name = measurement->GetName();
+    const QString stepName = step->GetName();
+    const QString start = u'[' % measurement->GetIdentString() % u"] ";
+    if (name == stepName)
+        return start % stepName % u" - " % group->GetName();
+    return start % name % u" - " % stepName % u" - " % group->GetName();
+}
+
+} // namespace
+
+const QByteArray& StdfTestRecord(StdfRecord& record, quint32 number, const TestMeasurement* measurement,
+                                 const TestStep* step, const TestGroup* group, const TestResult* result)
+{
+    const EN_ZYN_ADDRESS kind = ModelAdapter::TypeCode(measurement);
+    const Judgement judgement = Judge(result, kind == ZYN_ADDRESS_INTEGER || kind == ZYN_ADDRESS_REAL);
+    const auto exponent = static_cast<qint8>(-judgement.scale);
+
+    return record.Begin(15, 10)
+        .U4(number)
+        .U1(1) // HEAD_NUM
+        .U1(1) // SITE_NUM
+        .U1(TestFlags(judgement, ModelAdapter::ResultState(measurement)))
+        .U1(ParameterFlags(judgement))
+        .R4(judgement.result)
+        .Cn(TestText(measurement, step, group))
+        .Cn(QStringView()) // ALARM_ID
+        .U1(OptionalFlags(judgement))
+        .I1(exponent) // RES_SCAL
+        .I1(exponent) // LLM_SCAL
+        .I1(exponent) // HLM_SCAL
+        .R4(judgement.lowLimit)
+        .R4(judgement.highLimit)
+        .Cn(result->GetBaseUnitString())
+        .Bytes();
+}
+
+} // namespace ZYN

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <ZYNCommon/ZYNTypes.h>
+
+#include <QtCore/QDateTime>
+#include <QtCore/QList>
+#include <QtCore/QSharedPointer>
+#include <QtCore/QString>
+#include <QtCore/QVariant>
+
+#include <optional>
+
+namespace ZYN {
+class UUTTest;
+}
+
+/// Units of a lot as plain data, and the model made from them: the data is what the records of a lot file
+/// are compared with.
+namespace ZYN::LotModels {
+
+struct LimitsSpec {
+    bool real = true; ///< else integer limits
+    QString lowerOperator;
+    QString upperOperator;
+    double lower = 0.0;
+    double upper = 0.0;
+    int scale = 0; ///< power of ten of the value display
+    int unit = 0;
+};
+
+struct MeasurementSpec {
+    QString ident;
+    QString name;
+    EN_ZYN_ADDRESS kind = ZYN_ADDRESS_REAL;
+    QVariant value;
+    std::optional<LimitsSpec> limits;
+    EN_ZYN_RESULT result = ZYN_RESULT_PASSED;
+    bool hasResult = true;
+};
+
+struct StepSpec {
+    QString name;
+    QList<MeasurementSpec> measurements;
+};
+
+struct GroupSpec {
+    QString name;
+    QList<StepSpec> steps;
+};
+
+struct UnitSpec {
+    QString ident;
+    QString product;
+    QString lot;
+    QString machine;
+    QString user;
+    QString program;
+    QString version;
+    QDateTime start;
+    QDateTime stop;
+    EN_ZYN_RESULT result = ZYN_RESULT_PASSED;
+    double seconds = 0.0;
+    bool hasResultSet = true;
+    QList<GroupSpec> groups;
+    QList<UnitSpec> items; ///< only ident, product, times, result, duration and groups count
+};
+
+QSharedPointer<UUTTest> MakeTest(const UnitSpec& unit);
+
+/// A unit of lot "LOT-1" with one group of `tests` real measurements in milli.
+UnitSpec SimpleUnit(const QString& ident, int tests = 3);
+
+} // namespace ZYN::LotModels
