@@ -49,13 +49,14 @@ bool IniReader::readDevice()
         m_errorText = m_device->errorString();
         return false;
     }
+    // One buffer for all lines, with room for the line end of the longest; Qt keeps one byte for itself.
+    QByteArray buffer(MaximumLineBytes + 3, Qt::Uninitialized);
     for (;;) {
-        // Room for the line end of the longest line; Qt keeps one byte of the size for itself.
-        const QByteArray bytes = m_device->readLine(MaximumLineBytes + 3);
-        if (bytes.isEmpty())
+        const qint64 size = m_device->readLine(buffer.data(), buffer.size());
+        if (size <= 0)
             break;
         ++m_line;
-        if (!readBytes(bytes))
+        if (!readBytes(QByteArrayView(buffer).first(size)))
             return false;
     }
     if (m_device->atEnd())
@@ -64,9 +65,8 @@ bool IniReader::readDevice()
     return false;
 }
 
-bool IniReader::readBytes(const QByteArray& bytes)
+bool IniReader::readBytes(QByteArrayView line)
 {
-    QByteArrayView line(bytes);
     if (line.endsWith('\n'))
         line.chop(1);
     if (line.endsWith('\r'))

@@ -3,6 +3,7 @@
 #include <ZYNIni/IniSection.h>
 #include <ZYNIni/ZYNIniGlobal.h>
 
+#include <QtCore/QByteArrayView>
 #include <QtCore/QHash>
 #include <QtCore/QIODevice>
 #include <QtCore/QList>
@@ -40,7 +41,7 @@ public:
 
 private:
     bool readDevice();
-    bool readBytes(const QByteArray& bytes);
+    bool readBytes(QByteArrayView line);
     bool readLine(const QString& line);
     bool readHeader(const QString& line);
     bool fail(const QString& text);
