@@ -4,6 +4,7 @@
 #include <ZYNCommon/CtrlEnable.h>
 #include <ZYNCommon/CtrlLogInReport.h>
 #include <ZYNCommon/CtrlTestPlanValues.h>
+#include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/ZYNTools.h>
 
 namespace ZYN {
@@ -95,7 +96,9 @@ void TestComponent::SetTestplanDisabled(bool disabled)
 
 void TestComponent::SetResult(TestResult* result)
 {
-    m_result = result;
+    // A result withdraws itself from its own component; kept by another one it would dangle.
+    if (!result || result->GetComponent() == this)
+        m_result = result;
 }
 
 TestResult* TestComponent::GetResult() const

@@ -20,18 +20,7 @@ TestGroup::TestGroup(long groupId, const QString& name, TestProgram* parent, uns
     SetLogInReportCtrl(new CtrlLogInReport);
 }
 
-TestGroup::~TestGroup()
-{
-    // A result may keep a child alive longer than its group.
-    for (const auto& parameter : std::as_const(m_parameters)) {
-        if (parameter->m_parent == this)
-            parameter->m_parent = nullptr;
-    }
-    for (const auto& step : std::as_const(m_steps)) {
-        if (step->m_parent == this)
-            step->m_parent = nullptr;
-    }
-}
+TestGroup::~TestGroup() = default;
 
 int TestGroup::GetParameterCount() const
 {

@@ -34,7 +34,7 @@ void TestMeasurement::SetResult(TestResult* result)
 {
     TestComponent::SetResult(result);
     // The state outlives the result that it came from.
-    if (result)
+    if (result && GetResult() == result)
         resultState = result->GetResult();
 }
 

@@ -10,14 +10,7 @@ TestProgram::TestProgram(long programId, const QString& name, unsigned long chec
 {
 }
 
-TestProgram::~TestProgram()
-{
-    // A result may keep a group alive longer than its program.
-    for (const auto& group : std::as_const(m_groups)) {
-        if (group->m_parent == this)
-            group->m_parent = nullptr;
-    }
-}
+TestProgram::~TestProgram() = default;
 
 int TestProgram::GetGroupCount() const
 {

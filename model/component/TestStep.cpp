@@ -18,14 +18,7 @@ TestStep::TestStep(long stepId, const QString& name, TestGroup* parent, unsigned
     SetLogInReportCtrl(new CtrlLogInReport);
 }
 
-TestStep::~TestStep()
-{
-    // A result may keep a measurement alive longer than its step.
-    for (const auto& measurement : std::as_const(m_measurements)) {
-        if (measurement->m_parent == this)
-            measurement->m_parent = nullptr;
-    }
-}
+TestStep::~TestStep() = default;
 
 int TestStep::GetMeasurementCount() const
 {

@@ -7,6 +7,8 @@
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNCommon/ZYNTools.h>
 
+#include "TimeText.h"
+#include "ValidationText.h"
 #include "WorstResult.h"
 
 #include <cmath>
@@ -67,10 +69,8 @@ EN_ZYN_RESULT TestResult::DerivedResult() const
     }
     WorstResult worst;
     if (m_set && m_component) {
-        for (const TestComponent* const child : m_component->GetChildren()) {
-            if (const TestResult* const result = m_set->GetResult(child))
-                worst.Add(result->GetResult());
-        }
+        for (const TestComponent* const child : m_component->GetChildren())
+            worst.Add(m_set->GetVerdict(child));
     }
     return worst.Get();
 }
@@ -111,38 +111,22 @@ QVariant TestResult::GetValue() const
 
 QString TestResult::GetValueString(const ValueDisplay* display) const
 {
-    if (display)
-        return display->ToString(m_value);
-    // Without a scale, but a status word is still no decimal number.
-    const int unit = m_validation ? m_validation->GetMeasurementUnit().GetCode() : MeasurementUnit::None;
-    return ValueDisplay(ValueDisplay::ScaleNone, unit).ToString(m_value);
+    return ValidationText::Value(m_value, m_validation.data(), display);
 }
 
 QString TestResult::GetLowerLimitString(const ValueDisplay* display) const
 {
-    if (!m_validation || !m_validation->HasLowerLimit())
-        return {};
-    const int unit = m_validation->GetMeasurementUnit().GetCode();
-    const ValueDisplay plain(ValueDisplay::ScaleNone, unit);
-    return (display ? display : &plain)->ToString(m_validation->GetLowerLimit());
+    return ValidationText::LowerLimit(m_validation.data(), display);
 }
 
 QString TestResult::GetUpperLimitString(const ValueDisplay* display) const
 {
-    if (!m_validation || !m_validation->HasUpperLimit())
-        return {};
-    const int unit = m_validation->GetMeasurementUnit().GetCode();
-    const ValueDisplay plain(ValueDisplay::ScaleNone, unit);
-    return (display ? display : &plain)->ToString(m_validation->GetUpperLimit());
+    return ValidationText::UpperLimit(m_validation.data(), display);
 }
 
 QString TestResult::GetUnitString(const ValueDisplay* display, bool bracketed) const
 {
-    if (!m_validation)
-        return {};
-    QString unit = m_validation->GetMeasurementUnit().ToString();
-    if (display)
-        unit.prepend(display->GetScaleString());
+    const QString unit = ValidationText::Unit(m_validation.data(), display);
     return bracketed && !unit.isEmpty() ? QLatin1Char('[') + unit + QLatin1Char(']') : unit;
 }
 
@@ -221,7 +205,7 @@ void TestResult::SetTimeString(const QString& time)
 
 void TestResult::SetTime(const QDateTime& time)
 {
-    m_time = time.toOffsetFromUtc(time.offsetFromUtc()).toString(Qt::ISODate);
+    m_time = TimeText::FromTime(time);
 }
 
 void TestResult::SetDuration(double seconds)

@@ -6,6 +6,10 @@
 #include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/TestStep.h>
 
+#include "WorstResult.h"
+
+#include <algorithm>
+
 namespace ZYN {
 
 TestResultSet::TestResultSet(QSharedPointer<TestProgram> program, QSharedPointer<Station> station)
@@ -36,7 +40,7 @@ TestResult* TestResultSet::GetResult(const TestComponent* component) const
 
 void TestResultSet::AddResult(TestResult* result)
 {
-    if (!result)
+    if (!result || result->m_set)
         return;
     result->m_set = this;
     m_results.append(result);
@@ -47,6 +51,18 @@ void TestResultSet::AddResult(TestResult* result)
 const QList<TestResult*>& TestResultSet::GetResults() const
 {
     return m_results;
+}
+
+EN_ZYN_RESULT TestResultSet::GetVerdict(const TestComponent* component) const
+{
+    if (!component)
+        return ZYN_RESULT_NOT_TESTED;
+    if (const TestResult* const result = GetResult(component))
+        return result->GetResult();
+    WorstResult worst;
+    for (const TestComponent* const child : component->GetChildren())
+        worst.Add(GetVerdict(child));
+    return worst.Get();
 }
 
 long TestResultSet::GetTestIndex() const
@@ -74,10 +90,8 @@ int TestResultSet::GetFaildStepCount() const
     int failed = 0;
     for (int index = 0; m_program && index < m_program->GetGroupCount(); ++index) {
         const auto group = m_program->GetGroupForIndex(index);
-        for (int place = 0; place < group->GetStepCount(); ++place) {
-            const TestResult* const result = GetResult(group->GetStepForIndex(place).data());
-            failed += result && result->GetResult() < 0;
-        }
+        for (int place = 0; place < group->GetStepCount(); ++place)
+            failed += GetVerdict(group->GetStepForIndex(place).data()) < 0;
     }
     return failed;
 }
@@ -87,8 +101,7 @@ QList<QString> TestResultSet::GetFailedTestGroups() const
     QList<QString> idents;
     for (int index = 0; m_program && index < m_program->GetGroupCount(); ++index) {
         const auto group = m_program->GetGroupForIndex(index);
-        const TestResult* const result = GetResult(group.data());
-        if (result && result->GetResult() < 0)
+        if (GetVerdict(group.data()) < 0)
             idents.append(group->GetIdentString());
     }
     return idents;
@@ -96,14 +109,9 @@ QList<QString> TestResultSet::GetFailedTestGroups() const
 
 int TestResultSet::GetFailedCount(const TestComponent* component) const
 {
-    int failed = 0;
-    if (!component)
-        return failed;
-    for (const TestComponent* const child : component->GetChildren()) {
-        const TestResult* const result = GetResult(child);
-        failed += result && result->GetResult() < 0;
-    }
-    return failed;
+    const QList<TestComponent*> children = component ? component->GetChildren() : QList<TestComponent*>();
+    return int(std::count_if(children.begin(), children.end(),
+                             [this](const TestComponent* child) { return GetVerdict(child) < 0; }));
 }
 
 } // namespace ZYN

@@ -10,20 +10,12 @@
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/ZYNSession.h>
 
+#include "../result/TimeText.h"
 #include "../result/WorstResult.h"
 
 #include <cmath>
 
 namespace ZYN {
-
-namespace {
-
-QString IsoText(const QDateTime& time)
-{
-    return time.toOffsetFromUtc(time.offsetFromUtc()).toString(Qt::ISODate);
-}
-
-} // namespace
 
 UUTTest::UUTTest(long testId, const QString& name)
     : ManagedObject(testId, name)
@@ -77,10 +69,8 @@ EN_ZYN_RESULT UUTTest::GetResult() const
     if (m_result)
         return *m_result;
     WorstResult worst;
-    for (const TestResultSet* const set : m_resultSets) {
-        if (const TestResult* const result = set->GetResult(set->GetTestProgram().data()))
-            worst.Add(result->GetResult());
-    }
+    for (const TestResultSet* const set : m_resultSets)
+        worst.Add(set->GetVerdict(set->GetTestProgram().data()));
     for (const auto& item : m_items)
         worst.Add(item->GetResult());
     return worst.Get();
@@ -108,12 +98,12 @@ QString UUTTest::GetStopTimeString() const
 
 QDateTime UUTTest::GetStartTime() const
 {
-    return QDateTime::fromString(m_startTime, Qt::ISODate);
+    return TimeText::ToTime(m_startTime);
 }
 
 QDateTime UUTTest::GetStopTime() const
 {
-    return QDateTime::fromString(m_stopTime, Qt::ISODate);
+    return TimeText::ToTime(m_stopTime);
 }
 
 QString UUTTest::GetDurationString() const
@@ -183,12 +173,12 @@ void UUTTest::SetStopTimeString(const QString& time)
 
 void UUTTest::SetStartTime(const QDateTime& time)
 {
-    m_startTime = IsoText(time);
+    m_startTime = TimeText::FromTime(time);
 }
 
 void UUTTest::SetStopTime(const QDateTime& time)
 {
-    m_stopTime = IsoText(time);
+    m_stopTime = TimeText::FromTime(time);
 }
 
 void UUTTest::SetDuration(double seconds)

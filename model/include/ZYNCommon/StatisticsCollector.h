@@ -3,7 +3,7 @@
 #include <ZYNCommon/ZYNCommonGlobal.h>
 
 #include <QtCore/QHash>
-#include <QtCore/QSharedPointer>
+#include <QtCore/QList>
 #include <QtCore/QString>
 
 #include <memory>
@@ -18,9 +18,17 @@ class UUTTest;
 
 /// Collects the result sets of many units into a statistics report.
 ///
+/// Every component with a result gets an entry, programs, groups and steps among them: they have no values,
+/// but their counts tell the yield and which steps fail most.
+///
 /// Components of different runs are the same when their path of ids and names from the program down is
-/// the same. Entries stand in the order in which components were met first. Only what the report needs
-/// is kept: result sets can be freed after they were added.
+/// the same. Where several components of one run have the same path, the first is taken for the first, the
+/// second for the second of another run; each has an entry of its own, so that nothing is counted twice.
+/// Entries stand in the order in which components were met first. A run that lacks a component adds nothing
+/// to its entry: its `Size` is then smaller than `GetRunCount`.
+///
+/// Only what the report needs is kept: entries and the report have copies of the components (without
+/// children; with the newest validation), result sets can be freed after they were added.
 class ZYNCOMMON_EXPORT StatisticsCollector {
 public:
     StatisticsCollector();
@@ -31,9 +39,9 @@ public:
     /// Adds a unit's result sets and those of its panel items. The first unit gives the report its
     /// session, product type, unit and program. Null is ignored.
     void AddUnit(const UUTTest* unit);
-    /// Adds one run; a set without a program is ignored.
+    /// Adds one run; null and a set without a program are ignored.
     void AddResultSet(const TestResultSet* resultSet);
-    /// Number of result sets added.
+    /// Number of result sets added, panel items' ones included.
     int GetRunCount() const;
     /// The report; owned by the collector until `TakeReport`.
     StatisticsDataReport* GetReport() const;
@@ -41,11 +49,19 @@ public:
     std::unique_ptr<StatisticsDataReport> TakeReport();
 
 private:
-    void AddComponent(const TestResultSet* resultSet, const QSharedPointer<TestComponent>& component,
-                      const QString& path);
+    /// The entries of the components with one path, and how many of them the newest run had.
+    struct Place {
+        QList<StatisticsData*> entries;
+        int run = 0;
+        int met = 0;
+    };
+
+    void AddComponent(const TestResultSet* resultSet, const TestComponent* component,
+                      const QString& parentPath);
+    StatisticsData* EntryFor(const TestComponent* component, const QString& path);
 
     std::unique_ptr<StatisticsDataReport> m_report;
-    QHash<QString, StatisticsData*> m_entryForPath;
+    QHash<QString, Place> m_places;
     int m_runs = 0;
 };
 

@@ -20,7 +20,8 @@ class ValidationInterface;
 /// Mean and variance are kept up to date with every value (B. P. Welford, "Note on a method for
 /// calculating corrected sums of squares and products", Technometrics 4, 1962), so they stay exact for
 /// large values with a small spread. The cost of a value is constant. Every run is counted, only finite
-/// numbers enter the statistics.
+/// numbers enter the statistics: texts, variants of type `bool`, not-a-number and infinities do not. (A
+/// measured boolean is an integer of value 1 or 0 and does, so its mean is the share of ones.)
 class ZYNCOMMON_EXPORT StatisticsData {
 public:
     /// \param component shared for the life of this object; may be null
@@ -30,8 +31,9 @@ public:
     StatisticsData& operator=(const StatisticsData&) = delete;
 
     TestComponent* GetComponent() const;
-    /// The result with an index from 0, null outside the range. Owned by this object and made on demand
-    /// from the value that was kept; not thread-safe.
+    /// The result with an index from 0, null outside the range. Made from the value that was kept, with
+    /// the newest validation; owned by this object and valid until the next call of this operation (a
+    /// million results at a time would take ten times the memory of the values). Not thread-safe.
     TestResult* GetResult(int index) const;
     /// Number of results kept.
     int Size() const;
@@ -55,28 +57,38 @@ public:
     double GetMaximum() const;
     /// The smaller of (upper - mean) / (3 sigma) and (mean - lower) / (3 sigma), one-sided where only
     /// one limit exists (D. C. Montgomery, "Introduction to Statistical Quality Control").
-    /// Not-a-number without limits or sigma, and for a sigma of 0.
+    /// Not-a-number without limits or sigma, and for a sigma of 0. Only a bound counts as a limit: a finite
+    /// number with "<" or "<=". An inverted validation has no capability.
     double GetCpk() const;
     /// The newest validation; null when there was none.
     QSharedPointer<ValidationInterface> GetValidation() const;
-    /// Whether limits differed between runs.
+    /// Whether limits differed between runs: values, operators, unit or inversion.
     bool HaveLimitsChanged() const;
 
 private:
+    /// A value in 16 bytes; what is neither a 64-bit integer nor a real number stands in `m_others`.
     struct Run {
-        QVariant value;
+        enum Kind : quint8 { Nothing, Integer, Real, Other };
+        quint64 bits;
         EN_ZYN_RESULT result;
+        Kind kind;
     };
+
+    void Keep(EN_ZYN_RESULT result, const QVariant& value);
+    void Enter(double number);
+    QVariant ValueOf(const Run& run) const;
 
     QSharedPointer<TestComponent> m_component;
     QSharedPointer<ValidationInterface> m_validation;
     std::vector<Run> m_runs;
-    mutable std::vector<std::unique_ptr<TestResult>> m_results;
+    std::vector<QVariant> m_others;
+    mutable std::unique_ptr<TestResult> m_result;
     int m_passed = 0;
     int m_failed = 0;
     qint64 m_count = 0;
-    double m_mean = 0.0;
-    double m_squares = 0.0;
+    // Wider than the values: no digit of them is lost, and differences of huge ones do not overflow.
+    long double m_mean = 0.0L;
+    long double m_squares = 0.0L;
     double m_minimum = 0.0;
     double m_maximum = 0.0;
     bool m_limitsChanged = false;

@@ -10,6 +10,10 @@ class StatisticsData;
 class ValueDisplay;
 
 /// The figures of a `StatisticsData` as texts. Borrows the data. A figure that does not exist is empty.
+///
+/// Minimum, maximum and limits are shown like the values themselves. Computed figures are rounded to what
+/// they tell: sigma and CPK to six significant digits, the average to the place of sigma's last digit.
+/// Average and sigma of hexadecimal and binary values are decimal numbers.
 class ZYNCOMMON_EXPORT StatisticsDataDecoration {
 public:
     explicit StatisticsDataDecoration(const StatisticsData* data);
@@ -28,7 +32,8 @@ public:
     virtual void SetUseScaledData(bool scaled);
 
 private:
-    QString Text(double value) const;
+    QString MeasuredText(double value) const;
+    QString ComputedText(double value, int digits) const;
     const ValueDisplay* Display() const;
 
     const StatisticsData* m_data;

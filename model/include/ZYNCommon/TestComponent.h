@@ -20,7 +20,8 @@ class TestResult;
 /// Base of the parts of a test program: program, group, step, parameter, measurement.
 ///
 /// Owns its control objects; a null control means that the component has no such control.
-/// The parent is borrowed: parents own their children by shared pointers.
+/// The parent is only observed: parents own their children by shared pointers, and a child that outlives
+/// its parent has none.
 class ZYNCOMMON_EXPORT TestComponent : public ManagedObject {
     Q_OBJECT
 public:
@@ -54,7 +55,7 @@ public:
     void SetTestplanDisabled(bool disabled);
 
     /// Keeps a view on the component's newest result. Not owned: a result set owns its results. A
-    /// result that is destroyed withdraws itself.
+    /// result that is destroyed withdraws itself. A result of another component is ignored.
     virtual void SetResult(TestResult* result);
     /// The newest result, or null.
     TestResult* GetResult() const;

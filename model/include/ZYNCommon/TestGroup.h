@@ -2,6 +2,7 @@
 
 #include <ZYNCommon/TestComponent.h>
 
+#include <QtCore/QPointer>
 #include <QtCore/QSharedPointer>
 
 namespace ZYN {
@@ -43,7 +44,7 @@ public:
 
 private:
     friend class TestProgram;
-    TestProgram* m_parent;
+    QPointer<TestProgram> m_parent;
     QList<QSharedPointer<TestParameter>> m_parameters;
     QList<QSharedPointer<TestStep>> m_steps;
     long m_position;

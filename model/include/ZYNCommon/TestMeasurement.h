@@ -3,6 +3,8 @@
 #include <ZYNCommon/CtrlValidation.h>
 #include <ZYNCommon/TestComponent.h>
 
+#include <QtCore/QPointer>
+
 namespace ZYN {
 
 class TestStep;
@@ -33,7 +35,7 @@ public:
 
 private:
     friend class TestStep;
-    TestStep* m_parent;
+    QPointer<TestStep> m_parent;
     long m_position;
     mutable CtrlValidation m_validation;
 };

@@ -2,6 +2,8 @@
 
 #include <ZYNCommon/TestComponent.h>
 
+#include <QtCore/QPointer>
+
 namespace ZYN {
 
 class TestGroup;
@@ -22,7 +24,7 @@ public:
 
 private:
     friend class TestGroup;
-    TestGroup* m_parent;
+    QPointer<TestGroup> m_parent;
     long m_position;
 };
 

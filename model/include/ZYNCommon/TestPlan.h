@@ -41,7 +41,13 @@ public:
         QStringList problems;    ///< one line for each value that did not fit
     };
     /// Applies the plan to the components of a program by their ident: validation properties, the
-    /// attribute tree, log-in-report and enabled. The plan values replace the component's.
+    /// attribute tree, log-in-report and enabled. The plan values replace the component's; what the plan
+    /// does not name stays as it is. Validations are changed in place, also for results that share them:
+    /// apply a plan before the run. Attributes keep the type that the component gives them, else they get
+    /// the type of the plan's value.
+    ///
+    /// An ident that several components share says nothing about which one is meant: none of them is
+    /// changed, and it is told as a problem. Null does nothing.
     Applied ApplyTo(TestProgram* program) const;
 
 private:

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <ZYNCommon/ZYNCommonGlobal.h>
+#include <ZYNCommon/ZYNTypes.h>
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
@@ -28,11 +29,15 @@ public:
     QSharedPointer<Station> GetStation() const;
     /// The component's result; null when the set holds none (or for null). Constant time.
     TestResult* GetResult(const TestComponent* component) const;
-    /// Takes ownership; null is ignored. Of several results of one component the last one counts, all
+    /// Takes ownership; null and a result that belongs to a set already are ignored. Of several results of one component the last one counts, all
     /// are kept until the set is destroyed.
     void AddResult(TestResult* result);
     /// All results in the order in which they were added.
     const QList<TestResult*>& GetResults() const;
+
+    /// Outcome of a component in this run: its result's code, without a result the worst of its
+    /// children's outcomes. Not tested for null and for what has neither.
+    EN_ZYN_RESULT GetVerdict(const TestComponent* component) const;
 
     /// Number of the run on this unit, from 1; 0 when unknown.
     long GetTestIndex() const;
@@ -42,11 +47,11 @@ public:
     /// Description of the station, empty without one.
     QString GetStationDescription() const;
 
-    /// Number of steps whose result is a failure, over all groups.
+    /// Number of steps whose outcome is a failure, over all groups.
     int GetFaildStepCount() const;
-    /// Ident texts of the groups whose result is a failure, in program order.
+    /// Ident texts of the groups whose outcome is a failure, in program order.
     QList<QString> GetFailedTestGroups() const;
-    /// Number of a component's direct children whose result is a failure.
+    /// Number of a component's direct children whose outcome is a failure.
     int GetFailedCount(const TestComponent* component) const;
 
 private:

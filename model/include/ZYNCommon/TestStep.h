@@ -3,6 +3,7 @@
 #include <ZYNCommon/TestComponent.h>
 
 #include <QtCore/QHash>
+#include <QtCore/QPointer>
 #include <QtCore/QSharedPointer>
 
 namespace ZYN {
@@ -39,7 +40,7 @@ public:
 
 private:
     friend class TestGroup;
-    TestGroup* m_parent;
+    QPointer<TestGroup> m_parent;
     QList<QSharedPointer<TestMeasurement>> m_measurements;
     QHash<long, qsizetype> m_indexForID;
     long m_position;

@@ -1,0 +1,128 @@
+#include <ZYNCommon/StatisticsCollector.h>
+
+#include <ZYNCommon/CtrlValidation.h>
+#include <ZYNCommon/ProductType.h>
+#include <ZYNCommon/StatisticsData.h>
+#include <ZYNCommon/StatisticsDataReport.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestResultSet.h>
+#include <ZYNCommon/UUTTest.h>
+#include <ZYNCommon/UnitUnderTest.h>
+#include <ZYNCommon/ValidationInterface.h>
+#include <ZYNCommon/WorkSpace.h>
+#include <ZYNCommon/ZYNSession.h>
+
+#include "ComponentCopy.h"
+
+namespace ZYN {
+
+namespace {
+
+/// The limits of a run: what the value was judged with, else what the component was planned with.
+QSharedPointer<ValidationInterface> ValidationOf(const TestResult* result, const TestComponent* component)
+{
+    if (const auto validation = result->GetValidation())
+        return validation;
+    const CtrlValidation* const control = component->GetValidationCtrl();
+    return control ? control->GetValidation() : nullptr;
+}
+
+/// The length in front keeps a name with separators from being taken for two names.
+QString PathOf(const QString& parentPath, const TestComponent* component)
+{
+    const QString name = component->GetName();
+    return parentPath + QString::number(component->id) + QLatin1Char(':') + QString::number(name.size()) +
+           QLatin1Char(':') + name;
+}
+
+ZYNSession* CopyOf(const ZYNSession* session)
+{
+    auto* const copy = new ZYNSession;
+    copy->SetMachineName(session->GetMachineName());
+    copy->SetWorkSpace(session->GetWorkSpace());
+    return copy;
+}
+
+} // namespace
+
+StatisticsCollector::StatisticsCollector()
+    : m_report(std::make_unique<StatisticsDataReport>())
+{
+}
+
+StatisticsCollector::~StatisticsCollector() = default;
+
+void StatisticsCollector::AddUnit(const UUTTest* unit)
+{
+    if (!unit)
+        return;
+    if (!m_report->GetSession() && unit->GetSession())
+        m_report->SetSession(CopyOf(unit->GetSession()));
+    if (!m_report->GetUnitUnderTest())
+        m_report->SetUnitUnderTest(unit->GetUnitUnderTest());
+    if (!m_report->GetProductType())
+        m_report->SetProductType(unit->GetProductType());
+    for (const TestResultSet* const resultSet : unit->GetResultSets())
+        AddResultSet(resultSet);
+    for (const auto& item : unit->GetUUTTests())
+        AddUnit(item.data());
+}
+
+void StatisticsCollector::AddResultSet(const TestResultSet* resultSet)
+{
+    const auto program = resultSet ? resultSet->GetTestProgram() : nullptr;
+    if (!program)
+        return;
+    if (!m_report->GetTestProgram())
+        m_report->SetTestProgram(ComponentCopy::OfProgram(program.data()));
+    ++m_runs;
+    AddComponent(resultSet, program.data(), QString());
+}
+
+int StatisticsCollector::GetRunCount() const
+{
+    return m_runs;
+}
+
+StatisticsDataReport* StatisticsCollector::GetReport() const
+{
+    return m_report.get();
+}
+
+std::unique_ptr<StatisticsDataReport> StatisticsCollector::TakeReport()
+{
+    m_places.clear();
+    m_runs = 0;
+    return std::exchange(m_report, std::make_unique<StatisticsDataReport>());
+}
+
+void StatisticsCollector::AddComponent(const TestResultSet* resultSet, const TestComponent* component,
+                                       const QString& parentPath)
+{
+    const QString path = PathOf(parentPath, component);
+    if (const TestResult* const result = resultSet->GetResult(component)) {
+        StatisticsData* const entry = EntryFor(component, path);
+        entry->AddValue(result->GetResult(), result->GetValue(), ValidationOf(result, component));
+        if (CtrlValidation* const control = entry->GetComponent()->GetValidationCtrl())
+            control->SetValidation(entry->GetValidation());
+    }
+    for (const TestComponent* const child : component->GetChildren())
+        AddComponent(resultSet, child, path);
+}
+
+StatisticsData* StatisticsCollector::EntryFor(const TestComponent* component, const QString& path)
+{
+    Place& place = m_places[path];
+    if (place.run != m_runs) {
+        place.run = m_runs;
+        place.met = 0;
+    }
+    if (place.met == place.entries.size()) {
+        place.entries.append(new StatisticsData(ComponentCopy::Of(component)));
+        m_report->AddTestData(place.entries.last());
+    }
+    return place.entries.at(place.met++);
+}
+
+} // namespace ZYN
