@@ -5,8 +5,6 @@
 
 #include <QtCore/QObject>
 
-#include <exception>
-#include <memory>
 #include <new>
 
 namespace ZYN {
@@ -16,36 +14,10 @@ CExportServicePrivate::~CExportServicePrivate()
     delete builder;
 }
 
-bool CExportServicePrivate::SetBuilder(const std::function<IExportBuilder*()>& create) noexcept
+void CExportServicePrivate::Replace(IExportBuilder* newBuilder)
 {
-    std::unique_ptr<IExportBuilder> newBuilder;
-    try {
-        newBuilder.reset(create());
-    } catch (...) {
-        // No builder is the answer: the next export says that there is no format.
-        newBuilder.reset();
-    }
     delete builder;
-    builder = newBuilder.release();
-    return builder != nullptr;
-}
-
-bool CExportServicePrivate::Run(const std::function<bool()>& walk) noexcept
-{
-    outputComplete = false;
-    try {
-        if (!Start())
-            return false;
-        const bool walked = walk();
-        const auto* const output = dynamic_cast<const IOutputState*>(builder);
-        outputComplete = walked && output && output->OutputComplete();
-        return walked;
-    } catch (const std::bad_alloc&) {
-        NoteException(QT_TRANSLATE_NOOP("QObject", "Not enough memory for the export."));
-    } catch (...) {
-        NoteException(QT_TRANSLATE_NOOP("QObject", "The export failed inside the test data."));
-    }
-    return false;
+    builder = newBuilder;
 }
 
 bool CExportServicePrivate::Start()
@@ -66,11 +38,27 @@ bool CExportServicePrivate::Start()
     return true;
 }
 
-void CExportServicePrivate::NoteException(const char* text) noexcept
+bool CExportServicePrivate::Finish(bool walked)
 {
+    const auto* const output = dynamic_cast<const IOutputState*>(builder);
+    outputComplete = walked && output && output->OutputComplete();
+    return walked;
+}
+
+void CExportServicePrivate::NoteException() noexcept
+{
+    const char* text = nullptr;
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        text = QT_TRANSLATE_NOOP("QObject", "Not enough memory for the export.");
+    } catch (...) {
+        text = QT_TRANSLATE_NOOP("QObject", "The export failed inside the test data.");
+    }
     try {
         errorText = QObject::tr(text);
     } catch (...) {
+        // A text that needs no memory.
         errorText = QStringLiteral("Not enough memory for the export.");
     }
 }

@@ -2,8 +2,6 @@
 
 #include <QtCore/QString>
 
-#include <functional>
-
 namespace ZYN {
 
 class IExportBuilder;
@@ -17,15 +15,35 @@ public:
     CExportServicePrivate(const CExportServicePrivate&) = delete;
     CExportServicePrivate& operator=(const CExportServicePrivate&) = delete;
 
-    /// Replaces the builder with what `create` makes, which is owned from now on.
+    /// Replaces the builder with what `create` makes, which is owned from now on. No exception leaves it:
+    /// where no builder could be made there is none.
     /// \return whether there is one now
-    bool SetBuilder(const std::function<IExportBuilder*()>& create) noexcept;
+    template <class Create>
+    bool SetBuilder(const Create& create) noexcept
+    {
+        try {
+            Replace(create());
+        } catch (...) {
+            Replace(nullptr);
+        }
+        return builder != nullptr;
+    }
 
     /// Runs one export: checks builder and file name, lets the builder open the file, then walks. No
-    /// exception leaves it: one that comes out of the walk ends the export like a failed start.
+    /// exception leaves it: one that comes out of the walk ends the export with an error text.
     /// \param walk hands the settings to the builder, runs a director and returns its result
     /// \return the walk's result; false with the reason in `errorText` when it could not start
-    bool Run(const std::function<bool()>& walk) noexcept;
+    template <class Walk>
+    bool Run(const Walk& walk) noexcept
+    {
+        outputComplete = false;
+        try {
+            return Start() && Finish(walk());
+        } catch (...) {
+            NoteException();
+            return false;
+        }
+    }
 
     /// Whether the last export ran to its end and every byte reached the device.
     bool OutputComplete() const { return outputComplete; }
@@ -35,8 +53,11 @@ public:
     QString errorText;
 
 private:
+    void Replace(IExportBuilder* newBuilder);
     bool Start();
-    void NoteException(const char* text) noexcept;
+    bool Finish(bool walked);
+    /// Says in `errorText` what the current exception means.
+    void NoteException() noexcept;
 
     bool outputComplete = false;
 };
