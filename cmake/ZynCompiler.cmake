@@ -8,6 +8,9 @@ if(ZYN_SANITIZE)
   add_link_options(-fsanitize=${ZYN_SANITIZE})
 endif()
 
+# A library depends on what it uses, not on all that its Qt modules bring along.
+add_link_options(LINKER:--as-needed)
+
 find_program(ZYN_CCACHE ccache)
 if(ZYN_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${ZYN_CCACHE})

@@ -107,8 +107,8 @@ void CExportBuilderImp::SetOpened(bool flag)
         documentEnded = true;
     if (flag) {
         documentEnded = false;
-        // Without a file of its own the builder begins a document on a device from outside.
-        if (!file)
+        // A device from outside was not seen before; a file was reset when it was opened.
+        if (device != file)
             outputFailed = false;
     }
     opened = flag;

@@ -308,6 +308,12 @@ void BaseBuilderTest::OutputCompleteOnAFullDisk()
     QVERIFY(builder.Open() && builder.BeginTestResults() && builder.Close());
     QVERIFY(!builder.OutputComplete());
 
+    QBuffer buffer;
+    builder.SetDevice(&buffer);
+    QVERIFY(builder.Open() && builder.BeginTestResults() && builder.Close());
+    QVERIFY(builder.OutputComplete());
+    QCOMPARE(buffer.data(), QByteArray("begin\n"));
+
     QVERIFY(builder.OpenFile(Path(u"after"_s)));
     QVERIFY(builder.Open() && builder.BeginTestResults() && builder.Close());
     QVERIFY(builder.OutputComplete());
