@@ -1,0 +1,55 @@
+# What is installed, and how other projects find it. Components:
+#   Runtime      the shared libraries, and nothing that another version of them would have under the same name
+#   Development  headers, package files for CMake and pkg-config
+#   Tool         zyn with its data: schemas, media folder
+include(CMakePackageConfigHelpers)
+
+set(ZYN_DATA_DIR ${CMAKE_INSTALL_DATADIR}/zyn)
+
+# Paths of the pkg-config files, relative to their own folder, so that an installed tree can be moved.
+set(pc_dir ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)
+file(RELATIVE_PATH ZYN_PREFIX_FROM_PC ${pc_dir} ${CMAKE_INSTALL_PREFIX})
+string(REGEX REPLACE "/$" "" ZYN_PREFIX_FROM_PC ${ZYN_PREFIX_FROM_PC})
+file(RELATIVE_PATH ZYN_PC_LIBDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
+file(RELATIVE_PATH ZYN_PC_INCLUDEDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
+
+# zyn_install_package(PACKAGE EXPORTED_NAME=TARGET...): the shared libraries of a package and the files by
+# which CMake and pkg-config find them.
+function(zyn_install_package package)
+  set(config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/${package})
+  foreach(pair ${ARGN})
+    string(REPLACE "=" ";" pair ${pair})
+    list(GET pair 0 name)
+    list(GET pair 1 target)
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} INSTALL_RPATH "$ORIGIN")
+    install(TARGETS ${target} EXPORT ${package}Targets
+      LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
+  endforeach()
+  install(EXPORT ${package}Targets NAMESPACE ZYN:: DESTINATION ${config_dir} COMPONENT Development)
+
+  configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/${package}Config.cmake.in
+    ${PROJECT_BINARY_DIR}/${package}Config.cmake INSTALL_DESTINATION ${config_dir})
+  write_basic_package_version_file(${PROJECT_BINARY_DIR}/${package}ConfigVersion.cmake
+    COMPATIBILITY SameMinorVersion)
+  configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${package}Config.cmake ${PROJECT_BINARY_DIR}/${package}ConfigVersion.cmake
+    DESTINATION ${config_dir} COMPONENT Development)
+  install(FILES ${PROJECT_BINARY_DIR}/${package}.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+endfunction()
+
+if(NOT ZYN_USE_EXTERNAL_MODEL)
+  zyn_install_package(ZYNCommon Common=ZYNCommon Ini=ZYNIni)
+  install(DIRECTORY model/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
+endif()
+zyn_install_package(ZYNPersistence Persistence=ZYNPersistence)
+install(DIRECTORY include/ZYNPersistence ${ZYN_GENERATED_INCLUDE_DIR}/ZYNPersistence
+  DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
+
+file(RELATIVE_PATH lib_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set_target_properties(zyn PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
+install(TARGETS zyn RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Tool)
+install(DIRECTORY schema/ DESTINATION ${ZYN_DATA_DIR}/schema COMPONENT Tool
+  FILES_MATCHING PATTERN "*.rng" PATTERN "*.json")
+# Empty: for the logo of the site, ReportLogo.png or ReportLogo.jpg.
+install(DIRECTORY DESTINATION ${ZYN_DATA_DIR}/media COMPONENT Tool)
