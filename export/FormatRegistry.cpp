@@ -2,6 +2,7 @@
 
 #include "IExportBuilder.h"
 
+#include "report/CReportBuilderJSON.h"
 #include "report/CReportBuilderSTDF.h"
 
 #include <algorithm>
@@ -47,7 +48,7 @@ constexpr ReportFormat reportFormats[] = {
     {{"XML"_L1, ""_L1, "DEFAULT"_L1}, "zyr"_L1, {".xml"_L1, ".zyr"_L1}, nullptr},
     {{"PDF"_L1}, "pdf"_L1, {".pdf"_L1}, nullptr},
     {{"HTML"_L1}, "html"_L1, {".html"_L1}, nullptr},
-    {{"JSON"_L1}, "json"_L1, {".json"_L1}, nullptr},
+    {{"JSON"_L1}, "json"_L1, {".json"_L1}, Create<CReportBuilderJSON>},
     // ".std" is part of ".stdf" and comes first; both names mean the same builder.
     {{"STD"_L1}, "std"_L1, {".std"_L1}, CreateLotFileBuilder},
     {{"STDF"_L1}, "stdf"_L1, {".stdf"_L1}, CreateLotFileBuilder},

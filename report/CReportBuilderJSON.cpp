@@ -1,0 +1,302 @@
+// UTF-8, indented by four blanks, line feeds. Keys stand in alphabetical order. Values are unscaled and
+// carry their unit; durations of results are numbers in seconds, those of a unit are texts for people.
+
+#include "CReportBuilderJSON.h"
+
+#include "export/Environment.h"
+#include "export/ModelAdapter.h"
+
+#include <ZYNCommon/Fixture.h>
+#include <ZYNCommon/ProductType.h>
+#include <ZYNCommon/ProductionLot.h>
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/UUTTest.h>
+#include <ZYNCommon/UnitUnderTest.h>
+#include <ZYNCommon/ValidationInterface.h>
+#include <ZYNCommon/ZYNSession.h>
+
+#include <QtCore/QFileInfo>
+#include <QtCore/QJsonDocument>
+
+namespace ZYN {
+
+namespace {
+
+/// What a component is: stored in `target` under `key`.
+void WriteJsonComponent(const QString& key, const TestComponent* component, QJsonObject& target)
+{
+    target.insert(key, QJsonObject{
+                           {QStringLiteral("Name"), component->GetName()},
+                           {QStringLiteral("ID"), static_cast<qint64>(ModelAdapter::Id(component))},
+                           {QStringLiteral("Type"), static_cast<int>(ModelAdapter::TypeCode(component))},
+                           {QStringLiteral("Ident"), component->GetIdentString()},
+                       });
+}
+
+/// Limits stand beside the result, also when the validation has none.
+void WriteJsonLimits(const TestResult* result, QJsonObject& target)
+{
+    const QSharedPointer<ValidationInterface> validation = result->GetValidation();
+    if (!validation)
+        return;
+    QJsonObject limits;
+    if (validation->HasLowerLimit())
+        limits.insert(QStringLiteral("Lower"), QJsonValue::fromVariant(validation->GetLowerLimit()));
+    if (validation->HasUpperLimit())
+        limits.insert(QStringLiteral("Upper"), QJsonValue::fromVariant(validation->GetUpperLimit()));
+    if (ModelAdapter::HasNominal(validation.get()))
+        limits.insert(QStringLiteral("Nominal"),
+                      QJsonValue::fromVariant(ModelAdapter::Nominal(validation.get())));
+    target.insert(QStringLiteral("Limits"), limits);
+}
+
+void WriteJsonResult(const TestResult* result, QJsonObject& target)
+{
+    QJsonObject object{
+        {QStringLiteral("Duration"), result->GetDuration()},
+        {QStringLiteral("Attribute"), result->GetAttribute().simplified()},
+        {QStringLiteral("Comment"), result->GetComment().simplified()},
+        {QStringLiteral("Code"), static_cast<int>(result->GetResult())},
+        {QStringLiteral("Result"), result->GetResultString()},
+        {QStringLiteral("DataType"), result->GetValueTypeString()},
+    };
+    if (const QVariant value = result->GetValue(); value.isValid()) {
+        object.insert(QStringLiteral("Value"), QJsonValue::fromVariant(value));
+        object.insert(QStringLiteral("Unit"), result->GetUnitString(nullptr, false));
+    }
+    WriteJsonLimits(result, target);
+    target.insert(QStringLiteral("Result"), object);
+}
+
+/// A lone surrogate is no character, and `QJsonDocument` writes it as an escape that strict readers
+/// refuse: U+FFFD stands for it as in the other formats. No other escape begins like this one.
+void ReplaceLoneSurrogates(QByteArray& text)
+{
+    constexpr qsizetype escapeLength = 6;
+    for (qsizetype place = 0; (place = text.indexOf('\\', place)) >= 0; place += 2) {
+        if (text.mid(place, 3) == "\\ud")
+            text.replace(place, escapeLength, "\xEF\xBF\xBD");
+    }
+}
+
+QJsonObject Wrapped(const QString& key, const QJsonObject& object)
+{
+    return QJsonObject{{key, object}};
+}
+
+} // namespace
+
+bool CReportBuilderJSON::Open()
+{
+    if (!OpenedDevice())
+        return false;
+    // A walk that ended early may have left these set.
+    inSubUnitTest = false;
+    hasSubUnitTests = false;
+    SetOpened(true);
+    return true;
+}
+
+bool CReportBuilderJSON::Close()
+{
+    QJsonObject root{{QStringLiteral("Information"), information}};
+    if (hasSubUnitTests)
+        root.insert(QStringLiteral("PanelItems"), panelItems);
+    else
+        root.insert(QStringLiteral("Programs"), programs);
+    hasSubUnitTests = false;
+
+    if (!IsOpened())
+        return true;
+    QByteArray text =
+        QJsonDocument(QJsonObject{{QStringLiteral("UUTTest"), root}}).toJson(QJsonDocument::Indented);
+    ReplaceLoneSurrogates(text);
+    if (GetDevice()->write(text) != text.size())
+        NoteOutputFailure();
+    SetDevice(nullptr);
+    SetOpened(false);
+    return true;
+}
+
+QJsonArray& CReportBuilderJSON::Items()
+{
+    return inSubUnitTest ? panelItems : information;
+}
+
+bool CReportBuilderJSON::BeginUUTTest(UUTTest* uutTest)
+{
+    if (!uutTest)
+        return false;
+    Items().append(Wrapped(QStringLiteral("UUTTest"),
+                           {
+                               {QStringLiteral("Result"), uutTest->GetResultString()},
+                               {QStringLiteral("Duration"), uutTest->GetDurationStringFormated()},
+                               {QStringLiteral("TestTime"), uutTest->GetStartTimeString()},
+                               {QStringLiteral("DateTime"), uutTest->GetStopTimeString()},
+                               {QStringLiteral("Description"), uutTest->GetResultDescription()},
+                           }));
+    return true;
+}
+
+bool CReportBuilderJSON::BeginUnitUnderTest(UnitUnderTest* unit)
+{
+    if (!unit)
+        return false;
+    const QSharedPointer<ProductType> productType = unit->GetProductType();
+    Items().append(
+        Wrapped(QStringLiteral("UnitUnderTest"),
+                {
+                    {QStringLiteral("SerialNo"), unit->GetSerialNo()},
+                    {QStringLiteral("Ident"), unit->GetIdentString()},
+                    {QStringLiteral("PanelIndex"), static_cast<qint64>(unit->GetPanelIndex())},
+                    {QStringLiteral("Name"), unit->GetName()},
+                    {QStringLiteral("ProductType"), productType ? productType->GetName() : QString()},
+                }));
+    return true;
+}
+
+bool CReportBuilderJSON::BeginProductType(ProductType* productType)
+{
+    if (!productType)
+        return false;
+    information.append(Wrapped(QStringLiteral("ProductType"),
+                               {
+                                   {QStringLiteral("Name"), productType->GetName()},
+                                   {QStringLiteral("Description"), productType->GetDescription()},
+                                   {QStringLiteral("ArticelCode"), productType->GetArticelCode()},
+                                   {QStringLiteral("Customer"), productType->GetCustomer()},
+                               }));
+    return true;
+}
+
+bool CReportBuilderJSON::BeginProductionLot(ProductionLot* lot)
+{
+    if (!lot)
+        return false;
+    information.append(
+        Wrapped(QStringLiteral("ProductionLot"), {
+                                                     {QStringLiteral("LotNumber"), lot->GetName()},
+                                                     {QStringLiteral("OrderCode"), lot->GetOrderCode()},
+                                                 }));
+    return true;
+}
+
+bool CReportBuilderJSON::BeginSession(ZYNSession* session)
+{
+    if (!session)
+        return false;
+    information.append(Wrapped(QStringLiteral("TestEnvironment"),
+                               {
+                                   {QStringLiteral("KVAVersion"), Environment::EngineVersion()},
+                                   {QStringLiteral("MachineName"), session->GetMachineName()},
+                                   {QStringLiteral("User"), session->GetCurrentUserName()},
+                                   {QStringLiteral("Workspace"), session->GetWorkspaceName()},
+                               }));
+    return true;
+}
+
+bool CReportBuilderJSON::BeginFixture(Fixture* fixture)
+{
+    if (!fixture)
+        return false;
+    information.append(
+        Wrapped(QStringLiteral("Fixture"), {
+                                               {QStringLiteral("Name"), fixture->GetName()},
+                                               {QStringLiteral("Ident"), fixture->GetIdent()},
+                                               {QStringLiteral("SerialNo"), fixture->GetSerialNo()},
+                                               {QStringLiteral("Description"), fixture->GetDescription()},
+                                           }));
+    return true;
+}
+
+bool CReportBuilderJSON::BeginTestProgram(TestProgram* program, TestResult* result)
+{
+    if (!program || !result)
+        return false;
+    groups = {};
+    programObject = {
+        {QStringLiteral("File"), program->GetFileInfo().fileName()},
+        {QStringLiteral("Version"), program->GetVersion()},
+        {QStringLiteral("Creator"), program->GetCreator()},
+        {QStringLiteral("Name"), program->GetDisplayName()},
+        {QStringLiteral("FileVersion"), program->GetFileVersion()},
+    };
+    // The program's header has the empty string as its key; readers of the format rely on it.
+    WriteJsonComponent(QString(), program, programObject);
+    WriteJsonResult(result, programObject);
+    return true;
+}
+
+bool CReportBuilderJSON::EndTestProgram(TestProgram*)
+{
+    programObject.insert(QStringLiteral("Groups"), groups);
+    programs.append(programObject);
+    return true;
+}
+
+bool CReportBuilderJSON::BeginTestGroup(TestGroup* group, TestResult* result)
+{
+    if (!group || !result)
+        return false;
+    groupObject = {};
+    steps = {};
+    WriteJsonComponent(QStringLiteral("TestGroup"), group, groupObject);
+    WriteJsonResult(result, groupObject);
+    return true;
+}
+
+bool CReportBuilderJSON::EndTestGroup(TestGroup*)
+{
+    groupObject.insert(QStringLiteral("Steps"), steps);
+    groups.append(groupObject);
+    return true;
+}
+
+bool CReportBuilderJSON::BeginTestStep(TestStep* step, TestResult* result)
+{
+    if (!step || !result)
+        return false;
+    stepObject = {};
+    values = {};
+    WriteJsonComponent(QStringLiteral("TestStep"), step, stepObject);
+    WriteJsonResult(result, stepObject);
+    return true;
+}
+
+bool CReportBuilderJSON::EndTestStep(TestStep*)
+{
+    stepObject.insert(QStringLiteral("Values"), values);
+    steps.append(stepObject);
+    return true;
+}
+
+bool CReportBuilderJSON::BeginTestMeasurement(TestMeasurement* measurement, TestResult* result)
+{
+    if (!measurement || !result)
+        return false;
+    QJsonObject object;
+    WriteJsonComponent(QStringLiteral("TestMeasurement"), measurement, object);
+    WriteJsonResult(result, object);
+    values.append(object);
+    return true;
+}
+
+bool CReportBuilderJSON::BeginSubUnitTest()
+{
+    inSubUnitTest = true;
+    hasSubUnitTests = true;
+    return true;
+}
+
+bool CReportBuilderJSON::EndSubUnitTest()
+{
+    inSubUnitTest = false;
+    panelItems.append(programObject);
+    return true;
+}
+
+} // namespace ZYN

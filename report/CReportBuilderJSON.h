@@ -1,0 +1,60 @@
+#pragma once
+
+#include "export/CExportBuilderImp.h"
+
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonObject>
+
+namespace ZYN {
+
+/// The JSON report: one document, collected during the walk and written at its end.
+///
+/// Numbers that JSON cannot express (not-a-number, infinities) become null. Test parameters are left
+/// out. What was collected is not cleared by `Close`: a second report through the same builder repeats
+/// the items of the first.
+class CReportBuilderJSON : public CExportBuilderImp {
+public:
+    bool Open() override;
+    bool Close() override;
+
+    using CExportBuilderImp::BeginTestGroup;
+    using CExportBuilderImp::BeginTestMeasurement;
+    using CExportBuilderImp::BeginTestProgram;
+    using CExportBuilderImp::BeginTestStep;
+
+    bool BeginUUTTest(UUTTest* uutTest) override;
+    bool BeginUnitUnderTest(UnitUnderTest* unit) override;
+    bool BeginProductType(ProductType* productType) override;
+    bool BeginProductionLot(ProductionLot* lot) override;
+    bool BeginSession(ZYNSession* session) override;
+    bool BeginFixture(Fixture* fixture) override;
+
+    bool BeginTestProgram(TestProgram* program, TestResult* result) override;
+    bool EndTestProgram(TestProgram* program) override;
+    bool BeginTestGroup(TestGroup* group, TestResult* result) override;
+    bool EndTestGroup(TestGroup* group) override;
+    bool BeginTestStep(TestStep* step, TestResult* result) override;
+    bool EndTestStep(TestStep* step) override;
+    bool BeginTestMeasurement(TestMeasurement* measurement, TestResult* result) override;
+
+    bool BeginSubUnitTest() override;
+    bool EndSubUnitTest() override;
+
+private:
+    /// Where header items go: to the panel items inside one, else to the unit's own information.
+    QJsonArray& Items();
+
+    bool inSubUnitTest = false;
+    bool hasSubUnitTests = false;
+    QJsonObject programObject;
+    QJsonObject stepObject;
+    QJsonObject groupObject;
+    QJsonArray information;
+    QJsonArray panelItems;
+    QJsonArray programs;
+    QJsonArray groups;
+    QJsonArray steps;
+    QJsonArray values;
+};
+
+} // namespace ZYN
