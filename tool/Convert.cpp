@@ -74,7 +74,7 @@ QString OutputName(const Arguments& arguments, const Input& input, const QString
 }
 
 // Every output must have one source, and none may be an input: found before anything is written.
-std::optional<Problem> FindConflict(const QList<Job>& jobs)
+int CheckConflicts(const QList<Job>& jobs)
 {
     QSet<QString> inputs;
     for (const Job& job : jobs)
@@ -82,17 +82,21 @@ std::optional<Problem> FindConflict(const QList<Job>& jobs)
     QHash<QString, QString> sourceOf;
     for (const Job& job : jobs) {
         const QString& source = sourceOf[job.output];
-        if (!source.isEmpty())
-            return Problem{job.output, 0,
-                           QStringLiteral("would be made from both %1 and %2").arg(source, job.input.name),
-                           QStringLiteral("convert them into different folders")};
+        if (!source.isEmpty()) {
+            PrintProblem({job.output, 0,
+                          QStringLiteral("would be made from both %1 and %2").arg(source, job.input.name),
+                          QStringLiteral("convert them into different folders")});
+            return ExitUsage;
+        }
         sourceOf[job.output] = job.input.name;
         const QString existing = QFileInfo(job.output).canonicalFilePath();
-        if (!existing.isEmpty() && inputs.contains(existing))
-            return Problem{job.output, 0, QStringLiteral("is an input as well"),
-                           QStringLiteral("choose another name for the output")};
+        if (!existing.isEmpty() && inputs.contains(existing)) {
+            PrintProblem({job.output, 0, QStringLiteral("is an input as well"),
+                          QStringLiteral("choose another name for the output")});
+            return ExitFailed;
+        }
     }
-    return std::nullopt;
+    return ExitGood;
 }
 
 std::optional<Problem> Convert(const Job& job, const Arguments& arguments, const QString& format)
@@ -146,12 +150,13 @@ int Run(const Arguments& arguments, const Manners& manners)
     QList<Job> jobs;
     for (const Input& input : inputs)
         jobs.append({input, OutputName(arguments, input, format)});
-    std::optional<Problem> conflict = FindConflict(jobs);
-    if (!conflict && !arguments.folder.empty())
-        conflict = MakeFolders(jobs);
-    if (conflict) {
-        PrintProblem(*conflict);
-        return ExitFailed;
+    if (const int conflict = CheckConflicts(jobs))
+        return conflict;
+    if (!arguments.folder.empty()) {
+        if (const std::optional<Problem> problem = MakeFolders(jobs)) {
+            PrintProblem(*problem);
+            return ExitFailed;
+        }
     }
 
     // Text is laid out by the thread of the application only.

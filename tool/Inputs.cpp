@@ -9,30 +9,42 @@
 #include <optional>
 
 #include <sys/mman.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace ZYN::Tool {
 
 namespace {
 
-// Standard input as a file in memory that can be opened by name, as often as one likes.
-QString StandardInputPath(QList<Problem>* problems)
+// What comes through a pipe as a file in memory that can be opened by name, as often as one likes.
+// \return an empty name when it cannot be read
+QString CopyToMemory(QFile* pipe)
 {
-    static QString path;
-    if (!path.isEmpty())
-        return path;
-    const int descriptor = memfd_create("standard input", MFD_CLOEXEC);
-    QFile input;
+    const int descriptor = memfd_create("zyn input", MFD_CLOEXEC);
     QFile memory;
-    if (descriptor < 0 || !memory.open(descriptor, QIODevice::WriteOnly) ||
-        !input.open(stdin, QIODevice::ReadOnly)) {
-        problems->append({QStringLiteral("-"), 0, QStringLiteral("standard input cannot be read"), {}});
+    if (descriptor < 0 || !pipe->isOpen() || !memory.open(descriptor, QIODevice::WriteOnly))
         return QString();
-    }
-    for (QByteArray chunk = input.read(1 << 20); !chunk.isEmpty(); chunk = input.read(1 << 20))
+    for (QByteArray chunk = pipe->read(1 << 20); !chunk.isEmpty(); chunk = pipe->read(1 << 20))
         memory.write(chunk);
-    memory.close(); // flushes; the descriptor stays open
-    return path = QStringLiteral("/proc/self/fd/%1").arg(descriptor);
+    if (!memory.flush() || pipe->error() != QFileDevice::NoError)
+        return QString();
+    return QStringLiteral("/proc/self/fd/%1").arg(descriptor); // which stays open
+}
+
+bool IsPipe(const QString& path)
+{
+    struct stat status {};
+    return stat(QFile::encodeName(path).constData(), &status) == 0 && S_ISFIFO(status.st_mode);
+}
+
+QString OpenPipe(const QString& path)
+{
+    QFile pipe(path);
+    if (path == QLatin1String("-"))
+        pipe.open(stdin, QIODevice::ReadOnly);
+    else
+        pipe.open(QIODevice::ReadOnly);
+    return CopyToMemory(&pipe);
 }
 
 QList<Input> FilesOfFolder(const QString& folder, const QStringList& extensions)
@@ -56,6 +68,9 @@ std::optional<Problem> CannotRead(const QString& path)
     const QFileInfo info(path);
     if (!info.exists())
         return Problem{path, 0, QStringLiteral("there is no such file"), QStringLiteral("check the name")};
+    if (!info.isFile() && !info.isDir())
+        return Problem{path, 0, QStringLiteral("is a device"),
+                       QStringLiteral("name a file, a folder or a pipe")};
     if (!info.isReadable())
         return Problem{path, 0, QStringLiteral("cannot be read"), QStringLiteral("check its permissions")};
     return std::nullopt;
@@ -74,9 +89,11 @@ QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStri
     QList<Input> inputs;
     for (const std::string& argument : arguments) {
         const QString path = PathOf(argument);
-        if (path == QLatin1String("-")) {
-            const QString memory = StandardInputPath(problems);
-            if (!memory.isEmpty())
+        if (path == QLatin1String("-") || IsPipe(path)) {
+            const QString memory = OpenPipe(path);
+            if (memory.isEmpty())
+                problems->append({path, 0, QStringLiteral("cannot be read to its end"), {}});
+            else
                 inputs.append({memory, path, QStringLiteral("stdin")});
         } else if (const std::optional<Problem> problem = CannotRead(path)) {
             problems->append(*problem);

@@ -19,8 +19,8 @@ struct Input {
 };
 
 /// The files that the command line means: files as they are, folders with all their files of the wanted
-/// extensions (searched to the bottom, in the order of their names), "-" for standard input (read once, kept
-/// in memory). What is not there becomes a problem.
+/// extensions (searched to the bottom, in the order of their names), "-" for standard input. Pipes
+/// are read to their end at once and kept in memory. What is not there becomes a problem.
 QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStringList& extensions,
                           QList<Problem>* problems);
 
