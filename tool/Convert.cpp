@@ -202,7 +202,7 @@ Command ConvertCommand(CLI::App& app, const Manners& manners)
     convert->add_flag("--all", arguments->all, "Also what is marked as not to be reported");
     convert->add_flag("--force", arguments->force, "Replace existing files");
     convert->footer("Examples:\n"
-                    "  zyn convert panel-00007.zyr -o panel-00007.html --logo logo.png\n"
+                    "  zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png\n"
                     "  zyn convert lot/ -d csv -f csv\n"
                     "  ssh tester cat last.zyr | zyn convert - -o last.pdf");
     return {convert, [=, &manners] { return Run(*arguments, manners); },

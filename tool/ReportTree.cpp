@@ -125,7 +125,10 @@ private:
         Row row{.verdict = part.Verdict(), .branches = branches, .name = Harmless(name)};
         if (measured.result) {
             row.value = Harmless(ValueText(measured.result));
-            row.unit = Harmless(UnitText(measured.result));
+            if (!row.value.isEmpty())
+                row.unit = Harmless(UnitText(measured.result));
+            else if (measured.Verdict() == ZYN_RESULT_FAILED && measured.result->GetValidation())
+                row.value = QStringLiteral("(empty)");
             row.limits = Harmless(LimitsText(measured.result->GetValidation().data()));
             row.comment = Harmless(measured.result->GetComment());
         }
@@ -213,7 +216,9 @@ void PrintHeader(const UUTTest* test, const QString& fileName)
     const TestResultSet* run = test->GetResultSets().value(0);
     if (!run && !test->GetUUTTests().isEmpty())
         run = test->GetUUTTests().first()->GetResultSets().value(0);
-    QStringList where{test->GetStartTimeString()};
+    const QDateTime start = test->GetStartTime();
+    QStringList where{start.isValid() ? start.toString(QStringLiteral("yyyy-MM-dd HH:mm:ss"))
+                                      : test->GetStartTimeString()};
     if (run && run->GetTestProgram())
         where << (run->GetTestProgram()->GetDisplayName() + QLatin1Char(' ') +
                   run->GetTestProgram()->GetVersion())
@@ -236,6 +241,11 @@ std::optional<Problem> ShowReport(const QString& path, const QString& name, cons
     const std::unique_ptr<UUTTest> test = ReadReport(path, name, &problem);
     if (problem)
         return problem;
+    if (options.failedOnly && test->GetResult() >= 0) {
+        Print(Harmless(name) + QStringLiteral("  ") +
+              Paint(test->GetResultString(), StyleOf(test->GetResult())) + QLatin1Char('\n'));
+        return std::nullopt;
+    }
     Widths widths;
     Walker(options.failedOnly, [&](const Row& row) { widths.Take(row); }).WalkPanel(test.get());
     PrintHeader(test.get(), name);

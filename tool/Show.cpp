@@ -61,7 +61,7 @@ Command ShowCommand(CLI::App& app, const Manners&)
     show->add_flag("--json", arguments->json, "For programs: one JSON object a line");
     show->footer("Colours are used on a terminal, unless NO_COLOR is set.\n"
                  "Examples:\n"
-                 "  zyn show panel-00007.zyr\n"
+                 "  zyn show panel-0007.zyr\n"
                  "  zyn show --failed lot/ | less\n"
                  "  zyn show --json lot/ | jq -r 'select(.code < 0) | .serial'");
     return {show, [=] { return Run(*arguments); }, {}};

@@ -73,7 +73,7 @@ std::optional<Problem> WriteBins(const QString& path, bool replace)
 QList<Problem> WritePanels(const Arguments& arguments, const QDir& folder, bool showProgress)
 {
     const int threads = AllCores();
-    const int digits = qMax(5, int(QString::number(arguments.panels).size()));
+    const int digits = qMax(4, int(QString::number(arguments.panels).size()));
     QMap<int, Problem> failures;
     std::mutex failuresMutex;
     std::atomic<int> next = 0;

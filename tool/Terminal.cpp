@@ -104,7 +104,7 @@ QString PadLeft(const QString& text, int columns)
 
 QString Paint(const QString& text, Style style)
 {
-    if (style == Style::Plain || text.isEmpty() || !WantsColours())
+    if (style == Style::Plain || text.trimmed().isEmpty() || !WantsColours())
         return text;
     return QLatin1String(EscapeOf(style)) + text + QStringLiteral("\x1b[0m");
 }

@@ -119,6 +119,16 @@ QSharedPointer<TestGroup> BuildGroup(const GroupDef& def, long position, unsigne
 
 } // namespace
 
+double Resolved(double value, int digits)
+{
+    if (!std::isfinite(value))
+        return value;
+    double unit = 1.0;
+    for (int i = 0; i < digits; ++i)
+        unit *= 10.0;
+    return std::round(value * unit) / unit;
+}
+
 Blueprint::Blueprint(const QList<GroupDef>& groups)
     : m_groups(groups)
 {

@@ -21,6 +21,10 @@ inline constexpr double noLimit = std::numeric_limits<double>::quiet_NaN();
 /// How a measurement's value looks and is judged.
 enum class ValueKind { Real, Integer, Bits, Check, Text };
 
+/// What an instrument of so many decimal places shows. A division by a power of ten is correctly rounded, so
+/// the number's shortest text has no more places than that.
+double Resolved(double value, int digits);
+
 /// One measurement as its author planned it. Values are in the unit without prefix.
 struct MeasurementDef {
     long id = 0; ///< 0: the step's only measurement, shown in the step's row; takes the step's name

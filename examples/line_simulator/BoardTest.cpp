@@ -19,18 +19,6 @@ constexpr long operatorStep = 630;
 const char* const operatorComments[] = {
     "", "", "", "flux residue at J3, accepted", "label printed twice", "connector J1 pressed in by hand"};
 
-// What an instrument of so many decimal places shows. A division by a power of ten is correctly rounded, so
-// the number's shortest text has no more places than that.
-double Resolved(double value, int digits)
-{
-    if (!std::isfinite(value))
-        return value;
-    double unit = 1.0;
-    for (int i = 0; i < digits; ++i)
-        unit *= 10.0;
-    return std::round(value * unit) / unit;
-}
-
 // Plays a tester: walks the program in its order, measures, and files the results.
 class Tester {
 public:
@@ -148,6 +136,14 @@ private:
         return nullptr;
     }
 
+    // Noise grows and shrinks with the value, so that nothing measured is nothing.
+    static double Disturbed(const FaultEffect& effect, const MeasurementDef& def, double noise)
+    {
+        if (!std::isfinite(effect.value))
+            return effect.value;
+        return effect.value + def.sigma * noise * effect.value / def.nominal;
+    }
+
     QVariant Value(const StepDef& step, const MeasurementDef& def)
     {
         const FaultEffect* const effect = EffectOn(step, def);
@@ -157,10 +153,10 @@ private:
             if (step.id == operatorStep)
                 return QLatin1String(operatorComments[m_run.random.Below(std::size(operatorComments))]);
             return effect ? QString(QLatin1String(effect->text)) : def.text;
-        case ValueKind::Real: {
-            const double centre = effect ? effect->value : def.nominal + def.drift * m_run.warmth;
-            return Resolved(centre + def.sigma * noise, def.digits);
-        }
+        case ValueKind::Real:
+            return Resolved(effect ? Disturbed(*effect, def, noise)
+                                   : def.nominal + def.drift * m_run.warmth + def.sigma * noise,
+                            def.digits);
         case ValueKind::Integer:
         case ValueKind::Bits:
         case ValueKind::Check:

@@ -108,7 +108,7 @@ void ToolTest::initTestCase()
 void ToolTest::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
-    QVERIFY(QFile::copy(m_lot.filePath(QStringLiteral("panel-00001.zyr")), Path("a.zyr")));
+    QVERIFY(QFile::copy(m_lot.filePath(QStringLiteral("panel-0001.zyr")), Path("a.zyr")));
 }
 
 void ToolTest::ExitCodes_data()
@@ -160,9 +160,9 @@ void ToolTest::SimulateGivesTheSameBytes()
     QCOMPARE(lot(again, "--seed 5"), 0);
     QCOMPARE(lot(other, "--seed 6"), 0);
     const auto files = Snapshot(first.path());
-    QCOMPARE(files.keys(), Words(QStringLiteral("MCB-48.tpl bins.ini panel-00001.zyr panel-00002.zyr "
-                                                "panel-00003.zyr panel-00004.zyr panel-00005.zyr "
-                                                "panel-00006.zyr")));
+    QCOMPARE(files.keys(), Words(QStringLiteral("MCB-48.tpl bins.ini panel-0001.zyr panel-0002.zyr "
+                                                "panel-0003.zyr panel-0004.zyr panel-0005.zyr "
+                                                "panel-0006.zyr")));
     QVERIFY(files == Snapshot(again.path()));
     QVERIFY(files != Snapshot(other.path()));
     QVERIFY(files.value(QStringLiteral("MCB-48.tpl")).contains("BinId"));
@@ -314,7 +314,7 @@ void ToolTest::ShowPrintsTheTree()
 void ToolTest::ShowJsonHoldsTheNumbers()
 {
     const Outcome outcome =
-        Zyn(m_lot.path(), Words(QStringLiteral("show --json --failed panel-00001.zyr bins.ini")));
+        Zyn(m_lot.path(), Words(QStringLiteral("show --json --failed panel-0001.zyr bins.ini")));
     const QJsonObject panel =
         QJsonDocument::fromJson(outcome.output.split(QLatin1Char('\n')).first().toUtf8()).object();
     QCOMPARE(panel.value(QStringLiteral("serial")).toString(), QStringLiteral("P000001"));

@@ -1,0 +1,30 @@
+# bash completion of zyn. What can be completed is asked from the tool itself, so nothing has to be kept in step.
+
+_zyn() {
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' word
+    for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
+        [[ $word == -* ]] || { command=$word && break; }
+    done
+    case $previous in
+    -f | --format)
+        mapfile -t COMPREPLY < <(compgen -W "$(zyn formats 2>/dev/null | awk 'NR > 1 { print $1 }')" -- "${current^^}")
+        return
+        ;;
+    -d | --directory)
+        mapfile -t COMPREPLY < <(compgen -d -- "$current")
+        compopt -o filenames
+        return
+        ;;
+    esac
+    if [[ $current == -* ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$(zyn ${command:+"$command"} --help 2>/dev/null |
+            grep -oE '^ +-[^ ]+' | tr -s ' ,' '\n')" -- "$current")
+    elif [[ -z $command ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$(zyn --help 2>/dev/null |
+            sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p')" -- "$current")
+    else
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+        compopt -o filenames
+    fi
+}
+complete -F _zyn zyn
