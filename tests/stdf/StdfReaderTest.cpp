@@ -1,0 +1,301 @@
+#include "LotFiles.h"
+#include "RecordRows.h"
+
+#include "stdf/JsonPrinter.h"
+#include "stdf/TestDefaults.h"
+#include "stdf/TextPrinter.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QProcess>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+using namespace ZYN;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Bytes of a record body from tokens: "2a", "002a", "0000002a" are numbers of one, two and four bytes, the
+/// high byte first, turned round for a little-endian file; 'text' is a text with its length in front;
+/// =0f1e are bytes as they are.
+QByteArray Body(const char* tokens, bool bigEndian)
+{
+    QByteArray body;
+    for (const QByteArray& token : QByteArray(tokens).split(' ')) {
+        if (token.startsWith('\'')) {
+            const QByteArray text = token.mid(1, token.size() - 2);
+            body += static_cast<char>(text.size()) + text;
+        } else if (token.startsWith('=')) {
+            body += QByteArray::fromHex(token.mid(1));
+        } else {
+            QByteArray number = QByteArray::fromHex(token);
+            if (!bigEndian)
+                std::reverse(number.begin(), number.end());
+            body += number;
+        }
+    }
+    return body;
+}
+
+QByteArray RecordBytes(int type, int subType, const QByteArray& body, bool bigEndian)
+{
+    QByteArray header = QByteArray::fromHex(QByteArray::number(int(body.size()), 16).rightJustified(4, '0'));
+    if (!bigEndian)
+        std::reverse(header.begin(), header.end());
+    return header + static_cast<char>(type) + static_cast<char>(subType) + body;
+}
+
+QByteArray Far(bool bigEndian)
+{
+    return bigEndian ? QByteArray::fromHex("0002000a0104") : QByteArray::fromHex("0200000a0204");
+}
+
+LotFiles::Contents ReadBytes(const QByteArray& bytes)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    return LotFiles::Read(&buffer);
+}
+
+/// The lines of a file as `zyn show --json` prints them.
+QList<QByteArray> JsonLines(const QByteArray& bytes)
+{
+    QBuffer buffer;
+    buffer.setData(bytes);
+    buffer.open(QIODevice::ReadOnly);
+    Stdf::Reader reader(&buffer);
+    QList<QByteArray> lines;
+    for (Stdf::RawRecord raw; reader.Next(raw);)
+        lines += Stdf::ToJsonLine(raw, Stdf::Decode(raw, reader.IsBigEndian()));
+    if (reader.GetFault())
+        lines += Stdf::ToJsonLine(*reader.GetFault());
+    return lines;
+}
+
+/// A file of little-endian records from lines "TYPE SUBTYPE body tokens".
+QByteArray FileOf(std::initializer_list<const char*> records)
+{
+    QByteArray bytes;
+    for (const char* text : records) {
+        const QByteArrayList parts = QByteArray(text).split(' ');
+        const QByteArray tokens = parts.mid(2).join(' ');
+        bytes += RecordBytes(parts[0].toInt(), parts[1].toInt(),
+                             tokens.isEmpty() ? QByteArray() : Body(tokens, false), false);
+    }
+    return bytes;
+}
+
+constexpr const char* far = "0 10 02 04";
+constexpr const char* mir = "1 10 00000001 00000002 01 50 20 20 ffff 20 'L'";
+constexpr const char* pir = "5 10 01 01";
+constexpr const char* ptr = "15 10 00000001 01 01 00 00 3f800000 'T' '' cc";
+constexpr const char* prr = "5 20 01 01 00 0001 0000 ffff 8000 8000 00000001 'P'";
+constexpr const char* pcr = "1 30 01 01 00000001 ffffffff ffffffff 00000001";
+constexpr const char* mrr = "1 20 00000003";
+
+} // namespace
+
+class StdfReaderTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void EveryRecordType_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<int>("subType");
+        QTest::addColumn<QByteArray>("tokens");
+        QTest::addColumn<QByteArray>("json");
+        for (const RecordRows::Row& row : RecordRows::rows)
+            QTest::newRow(row.name) << row.type << row.subType << QByteArray(row.tokens)
+                                    << QByteArray(row.json);
+    }
+    void EveryRecordType()
+    {
+        QFETCH(int, type);
+        QFETCH(int, subType);
+        QFETCH(QByteArray, tokens);
+        QFETCH(QByteArray, json);
+        const QByteArray name = QByteArray(QTest::currentDataTag()).first(3);
+        for (const bool bigEndian : {false, true}) {
+            const auto lines =
+                JsonLines(Far(bigEndian) + RecordBytes(type, subType, Body(tokens, bigEndian), bigEndian));
+            QCOMPARE(lines.size(), 2);
+            QCOMPARE(lines[0], QByteArray("{\"offset\":0,\"record\":\"FAR\",\"CPU_TYPE\":") +
+                                   (bigEndian ? '1' : '2') + ",\"STDF_VER\":4}");
+            QCOMPARE(lines[1],
+                     "{\"offset\":6,\"record\":\"" + name + '"' + (json.isEmpty() ? "" : ",") + json + '}');
+        }
+    }
+
+    void DamageIsNamedWithItsPlace_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("faults");
+        const QByteArray good = FileOf({far, mir, pir, ptr, prr, pcr, mrr});
+        QTest::newRow("good") << good << QString();
+        QTest::newRow("empty") << QByteArray() << u"0: the file is empty\n"_s;
+        QTest::newRow("cut in a header")
+            << FileOf({far}) + "ab" << u"6: the file ends inside a record header\n"_s;
+        QTest::newRow("cut in a body")
+            << FileOf({far}) + QByteArray::fromHex("0500010a01")
+            << u"6: the file ends inside a record: type 1, subtype 10, 1 of 5 bytes\n"_s;
+        QTest::newRow("no FAR") << FileOf({mir, mrr}) << u"0: the file begins with MIR, not with a FAR\n"_s;
+        QTest::newRow("no MIR") << FileOf({far, pir, prr, pcr, mrr})
+                                << u"6: PIR where the MIR is expected\n"_s;
+        QTest::newRow("ATR before MIR") << FileOf({far, "0 20 00000001 'x'", mir, mrr}) << QString();
+        QTest::newRow("two MIRs") << FileOf({far, mir, mir, mrr}) << u"27: a second MIR\n"_s;
+        QTest::newRow("version 3") << FileOf({"0 10 02 03", mir, mrr})
+                                   << u"0: FAR: version 3 instead of 4\n"_s;
+        QTest::newRow("short FAR") << FileOf({"0 10 02", mir, mrr})
+                                   << u"0: FAR: it has two bytes of data, not 1\n"_s;
+        QTest::newRow("test outside")
+            << FileOf({far, mir, ptr, mrr})
+            << u"27: PTR: test 1 at head 1, site 1 belongs to no part: there is no PIR before it\n"_s;
+        QTest::newRow("test of another site")
+            << FileOf({far, mir, "5 10 01 02", ptr, "5 20 01 02 00 0000", mrr})
+            << u"33: PTR: test 1 at head 1, site 1 belongs to no part: there is no PIR before it\n"_s;
+        QTest::newRow("no PIR") << FileOf({far, mir, prr, pcr, mrr})
+                                << u"27: PRR: there is no PIR before it at head 1, site 1\n"_s;
+        QTest::newRow("no PRR") << FileOf({far, mir, pir, ptr, pir, ptr, prr, pcr, mrr})
+                                << u"53: PIR: the part at head 1, site 1 from offset 27 has no PRR\n"_s;
+        QTest::newRow("no PRR at the end") << FileOf({far, mir, pir, mrr})
+                                           << u"33: the part at head 1, site 1 from offset 27 has no PRR\n"_s;
+        QTest::newRow("two sites at once")
+            << FileOf({far, mir, pir, "5 10 01 02", ptr, prr, "5 20 01 02 00 0000", mrr}) << QString();
+        QTest::newRow("too few tests stated") << FileOf({far, mir, pir, ptr, ptr, prr, pcr, mrr})
+                                              << u"73: PRR: NUM_TEST is 1, the part has 2 tests\n"_s;
+        QTest::newRow("wrong count") << FileOf({far, mir, pir, ptr, prr, "1 30 01 01 00000002", mrr})
+                                     << u"76: PCR: PART_CNT is 2, there are 1 parts\n"_s;
+        QTest::newRow("wrong count of all sites")
+            << FileOf({far, mir, pir, ptr, prr, "1 30 ff 01 00000000", mrr})
+            << u"76: PCR: PART_CNT is 0, there are 1 parts\n"_s;
+        QTest::newRow("too many good") << FileOf({far, mir, pir, "5 20 01 01 08 0000",
+                                                  "1 30 01 01 00000001 ffffffff ffffffff 00000001", mrr})
+                                       << u"42: PCR: GOOD_CNT is 1, only 0 parts have passed\n"_s;
+        QTest::newRow("no MRR") << good.chopped(8) << u"98: the file ends without an MRR\n"_s;
+        QTest::newRow("behind the MRR") << good + FileOf({pir, prr}) << u"106: PIR follows the MRR\n"_s;
+        QTest::newRow("further stream") << good + good << QString();
+        QTest::newRow("unknown type") << FileOf({far, mir, "180 1 00", mrr}) << QString();
+        QTest::newRow("field cut off")
+            << FileOf({far, mir, "1 20 0000"}) << u"27: MRR: the record ends inside the field FINISH_T\n"_s;
+        QTest::newRow("text too long") << FileOf({far, mir, "50 30 =056162", mrr})
+                                       << u"27: DTR: the record ends inside the field TEXT_DAT\n"_s;
+        QTest::newRow("array cut off") << FileOf({far, mir, "1 70 0003 0001 0002", mrr})
+                                       << u"27: RDR: the record ends inside the field RTST_BIN\n"_s;
+        QTest::newRow("too long") << FileOf({far, mir, "5 10 01 01 07", prr, mrr})
+                                  << u"27: PIR: 1 bytes follow the last field\n"_s;
+        QTest::newRow("unknown type code") << FileOf({far, mir, "50 10 0001 09 01", mrr})
+                                           << u"27: GDR: the record ends inside the field GEN_DATA\n"_s;
+    }
+    void DamageIsNamedWithItsPlace()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, faults);
+        QCOMPARE(ReadBytes(bytes).Faults().section(u'\n', 0, 0, QString::SectionIncludeTrailingSep), faults);
+    }
+
+    void RemarksAreNoFaults()
+    {
+        const QByteArray good = FileOf({far, mir, "180 7 00", "180 7 01", mrr});
+        const auto contents = ReadBytes(good + good);
+        QCOMPARE(contents.findings.size(), 2);
+        QCOMPARE(contents.findings[0].text, u"a further stream begins here"_s);
+        QCOMPARE(contents.findings[1].text, u"4 records of the unknown type 180, subtype 7"_s);
+        QCOMPARE(contents.Faults(), QString());
+        QCOMPARE(JsonLines(good)[2],
+                 QByteArray(
+                     "{\"offset\":27,\"record\":\"unknown\",\"REC_TYP\":180,\"REC_SUB\":7,\"data\":\"00\"}"));
+    }
+
+    void LimitsComeFromTheFirstTestRecord_data()
+    {
+        QTest::addColumn<QByteArray>("later");
+        QTest::addColumn<QString>("expected");
+        QTest::newRow("nothing given")
+            << QByteArray("15 10 00000001 01 01 00 00 40000000") << u"T 1 2 -3 V"_s;
+        QTest::newRow("same text") << QByteArray("15 10 00000001 01 01 00 00 40000000 'T'")
+                                   << u"T 1 2 -3 V"_s;
+        QTest::newRow("another test")
+            << QByteArray("15 10 00000001 01 01 00 00 40000000 'U'") << u"U - - 0 "_s;
+        QTest::newRow("both by default")
+            << QByteArray("15 10 00000001 01 01 00 00 40000000 'T' '' 31 07 00 00 40a00000 40a00000")
+            << u"T 1 2 -3 V"_s;
+        QTest::newRow("no low limit")
+            << QByteArray("15 10 00000001 01 01 00 00 40000000 'T' '' 40") << u"T - 2 -3 V"_s;
+        QTest::newRow("own limits")
+            << QByteArray("15 10 00000001 01 01 00 00 40000000 'T' '' 0e 03 03 03 40400000 40800000 'A'")
+            << u"T 3 4 3 A"_s;
+        QTest::newRow("another number") << QByteArray("15 10 00000002 01 01 00 00 40000000") << u" - - 0 "_s;
+        QTest::newRow("functional test") << QByteArray("15 20 00000001 01 01 00") << u"T 1 2 -3 V"_s;
+    }
+    void LimitsComeFromTheFirstTestRecord()
+    {
+        QFETCH(QByteArray, later);
+        QFETCH(QString, expected);
+        const auto contents = ReadBytes(
+            FileOf({far, "15 10 00000001 01 01 00 00 3f800000 'T' '' 0e fd 00 00 3f800000 40000000 'V'",
+                    later.constData()}));
+        Stdf::TestDefaults defaults;
+        defaults.Complete(contents.records[1]);
+        const auto text = [](const std::optional<float>& limit) {
+            return limit ? QString::number(double(*limit)) : u"-"_s;
+        };
+        const Stdf::TestSettings settings = defaults.Complete(contents.records[2]);
+        QCOMPARE(QStringList({settings.text, text(settings.lowLimit), text(settings.highLimit),
+                              QString::number(settings.resultScale), settings.unit})
+                     .join(u' '),
+                 expected);
+    }
+
+    void GzipIsReadToo()
+    {
+        const QByteArray plain = FileOf({far, "20 20"});
+        const QByteArray member = Gzip(plain);
+        QVERIFY(member.startsWith("\x1f\x8b"));
+        QCOMPARE(ReadBytes(member + member).Names(), u"FAR EPS FAR EPS"_s);
+
+        const auto cut = ReadBytes(member.chopped(12));
+        QVERIFY(cut.fault);
+        QCOMPARE(cut.fault->text, u"the gzip data breaks off"_s);
+        QByteArray damaged = member;
+        damaged[12] = static_cast<char>(~damaged[12]);
+        QVERIFY(ReadBytes(damaged).fault);
+    }
+
+    void TextForPeople()
+    {
+        QBuffer buffer;
+        buffer.setData(
+            FileOf({far,
+                    "1 10 00000001 66471a68 01 50 20 20 ffff 20 'LOT-1' 'Board' 'TESTER-3' '' 'motor.tp' "
+                    "'1.2' '' 'Anna'",
+                    pir, "15 10 00000001 01 01 00 00 414ccccd '[1]' '' 0c 03 03 03 3f800000 43fa0000 'V'",
+                    "15 10 00000002 01 01 80 00 00000000 'No' '' cd 00 00 00 00000000 00000000 ''",
+                    "5 20 01 01 08 0002 0000 ffff 8000 8000 00003039 'SN1' 'Board'",
+                    "1 40 01 01 0001 00000001 46 'bad'",
+                    "1 30 01 01 00000001 ffffffff ffffffff 00000000 ffffffff", "1 20 66471a74"}));
+        buffer.open(QIODevice::ReadOnly);
+        Stdf::Reader reader(&buffer);
+        QStringList lines;
+        Stdf::TextPrinter printer([&](const QString& line) { lines += line; });
+        for (Stdf::RawRecord raw; reader.Next(raw);)
+            printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
+        printer.Finish(reader);
+        QCOMPARE(lines.join(u'\n'), QString::fromLatin1(RecordRows::lotAsText));
+    }
+
+private:
+    static QByteArray Gzip(const QByteArray& plain)
+    {
+        QProcess gzip;
+        gzip.start(u"gzip"_s, {u"-n9"_s});
+        gzip.write(plain);
+        gzip.closeWriteChannel();
+        gzip.waitForFinished();
+        return gzip.readAllStandardOutput();
+    }
+};
+
+QTEST_GUILESS_MAIN(StdfReaderTest)
+#include "StdfReaderTest.moc"
