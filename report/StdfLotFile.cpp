@@ -9,7 +9,7 @@ namespace {
 
 constexpr qint64 headerSize = 4;
 // Large enough that a system call costs little, small enough to stay in the processor's cache.
-constexpr qint64 windowSize = 64 * 1024;
+constexpr qint64 windowSize = 16 * 1024;
 
 constexpr quint16 Kind(int type, int subType)
 {

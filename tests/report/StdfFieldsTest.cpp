@@ -1,0 +1,403 @@
+#include "stdf/LotFiles.h"
+#include "stdf/LotModels.h"
+
+#include <ZYNCommon/MeasurementUnit.h>
+#include <ZYNCommon/UUTTest.h>
+#include <ZYNPersistence/CExportServiceReport.h>
+
+#include <QtCore/QRandomGenerator>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QTest>
+
+#include <bit>
+#include <cmath>
+#include <limits>
+
+using namespace ZYN;
+using namespace LotModels;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 unknown = 4294967295U;
+
+/// What a C*n field must hold: the first 255 UTF-16 units, '?' for what Latin-1 does not have.
+QString Encoded(const QString& text)
+{
+    QString kept = text.left(255);
+    for (QChar& character : kept) {
+        if (character.unicode() > 0xff)
+            character = u'?';
+    }
+    return kept;
+}
+
+/// A real by its bits, so that every not-a-number is told apart.
+QString Bits(float value)
+{
+    return QString::number(std::bit_cast<quint32>(value), 16);
+}
+
+/// The fields of a record as one text.
+QString Fields(const Stdf::Record& record)
+{
+    QStringList fields{QLatin1StringView(record.type->name)};
+    for (const QVariant& value : record.values)
+        fields += value.typeId() == QMetaType::Float ? Bits(value.toFloat()) : value.toString();
+    return fields.join(u'|');
+}
+
+bool Holds(float left, float right, const QString& op)
+{
+    if (std::isnan(left) || std::isnan(right))
+        return false;
+    return op == u"<="   ? left <= right
+           : op == u"<"  ? left < right
+           : op == u">=" ? left >= right
+           : op == u">"  ? left > right
+           : op == u"==" ? left == right
+                         : left != right;
+}
+
+/// The PTR of a measurement, field by field, from the plain data.
+QString ExpectedTest(uint number, const MeasurementSpec& measurement, const QString& step,
+                     const QString& group)
+{
+    float result = 0.0F;
+    float low = 0.0F;
+    float high = 0.0F;
+    uint testFlags = 2;
+    uint parameterFlags = 0;
+    uint optional = 0x01 | 0x04 | 0x08 | 0x40 | 0x80;
+    int scale = 0;
+    QString unit;
+    const bool numeric = measurement.kind == ZYN_ADDRESS_INTEGER || measurement.kind == ZYN_ADDRESS_REAL;
+    if (measurement.limits) {
+        const LimitsSpec& limits = *measurement.limits;
+        scale = limits.real ? limits.scale : 0;
+        unit = MeasurementUnit(limits.unit).ToAsciiString();
+        const auto factor = static_cast<float>(std::pow(0.1, scale));
+        const auto scaled = [&](double value) { return numeric ? static_cast<float>(value) * factor : 0.0F; };
+        const bool prefixExists = scale % 3 == 0;
+        if (prefixExists)
+            optional &= ~1U;
+        if (measurement.value.isValid()) {
+            testFlags = 0;
+            result = scaled(measurement.value.toDouble());
+        }
+        if (!limits.lowerOperator.isEmpty()) {
+            optional &= ~0x40U;
+            low = scaled(limits.lower);
+            parameterFlags |= Holds(low, result, limits.lowerOperator) ? 0U : 0x10U;
+        }
+        if (!limits.upperOperator.isEmpty()) {
+            optional &= ~0x80U;
+            high = scaled(limits.upper);
+            parameterFlags |= Holds(result, high, limits.upperOperator) ? 0U : 0x08U;
+        }
+    }
+    if (measurement.result == ZYN_RESULT_ERROR || measurement.result == ZYN_RESULT_ABORTED)
+        testFlags |= 0x20;
+    if (measurement.result == ZYN_RESULT_DONE)
+        testFlags |= 0x40;
+    if (measurement.result == ZYN_RESULT_FAILED)
+        testFlags |= 0x80;
+
+    QString text = u"["_s + measurement.ident + u"] "_s + measurement.name + u" - "_s;
+    if (measurement.name != step)
+        text += step + u" - "_s;
+    text += group;
+    const QString exponent = QString::number(-scale);
+    return QStringList{u"PTR"_s,
+                       QString::number(number),
+                       u"1"_s,
+                       u"1"_s,
+                       QString::number(testFlags),
+                       QString::number(parameterFlags),
+                       Bits(result),
+                       Encoded(text),
+                       QString(),
+                       QString::number(optional),
+                       exponent,
+                       exponent,
+                       exponent,
+                       Bits(low),
+                       Bits(high),
+                       unit}
+        .join(u'|');
+}
+
+QStringList ExpectedPart(const UnitSpec& unit, const UnitSpec& whole)
+{
+    QStringList records;
+    uint number = 0;
+    for (const GroupSpec& group : unit.groups) {
+        for (const StepSpec& step : group.steps) {
+            for (const MeasurementSpec& measurement : step.measurements) {
+                if (measurement.hasResult)
+                    records += ExpectedTest(++number, measurement, step.name, group.name);
+            }
+        }
+    }
+    if (records.isEmpty())
+        return {};
+    const int flags = unit.result == ZYN_RESULT_FAILED                                       ? 8
+                      : unit.result == ZYN_RESULT_ERROR || unit.result == ZYN_RESULT_ABORTED ? 4
+                                                                                             : 0;
+    const auto milliseconds = static_cast<quint32>(std::llround(unit.seconds * 1000));
+    records.prepend(u"PIR|1|1"_s);
+    records += QStringList{u"PRR"_s,
+                           u"1"_s,
+                           u"1"_s,
+                           QString::number(flags),
+                           QString::number(number),
+                           u"0"_s,
+                           u"65535"_s,
+                           u"-32768"_s,
+                           u"-32768"_s,
+                           QString::number(milliseconds),
+                           Encoded(unit.ident),
+                           Encoded(unit.product.isNull() ? whole.product : unit.product)}
+                   .join(u'|');
+    return records;
+}
+
+QString Seconds(const QDateTime& time)
+{
+    return QString::number(time.isValid() ? time.toSecsSinceEpoch() : 0);
+}
+
+QStringList ExpectedFile(const UnitSpec& unit)
+{
+    const QString start = Seconds(unit.start);
+    QStringList records{
+        u"FAR|2|4"_s, QStringList{u"MIR"_s, start, start, u"1"_s, u"P"_s, u" "_s, u" "_s, u"65535"_s, u" "_s,
+                                  Encoded(unit.lot), Encoded(unit.product), Encoded(unit.machine), QString(),
+                                  Encoded(unit.program), Encoded(unit.version), QString(), Encoded(unit.user)}
+                          .join(u'|')};
+    uint parts = 0;
+    uint good = 0;
+    QString finish = Seconds(unit.stop);
+    QList<UnitSpec> tested{unit};
+    tested += unit.items;
+    for (const UnitSpec& part : tested) {
+        const QStringList partRecords = ExpectedPart(part, unit);
+        records += partRecords;
+        if (!partRecords.isEmpty()) {
+            ++parts;
+            good += part.result == ZYN_RESULT_PASSED;
+        }
+        if (part.stop.isValid())
+            finish = Seconds(part.stop);
+    }
+    records += u"PCR|1|1|%1|%3|%3|%2|%3"_s.arg(QString::number(parts), QString::number(good),
+                                               QString::number(unknown));
+    records += u"MRR|"_s + finish;
+    return records;
+}
+
+/// Random units: everything that a model can hold and a record must survive.
+class Units {
+public:
+    explicit Units(quint32 seed)
+        : random(seed)
+    {
+    }
+
+    UnitSpec Any()
+    {
+        UnitSpec unit = Part();
+        unit.product = Text();
+        if (unit.product.isEmpty())
+            unit.product = u"P"_s; // the model knows no product without a name
+        unit.lot = Text();
+        unit.machine = Text();
+        unit.user = Text();
+        unit.program = Text();
+        unit.version = Text();
+        unit.start = Time();
+        unit.stop = Time();
+        if (Chance(3)) {
+            for (int items = random.bounded(4); items > 0; --items)
+                unit.items.append(Part());
+        }
+        return unit;
+    }
+
+private:
+    bool Chance(int in) { return random.bounded(in) == 0; }
+
+    template <class Value>
+    Value OneOf(std::initializer_list<Value> values)
+    {
+        return values.begin()[random.bounded(int(values.size()))];
+    }
+
+    QString Text()
+    {
+        static const QStringList pieces{u"a"_s,
+                                        u"Z9"_s,
+                                        u" - "_s,
+                                        u"%1%2"_s,
+                                        u"\n\t"_s,
+                                        u"ÄÖÿ"_s,
+                                        u"Ω"_s,
+                                        u"漢字"_s,
+                                        u"\U0001F600"_s,
+                                        QString(QChar(0xd800)),
+                                        QString(QChar(0)),
+                                        u"e\u0301"_s,
+                                        u"[1] "_s};
+        QString text;
+        const int length = OneOf({0, 1, 5, 20, 254, 255, 256, 300, 1000});
+        while (text.size() < length)
+            text += pieces.at(random.bounded(int(pieces.size())));
+        return Chance(2) ? text : text.left(length);
+    }
+
+    QDateTime Time()
+    {
+        const qint64 seconds = OneOf<qint64>({-1, 0, 1, 1715934600, 4294967295});
+        return seconds < 0 ? QDateTime() : QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+    }
+
+    double Real()
+    {
+        constexpr double infinity = std::numeric_limits<double>::infinity();
+        return OneOf({0.0, -0.0, 1.0, 0.0123, -4.7e3, 1e-300, 1e300, -1e38, 5e-324, 3.4028235e38, infinity,
+                      -infinity, std::nan(""), random.generateDouble()});
+    }
+
+    MeasurementSpec Measurement()
+    {
+        MeasurementSpec measurement;
+        measurement.ident = QString::number(random.bounded(100));
+        measurement.name = Text();
+        measurement.kind = OneOf({ZYN_ADDRESS_INTEGER, ZYN_ADDRESS_REAL, ZYN_ADDRESS_STRING});
+        measurement.result = OneOf({ZYN_RESULT_ABORTED, ZYN_RESULT_ERROR, ZYN_RESULT_FAILED,
+                                    ZYN_RESULT_NOT_TESTED, ZYN_RESULT_PASSED, ZYN_RESULT_DONE});
+        measurement.hasResult = !Chance(8);
+        const bool integer = measurement.kind == ZYN_ADDRESS_INTEGER;
+        if (!Chance(8)) {
+            measurement.value = measurement.kind == ZYN_ADDRESS_STRING ? QVariant(Text())
+                                : integer ? QVariant(OneOf({0, 1, -7, 2147483647, -2147483647 - 1}))
+                                          : QVariant(Real());
+        }
+        if (!Chance(4)) {
+            LimitsSpec limits;
+            limits.real = !integer;
+            limits.lowerOperator = OneOf({QString(), u"<="_s, u"<"_s, u"=="_s, u"!="_s, u">="_s});
+            limits.upperOperator = OneOf({QString(), u"<="_s, u"<"_s, u"=="_s, u"!="_s, u">"_s});
+            limits.lower = integer ? random.bounded(100) : Finite();
+            limits.upper = integer ? random.bounded(100) : Finite();
+            limits.scale = random.bounded(25) - 12;
+            limits.unit = random.bounded(25);
+            measurement.limits = limits;
+        }
+        return measurement;
+    }
+
+    double Finite()
+    {
+        const double value = Real();
+        return std::isfinite(value) ? value : 2.5;
+    }
+
+    UnitSpec Part()
+    {
+        UnitSpec unit;
+        unit.ident = Text();
+        unit.result = OneOf({ZYN_RESULT_ABORTED, ZYN_RESULT_ERROR, ZYN_RESULT_FAILED, ZYN_RESULT_NOT_TESTED,
+                             ZYN_RESULT_PASSED, ZYN_RESULT_DONE});
+        unit.seconds = OneOf({0.0, 0.0004, 12.3456, 4294967.295, 5000000.0});
+        unit.hasResultSet = !Chance(8);
+        for (int groups = unit.hasResultSet ? random.bounded(3) : 0; groups > 0; --groups) {
+            GroupSpec group{Text(), {}};
+            for (int steps = random.bounded(4); steps > 0; --steps) {
+                StepSpec step{Text(), {}};
+                for (int measurements = random.bounded(5); measurements > 0; --measurements) {
+                    step.measurements.append(Measurement());
+                    if (Chance(4))
+                        step.measurements.back().name = step.name;
+                }
+                group.steps.append(step);
+            }
+            unit.groups.append(group);
+        }
+        return unit;
+    }
+
+    QRandomGenerator random;
+};
+
+} // namespace
+
+class StdfFieldsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void RandomUnits_data()
+    {
+        QTest::addColumn<quint32>("seed");
+        for (quint32 seed = 1; seed <= 300; ++seed)
+            QTest::addRow("seed %u", seed) << seed;
+    }
+    void RandomUnits()
+    {
+        QFETCH(quint32, seed);
+        UnitSpec unit = Units(seed).Any();
+        const QStringList expected = ExpectedFile(unit);
+        const auto contents = Export(unit);
+        // Without a program there is no header: nothing but counts.
+        const bool program = unit.hasResultSet || std::ranges::any_of(unit.items, [](const UnitSpec& item) {
+                                 return item.hasResultSet;
+                             });
+        QStringList actual;
+        for (const Stdf::Record& record : contents.records)
+            actual += Fields(record);
+        QCOMPARE(actual.join(u'\n'), (program ? expected : expected.sliced(2)).join(u'\n'));
+        if (program)
+            QVERIFY2(contents.findings.isEmpty(), qPrintable(contents.Faults()));
+    }
+
+    void MeasurementWithoutLimits()
+    {
+        UnitSpec unit = SimpleUnit(u"SN1"_s, 1);
+        unit.groups[0].steps[0].measurements[0].limits.reset();
+        const auto test = Export(unit).Of("PTR").value(0);
+        QCOMPARE(test.Number("OPT_FLAG"), 205U);
+        QCOMPARE(test.Number("TEST_FLG"), 2U);
+        QCOMPARE(test.Value("RESULT").toFloat(), 0.0F);
+    }
+
+    void ScaledMeasurement()
+    {
+        // 12.3 mV between 1 mV and 500 mV.
+        const auto test = Export(SimpleUnit(u"SN1"_s, 1)).Of("PTR").value(0);
+        QCOMPARE(test.Value("RESULT").toFloat(), 12.3F);
+        QCOMPARE(test.Value("LO_LIMIT").toFloat(), 1.0F);
+        QCOMPARE(test.Value("HI_LIMIT").toFloat(), 500.0F);
+        QCOMPARE(test.Value("RES_SCAL").toInt(), 3);
+        QCOMPARE(test.Text("UNITS"), u"V"_s);
+        QCOMPARE(test.Text("TEST_TXT"), u"[1] Rail 1 - Supply - Power"_s);
+        QCOMPARE(test.Number("OPT_FLAG"), 12U);
+    }
+
+private:
+    LotFiles::Contents Export(const UnitSpec& unit)
+    {
+        const QString lot = folder.filePath(u"%1.stdf"_s.arg(++files));
+        CExportServiceReport service;
+        service.SetFormat(u"STDF"_s);
+        service.SetOutputFileName(lot);
+        const auto test = MakeTest(unit);
+        return service.Export(test.get()) && service.OutputComplete() ? LotFiles::Read(lot)
+                                                                      : LotFiles::Contents();
+    }
+
+    QTemporaryDir folder;
+    int files = 0;
+};
+
+QTEST_GUILESS_MAIN(StdfFieldsTest)
+#include "StdfFieldsTest.moc"
