@@ -4,6 +4,7 @@
 
 #include "report/CReportBuilderJSON.h"
 #include "report/CReportBuilderSTDF.h"
+#include "testplan/CTestPlanBuilderXML.h"
 
 #include <algorithm>
 #include <array>
@@ -96,9 +97,9 @@ IExportBuilder* CreateStatisticsBuilder(const QString& format)
     return CreateFrom(statisticsFormats, format);
 }
 
-IExportBuilder* CreateTestPlanBuilder(const QString&, bool)
+IExportBuilder* CreateTestPlanBuilder(const QString&, bool excludeBinIds)
 {
-    return nullptr;
+    return new CTestPlanBuilderXML(excludeBinIds);
 }
 
 QString ExtensionForFormat(const QString& format)
