@@ -2,8 +2,11 @@
 
 #include "IExportBuilder.h"
 
+#include "report/CReportBuilderCSV.h"
+#include "report/CReportBuilderHTML.h"
 #include "report/CReportBuilderJSON.h"
 #include "report/CReportBuilderSTDF.h"
+#include "report/CReportBuilderTXT.h"
 #include "testplan/CTestPlanBuilderXML.h"
 
 #include <algorithm>
@@ -44,11 +47,11 @@ struct ReportFormat {
 
 // A file name gets the first format, from the top, one of whose marks it holds anywhere.
 constexpr ReportFormat reportFormats[] = {
-    {{"CSV"_L1}, "csv"_L1, {".csv"_L1}, nullptr},
-    {{"TXT"_L1, "ASCII"_L1, "TEXT"_L1}, "txt"_L1, {".txt"_L1}, nullptr},
+    {{"CSV"_L1}, "csv"_L1, {".csv"_L1}, Create<CReportBuilderCSV>},
+    {{"TXT"_L1, "ASCII"_L1, "TEXT"_L1}, "txt"_L1, {".txt"_L1}, Create<CReportBuilderTXT>},
     {{"XML"_L1, ""_L1, "DEFAULT"_L1}, "zyr"_L1, {".xml"_L1, ".zyr"_L1}, nullptr},
     {{"PDF"_L1}, "pdf"_L1, {".pdf"_L1}, nullptr},
-    {{"HTML"_L1}, "html"_L1, {".html"_L1}, nullptr},
+    {{"HTML"_L1}, "html"_L1, {".html"_L1}, Create<CReportBuilderHTML>},
     {{"JSON"_L1}, "json"_L1, {".json"_L1}, Create<CReportBuilderJSON>},
     // ".std" is part of ".stdf" and comes first; both names mean the same builder.
     {{"STD"_L1}, "std"_L1, {".std"_L1}, CreateLotFileBuilder},

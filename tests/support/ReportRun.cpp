@@ -20,11 +20,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ReportFileName(const QString& format)
-{
-    return u"report."_s + FormatRegistry::ExtensionForFormat(format);
-}
-
 QString CopyLogo(const QString& folder)
 {
     const QString logo = folder + u"/media/ReportLogo.png"_s;
@@ -34,6 +29,11 @@ QString CopyLogo(const QString& folder)
 }
 
 } // namespace
+
+QString ReportFileName(const QString& format)
+{
+    return u"report."_s + FormatRegistry::ExtensionForFormat(format);
+}
 
 ReportRun ExportSample(const QString& format, const SampleModels::ReportCase& sample, const QString& folder)
 {

@@ -19,6 +19,9 @@ struct ReportRun {
     QString error;
 };
 
+/// "report.<extension>".
+QString ReportFileName(const QString& format);
+
 /// Exports a sample through the registry's builder of a format into "report.<extension>" of a folder,
 /// under the sample's settings, clock and version. A logo is copied to "media/ReportLogo.png" there.
 ReportRun ExportSample(const QString& format, const SampleModels::ReportCase& sample, const QString& folder);
