@@ -1,0 +1,189 @@
+/// Who owns what, in every order of destruction. The sanitizers are the judge.
+
+#include <ZYNCommon/CtrlAttributes.h>
+#include <ZYNCommon/TestComponentAttr.h>
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestParameter.h>
+#include <ZYNCommon/TestPlanCategory.h>
+#include <ZYNCommon/TestPlanData.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestResultSet.h>
+#include <ZYNCommon/TestStep.h>
+
+#include <QtTest/QTest>
+
+#include <memory>
+
+using namespace ZYN;
+
+namespace {
+
+/// A program with one component of each kind.
+struct Components {
+    QSharedPointer<TestProgram> program{new TestProgram(1, QStringLiteral("program"), 0)};
+    QSharedPointer<TestGroup> group{
+        new TestGroup(2, QStringLiteral("group"), nullptr, 0, -1, ZYN_GROUP_USER, nullptr)};
+    QSharedPointer<TestParameter> parameter{
+        new TestParameter(3, QStringLiteral("parameter"), ZYN_ADDRESS_REAL, nullptr, 0, -1)};
+    QSharedPointer<TestStep> step{new TestStep(4, QStringLiteral("step"), nullptr, 0, -1, QString())};
+    QSharedPointer<TestMeasurement> measurement{
+        new TestMeasurement(5, QStringLiteral("measurement"), ZYN_ADDRESS_REAL, nullptr, 0, -1)};
+
+    Components()
+    {
+        program->AddGroup(group);
+        group->AddParameter(parameter);
+        group->AddStep(step);
+        step->AddMeasurement(measurement);
+    }
+};
+
+constexpr int Deep = 100000;
+
+} // namespace
+
+class LifetimeTest : public QObject {
+    Q_OBJECT
+private slots:
+    void addingAChildMakesItPartOfTheProgram();
+    void aChildOutlivesItsParents();
+    void aChildThatWasNeverAddedOutlivesItsParent();
+    void aResultWithdrawsItselfFromItsComponent();
+    void aResultKeepsItsComponent();
+    void componentsKeepOnlyTheirOwnResults();
+    void aResultIsOwnedByOneSet();
+    void deepAttributesAreFreed();
+    void deepPlansAreFreed();
+};
+
+void LifetimeTest::addingAChildMakesItPartOfTheProgram()
+{
+    const Components c;
+    QCOMPARE(c.measurement->GetTestProgram(), c.program.data());
+    QCOMPARE(c.parameter->GetTestProgram(), c.program.data());
+    QCOMPARE(c.group->GetChildren(), (QList<TestComponent*>{c.parameter.data(), c.step.data()}));
+    QVERIFY(c.program->GetGroupForIndex(1).isNull());
+    QVERIFY(c.program->GetGroupForIndex(-1).isNull());
+    QCOMPARE(c.step->GetMeasurementForID(5), c.measurement);
+    QVERIFY(c.step->GetMeasurementForID(6).isNull());
+    QCOMPARE(c.step->AddMeasurement(nullptr), -1);
+
+    const auto namesake = QSharedPointer<TestMeasurement>::create(5, QStringLiteral("second"),
+                                                                  ZYN_ADDRESS_REAL, nullptr, 0u, -1);
+    QCOMPARE(c.step->AddMeasurement(namesake), 1);
+    QCOMPARE(c.step->GetMeasurementForID(5), c.measurement);
+}
+
+void LifetimeTest::aChildOutlivesItsParents()
+{
+    Components c;
+    c.step.reset();
+    c.group.reset();
+    QCOMPARE(c.measurement->GetTestProgram(), c.program.data());
+    c.program.reset();
+    QCOMPARE(c.measurement->GetTestProgram(), nullptr);
+    QCOMPARE(c.parameter->GetTestProgram(), nullptr);
+}
+
+void LifetimeTest::aChildThatWasNeverAddedOutlivesItsParent()
+{
+    auto step = std::make_unique<TestStep>(1, QStringLiteral("step"), nullptr, 0, -1, QString());
+    const TestMeasurement measurement(2, QStringLiteral("m"), ZYN_ADDRESS_REAL, step.get(), 0, -1);
+    step.reset();
+    QCOMPARE(measurement.GetTestProgram(), nullptr);
+}
+
+void LifetimeTest::aResultWithdrawsItselfFromItsComponent()
+{
+    const Components c;
+    auto first = std::make_unique<TestResult>(c.measurement);
+    auto second = std::make_unique<TestResult>(c.measurement);
+    second->SetResult(ZYN_RESULT_FAILED);
+    c.measurement->SetResult(first.get());
+    c.measurement->SetResult(second.get());
+    first.reset();
+    QCOMPARE(c.measurement->GetResult(), second.get());
+    second.reset();
+    QCOMPARE(c.measurement->GetResult(), nullptr);
+    QCOMPARE(c.measurement->resultState, ZYN_RESULT_FAILED);
+}
+
+void LifetimeTest::aResultKeepsItsComponent()
+{
+    auto set = std::make_unique<TestResultSet>(nullptr, nullptr);
+    {
+        Components c;
+        auto* const result = new TestResult(c.measurement);
+        set->AddResult(result);
+        c.measurement->SetResult(result);
+    }
+    QCOMPARE(set->GetResults().first()->GetComponent()->GetName(), QStringLiteral("measurement"));
+    set.reset();
+}
+
+void LifetimeTest::componentsKeepOnlyTheirOwnResults()
+{
+    const Components c;
+    auto foreign = std::make_unique<TestResult>(c.step);
+    foreign->SetResult(ZYN_RESULT_PASSED);
+    c.measurement->SetResult(foreign.get());
+    foreign.reset();
+    QCOMPARE(c.measurement->GetResult(), nullptr);
+    QCOMPARE(c.measurement->resultState, ZYN_RESULT_NOT_TESTED);
+}
+
+void LifetimeTest::aResultIsOwnedByOneSet()
+{
+    const Components c;
+    TestResultSet first(c.program, nullptr);
+    TestResultSet second(c.program, nullptr);
+    auto* const result = new TestResult(c.measurement);
+    first.AddResult(result);
+    first.AddResult(result);
+    second.AddResult(result);
+    QCOMPARE(first.GetResults().size(), 1);
+    QVERIFY(second.GetResults().isEmpty());
+
+    // Of several results of one component the last one counts, all are freed with the set.
+    auto* const repeated = new TestResult(c.measurement);
+    first.AddResult(repeated);
+    QCOMPARE(first.GetResult(c.measurement.data()), repeated);
+    first.AddResult(new TestResult(nullptr));
+    first.AddResult(nullptr);
+    QCOMPARE(first.GetResults().size(), 3);
+    QCOMPARE(first.GetResult(nullptr), nullptr);
+}
+
+void LifetimeTest::deepAttributesAreFreed()
+{
+    CtrlAttributes attributes;
+    auto* item = new TestComponentAttr(QStringLiteral("top"), TestComponentAttr::Category);
+    attributes.AddAttribute(item);
+    for (int depth = 0; depth < Deep; ++depth) {
+        auto* const child = new TestComponentAttr(QString(), TestComponentAttr::Category);
+        item->AddChild(new TestComponentAttr(QString(), TestComponentAttr::Integer, depth));
+        item->AddChild(child);
+        item = child;
+    }
+    QCOMPARE(attributes.GetAttributes().first()->GetChildren().size(), 2);
+}
+
+void LifetimeTest::deepPlansAreFreed()
+{
+    auto top = std::make_unique<TestPlanCategory>(QStringLiteral("top"));
+    TestPlanCategory* category = top.get();
+    for (int depth = 0; depth < Deep; ++depth) {
+        auto* const data = new TestPlanData;
+        auto* const child = new TestPlanCategory(QString());
+        data->AddCategory(new TestPlanCategory(QStringLiteral("without content")));
+        data->AddCategory(child);
+        category->SetAttributes(data);
+        category = child;
+    }
+    QCOMPARE(top->GetAttributes()->GetCategories().size(), 2);
+}
+
+QTEST_APPLESS_MAIN(LifetimeTest)
+#include "LifetimeTest.moc"

@@ -1,0 +1,289 @@
+/// Mean, sigma, capability: against certified figures, and what is left out of them.
+
+#include <ZYNCommon/StatisticsData.h>
+#include <ZYNCommon/StatisticsDataDecoration.h>
+#include <ZYNCommon/TestComponentFactory.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/ValidationInterface.h>
+
+#include <QtTest/QTest>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+using namespace ZYN;
+
+namespace {
+
+using Values = QList<double>;
+using Limits = QSharedPointer<ValidationInterface>;
+
+constexpr double NaN = std::numeric_limits<double>::quiet_NaN();
+constexpr double Infinity = std::numeric_limits<double>::infinity();
+
+Limits Real(const char* lowerOp, double lower, const char* upperOp, double upper, int factor = 0)
+{
+    return Limits(TestComponentFactory::CreateValidationReal(MeasurementUnit::Volt, lowerOp, upperOp, lower,
+                                                             upper, -1, -1, -1, -1, -1, -1, factor, NaN));
+}
+
+Limits Integer(int unit, int lower, int upper)
+{
+    return Limits(
+        TestComponentFactory::CreateValidationInt(unit, "<=", "<=", lower, upper, -1, -1, -1, -1, -1, -1));
+}
+
+/// `first`, then `low` and `high` in turn, 1001 values in all: the pattern of the reference sets NumAcc2
+/// to 4.
+Values Alternating(double first, double low, double high)
+{
+    Values values{first};
+    for (int i = 0; i < 500; ++i)
+        values << low << high;
+    return values;
+}
+
+/// A. A. Michelson's 100 measurements of the speed of light of 1879, in 1000 km/s.
+Values SpeedOfLight()
+{
+    constexpr int beyond299[] = {
+        850,  740, 900, 1070, 930, 850, 950, 980, 980, 880, 1000, 980, 930, 650, 760, 810, 1000,
+        1000, 960, 960, 960,  940, 960, 940, 880, 800, 850, 880,  900, 840, 830, 790, 810, 880,
+        880,  830, 800, 790,  760, 800, 880, 880, 880, 860, 720,  720, 620, 860, 970, 950, 880,
+        910,  850, 870, 840,  840, 850, 840, 840, 840, 890, 810,  810, 820, 800, 770, 760, 740,
+        750,  760, 910, 920,  890, 860, 880, 720, 840, 850, 850,  780, 890, 840, 780, 810, 760,
+        810,  790, 810, 820,  850, 870, 870, 810, 740, 810, 940,  950, 800, 810, 870};
+    Values values;
+    for (const int thousandth : beyond299)
+        values << (299000 + thousandth) / 1000.0;
+    return values;
+}
+
+/// Number of correct decimal digits.
+double LogRelativeError(double figure, double certified)
+{
+    return figure == certified ? 15.0 : -std::log10(std::abs(figure - certified) / std::abs(certified));
+}
+
+void Add(StatisticsData& data, const QVariant& value, const Limits& limits = Limits())
+{
+    data.AddValue(ZYN_RESULT_DONE, value, limits);
+}
+
+QString Texts(const StatisticsData& data, bool scaled)
+{
+    StatisticsDataDecoration texts(&data);
+    texts.SetUseScaledData(scaled);
+    return QStringList{texts.GetMin(), texts.GetMax(),        texts.GetAverage(),    texts.GetSigma(),
+                       texts.GetCPK(), texts.GetLowerLimit(), texts.GetUpperLimit(), texts.GetUnitString()}
+        .join(QLatin1Char('|'));
+}
+
+} // namespace
+
+class StatisticsFiguresTest : public QObject {
+    Q_OBJECT
+private slots:
+    void certifiedFigures_data();
+    void certifiedFigures();
+    void whatIsCountedButNotAveraged();
+    void onlyOneValue();
+    void hugeValues();
+    void capability_data();
+    void capability();
+    void limitsThatChange();
+    void resultsOnDemand();
+    void texts_data();
+    void texts();
+};
+
+// NIST Statistical Reference Datasets, univariate summary statistics: values and certified figures.
+void StatisticsFiguresTest::certifiedFigures_data()
+{
+    QTest::addColumn<Values>("values");
+    QTest::addColumn<double>("mean");
+    QTest::addColumn<double>("sigma");
+    QTest::addColumn<double>("digits");
+    QTest::newRow("Michelso") << SpeedOfLight() << 299.8524 << 0.0790105478190518 << 13.0;
+    QTest::newRow("NumAcc1") << Values{10000001, 10000003, 10000002} << 10000002.0 << 1.0 << 15.0;
+    QTest::newRow("NumAcc2") << Alternating(1.2, 1.1, 1.3) << 1.2 << 0.1 << 15.0;
+    // The last two sets cannot be held in binary numbers exactly: their own sigma deviates this far.
+    QTest::newRow("NumAcc3") << Alternating(1000000.2, 1000000.1, 1000000.3) << 1000000.2 << 0.1 << 9.4;
+    QTest::newRow("NumAcc4") << Alternating(10000000.2, 10000000.1, 10000000.3) << 10000000.2 << 0.1 << 8.2;
+}
+
+void StatisticsFiguresTest::certifiedFigures()
+{
+    QFETCH(Values, values);
+    QFETCH(double, mean);
+    QFETCH(double, sigma);
+    QFETCH(double, digits);
+    StatisticsData data(nullptr);
+    for (const double value : values)
+        Add(data, value);
+    const double meanDigits = LogRelativeError(data.GetMean(), mean);
+    const double sigmaDigits = LogRelativeError(data.GetSigma(), sigma);
+    qInfo("correct digits: mean %.1f, sigma %.1f", meanDigits, sigmaDigits);
+    QVERIFY(meanDigits >= 15.0);
+    QVERIFY(sigmaDigits >= digits);
+}
+
+void StatisticsFiguresTest::whatIsCountedButNotAveraged()
+{
+    StatisticsData data(nullptr);
+    QVERIFY(!data.HasStatisticDetails());
+    for (const QVariant& value : {QVariant(NaN), QVariant(Infinity), QVariant(-Infinity), QVariant(true),
+                                  QVariant(QStringLiteral("12")), QVariant()})
+        data.AddValue(ZYN_RESULT_FAILED, value, nullptr);
+    QVERIFY(!data.HasStatisticDetails());
+    QCOMPARE(data.Size(), 6);
+    QCOMPARE(data.GetNrFail(), 6);
+    QCOMPARE(Texts(data, true), QStringLiteral("|||||||"));
+
+    for (const int code : {1, 6, 0, 2, -5})
+        data.AddValue(static_cast<EN_ZYN_RESULT>(code), 4, nullptr);
+    QCOMPARE(data.GetNrPass(), 1);
+    QCOMPARE(data.GetNrFail(), 7);
+    QCOMPARE(data.GetValueCount(), 5);
+    QCOMPARE(data.GetMean(), 4.0);
+    QCOMPARE(data.GetSigma(), 0.0);
+}
+
+void StatisticsFiguresTest::onlyOneValue()
+{
+    StatisticsData data(nullptr);
+    Add(data, -2.5, Real("<=", -3, "<=", 3));
+    QVERIFY(data.HasStatisticDetails());
+    QVERIFY(std::isnan(data.GetSigma()));
+    QCOMPARE(Texts(data, false), QStringLiteral("-2.5|-2.5|-2.5|||-3|3|V"));
+}
+
+void StatisticsFiguresTest::hugeValues()
+{
+    constexpr double largest = std::numeric_limits<double>::max();
+    StatisticsData data(nullptr);
+    for (const double value : {largest, -largest, largest, -largest})
+        Add(data, value);
+    QCOMPARE(data.GetMean(), 0.0);
+    QCOMPARE(data.GetMaximum(), largest);
+
+    StatisticsData integers(nullptr); // an offset that no double could hold together with the spread
+    for (const qlonglong value : {1ll, 2ll, 3ll})
+        Add(integers, value + 1000000000000000ll);
+    QCOMPARE(integers.GetSigma(), 1.0);
+}
+
+void StatisticsFiguresTest::capability_data()
+{
+    QTest::addColumn<Limits>("limits");
+    QTest::addColumn<Values>("values");
+    QTest::addColumn<double>("cpk");
+    const Values values{9, 10, 11}; // mean 10, sigma 1
+    QTest::newRow("upper is nearer") << Real("<=", 1, "<=", 13) << values << 1.0;
+    QTest::newRow("lower is nearer") << Real("<", 8.5, "<", 13) << values << 0.5;
+    QTest::newRow("only lower") << Real("<=", 4, "", 0) << values << 2.0;
+    QTest::newRow("only upper") << Real("", 0, "<=", 16) << values << 2.0;
+    QTest::newRow("outside the limits") << Real("<=", 1, "<=", 7) << values << -1.0;
+    QTest::newRow("integers") << Integer(0, 7, 100) << values << 1.0;
+    QTest::newRow("no limits") << Limits() << values << NaN;
+    QTest::newRow("limits that are no bounds") << Real("==", 10, "!=", 11) << values << NaN;
+    QTest::newRow("infinite limit") << Real("<=", 7, "<=", Infinity) << values << 1.0;
+    QTest::newRow("sigma 0") << Real("<=", 1, "<=", 13) << Values{10, 10} << NaN;
+    QTest::newRow("one value") << Real("<=", 1, "<=", 13) << Values{10} << NaN;
+    QTest::newRow("no value") << Real("<=", 1, "<=", 13) << Values{} << NaN;
+    const Limits inverted = Real("<=", 1, "<=", 13);
+    inverted->SetResultInverted(true);
+    QTest::newRow("inverted") << inverted << values << NaN;
+    QTest::newRow("text") << Limits(TestComponentFactory::CreateValidationString(0, "<=", QStringLiteral("9"),
+                                                                                 -1, -1, -1, -1))
+                          << values << NaN;
+}
+
+void StatisticsFiguresTest::capability()
+{
+    QFETCH(Limits, limits);
+    QFETCH(Values, values);
+    StatisticsData data(nullptr);
+    for (const double value : values)
+        Add(data, value, limits);
+    QTEST(data.GetCpk(), "cpk");
+}
+
+void StatisticsFiguresTest::limitsThatChange()
+{
+    StatisticsData data(nullptr);
+    Add(data, 9.0, Real("<=", 1, "<=", 11));
+    Add(data, 10.0, Real("<=", 1, "<=", 11));
+    Add(data, 11.0);
+    QVERIFY(!data.HaveLimitsChanged());
+    const double before = data.GetCpk();
+    Add(data, 10.0, Real("<=", 1, "<=", 13));
+    QVERIFY(data.HaveLimitsChanged());
+    QVERIFY(data.GetCpk() > before);
+    QCOMPARE(data.GetValidation()->GetUpperLimit().toDouble(), 13.0);
+
+    StatisticsData sharper(nullptr);
+    Add(sharper, 1.0, Real("<=", 1, "<=", 2));
+    Add(sharper, 1.0, Real("<", 1, "<=", 2));
+    QVERIFY(sharper.HaveLimitsChanged());
+}
+
+void StatisticsFiguresTest::resultsOnDemand()
+{
+    const auto measurement =
+        QSharedPointer<TestMeasurement>::create(1, QString(), ZYN_ADDRESS_INTEGER, nullptr, 0u, -1);
+    StatisticsData data(measurement);
+    const QList<QVariant> values{QVariant(0.1),
+                                 QVariant(std::numeric_limits<qlonglong>::min()),
+                                 QVariant(std::numeric_limits<qulonglong>::max()),
+                                 QVariant(QStringLiteral("v1")),
+                                 QVariant(),
+                                 QVariant(-Infinity)};
+    for (const QVariant& value : values)
+        data.AddValue(ZYN_RESULT_FAILED, value, Integer(MeasurementUnit::Hexadecimal, 0, 255));
+    for (int i = 0; i < values.size(); ++i) {
+        QCOMPARE(data.GetResult(i)->GetValue(), values.at(i));
+        QCOMPARE(data.GetResult(i)->GetResult(), ZYN_RESULT_FAILED);
+    }
+    QCOMPARE(data.GetResult(2)->GetValueString(nullptr), QStringLiteral("ffffffffffffffff"));
+    QCOMPARE(data.GetResult(-1), nullptr);
+    QCOMPARE(data.GetResult(int(values.size())), nullptr);
+    QCOMPARE(measurement->GetResult(), nullptr);
+}
+
+void StatisticsFiguresTest::texts_data()
+{
+    QTest::addColumn<Limits>("limits");
+    QTest::addColumn<Values>("values");
+    QTest::addColumn<bool>("scaled");
+    QTest::addColumn<QString>("texts");
+    const Values millivolts{0.0031, 0.0033, 0.0034};
+    QTest::newRow("plain") << Real("<=", 0.003, "<=", 0.0036, -3) << millivolts << false
+                           << QStringLiteral(
+                                  "0.0031|0.0034|0.00326666667|0.000152753|0.581909|0.003|0.0036|V");
+    QTest::newRow("scaled") << Real("<=", 0.003, "<=", 0.0036, -3) << millivolts << true
+                            << QStringLiteral("3.1|3.4|3.26666667|0.152753|0.581909|3|3.6|mV");
+    QTest::newRow("large with a small spread")
+        << Limits() << Values{1e9, 1e9 + 0.001, 1e9 + 0.002} << false
+        << QStringLiteral("1000000000|1000000000.002|1000000000.001|0.001||||");
+    QTest::newRow("status words") << Integer(MeasurementUnit::Hexadecimal, 0, 255) << Values{16, 255, 17}
+                                  << true << QStringLiteral("10|ff|96|137.699|0.232391|0|ff|hex");
+    QTest::newRow("equal values") << Limits() << Values{0.1, 0.1, 0.1} << false
+                                  << QStringLiteral("0.1|0.1|0.1|0||||");
+}
+
+void StatisticsFiguresTest::texts()
+{
+    QFETCH(Limits, limits);
+    QFETCH(Values, values);
+    QFETCH(bool, scaled);
+    StatisticsData data(nullptr);
+    for (const double value : values)
+        Add(data, value, limits);
+    QTEST(Texts(data, scaled), "texts");
+}
+
+QTEST_APPLESS_MAIN(StatisticsFiguresTest)
+#include "StatisticsFiguresTest.moc"
