@@ -129,8 +129,7 @@ void TestPlanTest::limitsOfTheProgramItselfFitAgain()
 void TestPlanTest::limitsAreReplaced()
 {
     Program program;
-    const QString lower = QStringLiteral("LowerLimit");
-    QVERIFY(program.Limits()->GetPropertyNames().contains(lower));
+    const QString lower = QStringLiteral("Lower");
     program.plan.AddValidation(rail, Data({{lower, QStringLiteral("1.5")}, {QStringLiteral("Nonsense"), 1}}));
     program.plan.AddValidation(QStringLiteral("5"), Data({{lower, 1.5}}));
     const auto applied = program.Apply();
