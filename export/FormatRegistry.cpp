@@ -5,6 +5,7 @@
 #include "report/CReportBuilderCSV.h"
 #include "report/CReportBuilderHTML.h"
 #include "report/CReportBuilderJSON.h"
+#include "report/CReportBuilderPDF.h"
 #include "report/CReportBuilderSTDF.h"
 #include "report/CReportBuilderTXT.h"
 #include "testplan/CTestPlanBuilderXML.h"
@@ -50,7 +51,7 @@ constexpr ReportFormat reportFormats[] = {
     {{"CSV"_L1}, "csv"_L1, {".csv"_L1}, Create<CReportBuilderCSV>},
     {{"TXT"_L1, "ASCII"_L1, "TEXT"_L1}, "txt"_L1, {".txt"_L1}, Create<CReportBuilderTXT>},
     {{"XML"_L1, ""_L1, "DEFAULT"_L1}, "zyr"_L1, {".xml"_L1, ".zyr"_L1}, nullptr},
-    {{"PDF"_L1}, "pdf"_L1, {".pdf"_L1}, nullptr},
+    {{"PDF"_L1}, "pdf"_L1, {".pdf"_L1}, Create<CReportBuilderPDF>},
     {{"HTML"_L1}, "html"_L1, {".html"_L1}, Create<CReportBuilderHTML>},
     {{"JSON"_L1}, "json"_L1, {".json"_L1}, Create<CReportBuilderJSON>},
     // ".std" is part of ".stdf" and comes first; both names mean the same builder.

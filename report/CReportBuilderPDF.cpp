@@ -1,0 +1,138 @@
+// PDF with the printer's default page and margins. The layout is what Qt's rich text makes of the HTML
+// report; see there for columns, units and what is left out.
+
+#include "CReportBuilderPDF.h"
+
+#include "CReportBuilderHTML.h"
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QLoggingCategory>
+#include <QtCore5Compat/QTextCodec>
+#include <QtGui/QGuiApplication>
+#include <QtGui/QImage>
+#include <QtGui/QTextDocument>
+#include <QtPrintSupport/QPrinter>
+
+namespace ZYN {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logPdf, "zyn.report.pdf")
+
+/// A document that loads one picture and nothing else: measured texts reach the HTML unescaped, and an
+/// `<img>` in a name must not make this process read a file, a device or a pipe.
+class ReportDocument : public QTextDocument {
+public:
+    explicit ReportDocument(const QString& logoPath)
+        : logo(logoPath)
+    {
+    }
+
+protected:
+    QVariant loadResource(int type, const QUrl& name) override
+    {
+        if (type != QTextDocument::ImageResource)
+            return QByteArray();
+        if (!logo.isEmpty() && IsLogo(name) && QFileInfo(logo).isFile()) {
+            if (QImage picture(logo); !picture.isNull())
+                return picture;
+        }
+        // A null picture would make the layout look for the file on its own.
+        QImage blank(1, 1, QImage::Format_ARGB32);
+        blank.fill(Qt::transparent);
+        return blank;
+    }
+
+private:
+    bool IsLogo(const QUrl& name) const { return name == QUrl(logo) || name == QUrl::fromLocalFile(logo); }
+
+    const QString logo;
+};
+
+} // namespace
+
+CReportBuilderPDF::CReportBuilderPDF()
+    : CExportBuilderDelegation(new CReportBuilderHTML)
+    , html(static_cast<CReportBuilderHTML*>(target))
+{
+    html->SetDevice(&buffer);
+}
+
+CReportBuilderPDF::~CReportBuilderPDF()
+{
+    // The buffer goes before the HTML builder does.
+    html->SetDevice(nullptr);
+}
+
+void CReportBuilderPDF::SetProperty(const QString& key, const QString& value)
+{
+    if (logo.isEmpty() && key == QLatin1String("ReportLogo"))
+        logo = value;
+    CExportBuilderDelegation::SetProperty(key, value);
+}
+
+void CReportBuilderPDF::SetDevice(QIODevice*)
+{
+}
+
+bool CReportBuilderPDF::OpenFile(const QString& fileName)
+{
+    outputFileName = fileName;
+    complete = false;
+    // Each document starts with an empty buffer, also after one that broke off.
+    html->SetDevice(nullptr);
+    html->SetOpened(false);
+    buffer.setData(QByteArray());
+    html->SetDevice(&buffer);
+    return true;
+}
+
+bool CReportBuilderPDF::Close()
+{
+    if (!CExportBuilderDelegation::Close())
+        return false;
+    Print();
+    complete = html->OutputComplete() && !outputFileName.isEmpty() && IsWholePdf();
+    return true;
+}
+
+bool CReportBuilderPDF::OutputComplete() const
+{
+    return complete;
+}
+
+void CReportBuilderPDF::Print()
+{
+    if (outputFileName.isEmpty())
+        return;
+    if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
+        qCWarning(logPdf, "A PDF report needs a QGuiApplication for its fonts; no file is made.");
+        return;
+    }
+    // Emptied first: what stands there afterwards is then the printer's.
+    if (QFile file(outputFileName); !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        qCWarning(logPdf, "Cannot write the PDF report: %ls", qUtf16Printable(file.errorString()));
+        return;
+    }
+
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(outputFileName);
+
+    const QByteArray bytes = buffer.data();
+    ReportDocument document(logo);
+    document.setHtml(Qt::codecForHtml(bytes)->toUnicode(bytes));
+    document.print(&printer);
+}
+
+bool CReportBuilderPDF::IsWholePdf() const
+{
+    QFile file(outputFileName);
+    if (!file.open(QIODevice::ReadOnly) || file.read(5) != "%PDF-")
+        return false;
+    constexpr qint64 tail = 32;
+    return file.seek(qMax(qint64(0), file.size() - tail)) && file.readAll().trimmed().endsWith("%%EOF");
+}
+
+} // namespace ZYN

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "export/CExportBuilderDelegation.h"
+#include "export/IOutputState.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QString>
+
+namespace ZYN {
+
+class CReportBuilderHTML;
+
+/// The PDF report: the HTML report, collected in memory, laid out by `QTextDocument` and printed when
+/// the document is closed.
+///
+/// Needs a `QGuiApplication`; without one, says so in the log and makes no file. The whole report is
+/// held in memory twice. Of what the HTML names, only the report logo is loaded.
+class CReportBuilderPDF : public CExportBuilderDelegation, public IOutputState {
+public:
+    CReportBuilderPDF();
+    ~CReportBuilderPDF() override;
+
+    /// Also remembers the logo, the one file that the document may load.
+    void SetProperty(const QString& key, const QString& value) override;
+    /// Ignored: the HTML always goes to memory.
+    void SetDevice(QIODevice* device) override;
+    /// Only takes the name; the file is made by `Close`.
+    bool OpenFile(const QString& fileName) override;
+    bool Close() override;
+    bool OutputComplete() const override;
+
+private:
+    void Print();
+    bool IsWholePdf() const;
+
+    CReportBuilderHTML* html;
+    QBuffer buffer;
+    QString outputFileName;
+    QString logo;
+    bool complete = false;
+};
+
+} // namespace ZYN

@@ -1,0 +1,33 @@
+#include "support/SampleModels.h"
+
+#include <ZYNPersistence/CExportServiceReport.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QRegularExpression>
+#include <QtCore/QTemporaryDir>
+#include <QtTest/QtTest>
+
+using namespace ZYN;
+
+/// Fonts need a `QGuiApplication`; Qt would end the process without one.
+class PdfWithoutGuiTest : public QObject {
+    Q_OBJECT
+private slots:
+    void saysSoAndMakesNoFile();
+};
+
+void PdfWithoutGuiTest::saysSoAndMakesNoFile()
+{
+    QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("report.pdf"));
+    CExportServiceReport service;
+    service.SetFormat(QStringLiteral("PDF"));
+    service.SetOutputFileName(path);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("needs a QGuiApplication")));
+    QVERIFY(service.Export(SampleModels::BareUnit().get()));
+    QVERIFY(!service.OutputComplete());
+    QVERIFY(!QFile::exists(path));
+}
+
+QTEST_GUILESS_MAIN(PdfWithoutGuiTest)
+#include "PdfWithoutGuiTest.moc"
