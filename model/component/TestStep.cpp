@@ -5,7 +5,16 @@
 #include <ZYNCommon/TestGroup.h>
 #include <ZYNCommon/TestMeasurement.h>
 
+#include <algorithm>
+
 namespace ZYN {
+
+namespace {
+
+/// Up to this number of measurements searching them costs less than an index, above all in memory.
+constexpr qsizetype mostSearched = 16;
+
+} // namespace
 
 TestStep::TestStep(long stepId, const QString& name, TestGroup* parent, unsigned int line, long position,
                    const QString& description)
@@ -32,8 +41,13 @@ QSharedPointer<TestMeasurement> TestStep::GetMeasurementForIndex(int index) cons
 
 QSharedPointer<TestMeasurement> TestStep::GetMeasurementForID(long measurementId) const
 {
-    const auto found = m_indexForID.constFind(measurementId);
-    return found == m_indexForID.constEnd() ? nullptr : m_measurements.at(*found);
+    if (m_indexForID.isEmpty()) {
+        const auto found =
+            std::find_if(m_measurements.begin(), m_measurements.end(),
+                         [&](const auto& measurement) { return measurement->id == measurementId; });
+        return found == m_measurements.end() ? nullptr : *found;
+    }
+    return m_measurements.value(m_indexForID.value(measurementId, -1));
 }
 
 int TestStep::AddMeasurement(QSharedPointer<TestMeasurement> measurement)
@@ -41,10 +55,15 @@ int TestStep::AddMeasurement(QSharedPointer<TestMeasurement> measurement)
     if (!measurement)
         return -1;
     measurement->m_parent = this;
-    if (!m_indexForID.contains(measurement->id))
-        m_indexForID.insert(measurement->id, m_measurements.size());
     m_measurements.append(std::move(measurement));
-    return GetMeasurementCount() - 1;
+    const qsizetype last = m_measurements.size() - 1;
+    if (last >= mostSearched) {
+        for (qsizetype index = m_indexForID.isEmpty() ? 0 : last; index <= last; ++index) {
+            if (const long key = m_measurements.at(index)->id; !m_indexForID.contains(key))
+                m_indexForID.insert(key, index);
+        }
+    }
+    return static_cast<int>(last);
 }
 
 long TestStep::GetPosition() const

@@ -15,6 +15,8 @@
 
 #include "ComponentCopy.h"
 
+#include <QtCore/QStringBuilder>
+
 namespace ZYN {
 
 namespace {
@@ -32,8 +34,8 @@ QSharedPointer<ValidationInterface> ValidationOf(const TestResult* result, const
 QString PathOf(const QString& parentPath, const TestComponent* component)
 {
     const QString name = component->GetName();
-    return parentPath + QString::number(component->id) + QLatin1Char(':') + QString::number(name.size()) +
-           QLatin1Char(':') + name;
+    return parentPath % QString::number(component->id) % QLatin1Char(':') % QString::number(name.size()) %
+           QLatin1Char(':') % name;
 }
 
 ZYNSession* CopyOf(const ZYNSession* session)

@@ -48,6 +48,7 @@ class LifetimeTest : public QObject {
     Q_OBJECT
 private slots:
     void addingAChildMakesItPartOfTheProgram();
+    void measurementsAreFoundByTheirId();
     void aChildOutlivesItsParents();
     void aChildThatWasNeverAddedOutlivesItsParent();
     void aResultWithdrawsItselfFromItsComponent();
@@ -66,14 +67,21 @@ void LifetimeTest::addingAChildMakesItPartOfTheProgram()
     QCOMPARE(c.group->GetChildren(), (QList<TestComponent*>{c.parameter.data(), c.step.data()}));
     QVERIFY(c.program->GetGroupForIndex(1).isNull());
     QVERIFY(c.program->GetGroupForIndex(-1).isNull());
-    QCOMPARE(c.step->GetMeasurementForID(5), c.measurement);
-    QVERIFY(c.step->GetMeasurementForID(6).isNull());
     QCOMPARE(c.step->AddMeasurement(nullptr), -1);
+}
 
-    const auto namesake = QSharedPointer<TestMeasurement>::create(5, QStringLiteral("second"),
-                                                                  ZYN_ADDRESS_REAL, nullptr, 0u, -1);
-    QCOMPARE(c.step->AddMeasurement(namesake), 1);
-    QCOMPARE(c.step->GetMeasurementForID(5), c.measurement);
+void LifetimeTest::measurementsAreFoundByTheirId()
+{
+    TestStep step(1, QString(), nullptr, 0, -1, QString());
+    for (int count = 0; count < 40; ++count) {
+        // Each id twice: the first one added counts.
+        const auto measurement = QSharedPointer<TestMeasurement>::create(
+            count / 2, QString(), ZYN_ADDRESS_REAL, nullptr, 0u, count);
+        QCOMPARE(step.AddMeasurement(measurement), count);
+        for (int id = 0; id <= count / 2; ++id)
+            QCOMPARE(step.GetMeasurementForID(id)->GetPosition(), 2L * id);
+        QVERIFY(step.GetMeasurementForID(count / 2 + 1).isNull());
+    }
 }
 
 void LifetimeTest::aChildOutlivesItsParents()

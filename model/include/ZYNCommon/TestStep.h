@@ -42,7 +42,7 @@ private:
     friend class TestGroup;
     QPointer<TestGroup> m_parent;
     QList<QSharedPointer<TestMeasurement>> m_measurements;
-    QHash<long, qsizetype> m_indexForID;
+    QHash<long, qsizetype> m_indexForID; ///< empty for a step of a few measurements
     long m_position;
     QString m_description;
 };
