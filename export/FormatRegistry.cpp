@@ -8,6 +8,7 @@
 #include "report/CReportBuilderPDF.h"
 #include "report/CReportBuilderSTDF.h"
 #include "report/CReportBuilderTXT.h"
+#include "report/CReportBuilderXML.h"
 #include "testplan/CTestPlanBuilderXML.h"
 
 #include <algorithm>
@@ -50,7 +51,7 @@ struct ReportFormat {
 constexpr ReportFormat reportFormats[] = {
     {{"CSV"_L1}, "csv"_L1, {".csv"_L1}, Create<CReportBuilderCSV>},
     {{"TXT"_L1, "ASCII"_L1, "TEXT"_L1}, "txt"_L1, {".txt"_L1}, Create<CReportBuilderTXT>},
-    {{"XML"_L1, ""_L1, "DEFAULT"_L1}, "zyr"_L1, {".xml"_L1, ".zyr"_L1}, nullptr},
+    {{"XML"_L1, ""_L1, "DEFAULT"_L1}, "zyr"_L1, {".xml"_L1, ".zyr"_L1}, Create<CReportBuilderXML>},
     {{"PDF"_L1}, "pdf"_L1, {".pdf"_L1}, Create<CReportBuilderPDF>},
     {{"HTML"_L1}, "html"_L1, {".html"_L1}, Create<CReportBuilderHTML>},
     {{"JSON"_L1}, "json"_L1, {".json"_L1}, Create<CReportBuilderJSON>},

@@ -125,10 +125,10 @@ inline QString RealTypeText()
 }
 
 /// The number of a text that was written with a scale of 10 to the power of `factor`: correctly
-/// rounded, so that what was written comes back. 0.0 for what is no number.
-inline double ScaledTextToReal(QStringView text, int factor)
+/// rounded, so that what was written comes back. 0.0 for what is no number; `ok` tells.
+inline double ScaledTextToReal(QStringView text, int factor, bool* ok = nullptr)
 {
-    return DecimalText::ToReal(text, factor);
+    return DecimalText::ToReal(text, factor, ok);
 }
 
 /// Logs the first user of a workspace in; this makes it the session's current user.

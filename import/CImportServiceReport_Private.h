@@ -1,0 +1,143 @@
+#pragma once
+
+#include "CImportServicePrivate.h"
+#include "ReportValues.h"
+
+#include <ZYNPersistence/CImportServiceReport.h>
+
+#include <QtCore/QCoreApplication>
+
+#include <memory>
+#include <vector>
+
+namespace ZYN {
+
+/// The state of one parse and the handlers of the elements. A handler begins at the start of its element and
+/// returns at its end, or false when the document ends before that. Handlers do not call themselves, so
+/// nothing in a document decides how deep the calls are.
+class CImportServiceReport_Private : public CImportServicePrivate {
+    Q_DECLARE_TR_FUNCTIONS(CImportServiceReport)
+public:
+    bool Import(UUTTest* uutTest);
+    /// Forgets the document and what was read from it; what is carried over to the next import stays.
+    void DropDocument();
+
+    bool ReadUUTTest(UUTTest* uutTest);
+    bool ReadUnitUnderTest(UUTTest* uutTest);
+    bool ReadProductType();
+    bool ReadProductionLot(UUTTest* uutTest);
+    bool ReadTestEnvironment(UUTTest* uutTest);
+    bool ReadTestResults(UUTTest* uutTest);
+    bool ReadTestProgram();
+    bool ReadTestGroup();
+    bool ReadTestStep();
+    bool ReadTestMeasurement();
+    bool ReadTestLimits();
+    bool ReadTestResult();
+    bool ReadSubUnitTests(UUTTest* uutTest);
+    bool ReadSubUnitTest(UUTTest* uutTest);
+
+    std::unique_ptr<QXmlStreamReader> reader;
+    QList<ImportFinding> findings;
+
+private:
+    /// What the components' elements have in common.
+    struct Component {
+        int id = 0;
+        QString name;
+        int type = 0;
+        int sourceLine = 0;
+        int enabled = 0;
+        int reportInc = 0;
+    };
+
+    template <class OnProperty, class OnChild>
+    bool ReadElement(QLatin1StringView element, const OnProperty& onProperty, const OnChild& onChild);
+    template <class OnProperty>
+    bool ReadLeaf(QLatin1StringView element, const OnProperty& onProperty);
+    template <class Model>
+    void SetSwitches(Model* component, const Component& read);
+
+    void ReadDocument(UUTTest* uutTest);
+    void CheckRoot();
+    void SkipElement(QLatin1StringView parent);
+    bool ReadTestResultSet(UUTTest* uutTest);
+    void AssignResultSet(UUTTest* uutTest);
+    void ReadSplittingMap(const QString& text);
+    Component StartComponent();
+    bool ReadCommonProperty(QStringView name, QStringView text, Component& component);
+    void ReadUnit(QStringView unitCodeText, QStringView factorText);
+    /// Creates the component's result, reads it and hands it to the component.
+    void ReadResultOf(const QSharedPointer<TestComponent>& component,
+                      const QSharedPointer<ValidationInterface>& judgedBy);
+    void ReadValue(QStringView text);
+
+    /// \param emptyIsGood no finding for an empty text, which reads as 0 too
+    int Integer(QStringView text, bool emptyIsGood = false);
+    double Milliseconds(QStringView text);
+    void AddFinding(const QString& text);
+
+    // Carried over from one import to the next, as is the limits' notation: its factor and data type are
+    // those of the last `Limits`, its unit code begins anew with every measurement.
+    ReportValues::Notation notation;
+    QSharedPointer<ValidationInterface> validation;
+    QSharedPointer<ProductType> productType;
+    QSharedPointer<Station> station;
+    long testIndex = 0;
+    bool inSubUnitTests = false;
+
+    // Of the current document.
+    std::vector<std::unique_ptr<TestResult>> results;
+    QSharedPointer<TestProgram> program;
+    QSharedPointer<TestGroup> group;
+    QSharedPointer<TestStep> step;
+    TestResult* result = nullptr;
+};
+
+/// Reads up to the end of an element.
+/// \param onProperty called with name, text and attributes of each property; false for an unknown one
+/// \param onChild called with the name of each other child; reads the child, or answers false for one that is
+///        to be skipped
+template <class OnProperty, class OnChild>
+bool CImportServiceReport_Private::ReadElement(QLatin1StringView element, const OnProperty& onProperty,
+                                               const OnChild& onChild)
+{
+    using namespace Qt::StringLiterals;
+    while (!reader->atEnd()) {
+        switch (reader->readNext()) {
+        case QXmlStreamReader::StartElement:
+            if (reader->name() == "Property"_L1) {
+                const QXmlStreamAttributes attributes = reader->attributes();
+                const QStringView name = attributes.value("Name"_L1);
+                reader->readNext();
+                const QStringView text = reader->isCharacters() ? reader->text() : QStringView();
+                if (!onProperty(name, text, attributes))
+                    AddFinding(tr("property '%1' of '%2' is unknown, not read").arg(name, element));
+            } else if (!onChild(reader->name())) {
+                SkipElement(element);
+            }
+            break;
+        case QXmlStreamReader::EndElement:
+            if (reader->name() == element)
+                return true;
+            break;
+        case QXmlStreamReader::Characters:
+            if (!reader->isWhitespace())
+                AddFinding(tr("text in '%1' outside of a property or behind its first piece, not read")
+                               .arg(element));
+            break;
+        default:
+            break;
+        }
+    }
+    return false;
+}
+
+/// An element that has properties and nothing else.
+template <class OnProperty>
+bool CImportServiceReport_Private::ReadLeaf(QLatin1StringView element, const OnProperty& onProperty)
+{
+    return ReadElement(element, onProperty, [](QStringView) { return false; });
+}
+
+} // namespace ZYN

@@ -1,0 +1,170 @@
+#include "ReportValues.h"
+
+#include "export/ModelAdapter.h"
+
+#include <ZYNCommon/LimitOperator.h>
+#include <ZYNCommon/TestComponentFactory.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <optional>
+
+namespace ZYN::ReportValues {
+
+namespace {
+
+int DigitBase(const Notation& notation)
+{
+    switch (notation.unitCode) {
+    case MeasurementUnit::Hexadecimal:
+        return 16;
+    case MeasurementUnit::Binary:
+        return 2;
+    default:
+        return 0;
+    }
+}
+
+/// A whole number of 64 bits, if the text is one once its decimal point is moved.
+std::optional<QVariant> WholeNumber(QStringView text, int factor)
+{
+    QString digits = text.trimmed().toString();
+    qsizetype shift = factor;
+    if (const qsizetype point = digits.indexOf(u'.'); point >= 0) {
+        shift -= digits.size() - point - 1;
+        digits.remove(point, 1);
+    }
+    if (digits.isEmpty() || !digits.back().isDigit())
+        return std::nullopt;
+    for (; shift < 0 && digits.endsWith(u'0'); ++shift)
+        digits.chop(1);
+    constexpr qsizetype longest = 20; // digits of the largest number of 64 bits
+    if (shift < 0 || shift > longest)
+        return std::nullopt;
+    digits.append(QString(shift, u'0'));
+    bool ok = false;
+    if (const qlonglong number = digits.toLongLong(&ok); ok)
+        return number;
+    if (const qulonglong number = digits.toULongLong(&ok); ok)
+        return number;
+    return std::nullopt;
+}
+
+/// The text as a number of the notation: as digits of its base, whole, or real.
+QVariant ToNumber(QStringView text, const Notation& notation, bool keepInteger, bool* ok)
+{
+    if (const int base = DigitBase(notation)) {
+        bool isDigits = false;
+        const qulonglong bits = text.toULongLong(&isDigits, base);
+        if (isDigits) {
+            if (ok)
+                *ok = true;
+            return qlonglong(bits);
+        }
+        // What is not whole has no digits and was written as a plain decimal.
+        return ToReal(text, 0, ok);
+    }
+    if (keepInteger) {
+        if (const std::optional<QVariant> number = WholeNumber(text, notation.factor)) {
+            if (ok)
+                *ok = true;
+            return *number;
+        }
+    }
+    return ToReal(text, notation.factor, ok);
+}
+
+/// An integer limit has 32 bits. Digits of a base are a pattern whose low bits count; a number that does not
+/// fit becomes the nearest one that does.
+int ToLimit32(const QVariant& limit, const Notation& notation, bool& fits)
+{
+    if (DigitBase(notation) && limit.typeId() == QMetaType::LongLong) {
+        const quint64 bits = limit.toULongLong();
+        fits = fits && bits <= std::numeric_limits<quint32>::max();
+        return int(quint32(bits));
+    }
+    constexpr double smallest = std::numeric_limits<int>::min();
+    constexpr double largest = std::numeric_limits<int>::max();
+    const double number = limit.toDouble();
+    if (std::isnan(number)) {
+        fits = false;
+        return 0;
+    }
+    const double near = std::clamp(std::trunc(number), smallest, largest);
+    fits = fits && near == number;
+    return int(near);
+}
+
+bool IsOperatorOrNone(const QString& text)
+{
+    return text.trimmed().isEmpty() || LimitOperator::FromString(text).GetCode() != LimitOperator::None;
+}
+
+} // namespace
+
+int ToInteger(QStringView text, bool* ok)
+{
+    return text.toInt(ok, 10);
+}
+
+double ToReal(QStringView text, int factor, bool* ok)
+{
+    return ModelAdapter::ScaledTextToReal(text, factor, ok);
+}
+
+QVariant ToValue(QStringView text, const Notation& notation, bool keepInteger, bool* ok)
+{
+    if (notation.dataType == ZYN_ADDRESS_STRING && !DigitBase(notation)) {
+        if (ok)
+            *ok = true;
+        return text.toString();
+    }
+    return ToNumber(text, notation, keepInteger, ok);
+}
+
+ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok)
+{
+    const Notation& notation = limits.notation;
+    const QByteArray lowerOperator = limits.lowerOperator.toUtf8();
+    const QByteArray upperOperator = limits.upperOperator.toUtf8();
+    bool good = IsOperatorOrNone(limits.lowerOperator) && IsOperatorOrNone(limits.upperOperator);
+    const auto number = [&](const QString& text) {
+        bool isNumber = true;
+        const bool isWhole = notation.dataType == ZYN_ADDRESS_INTEGER;
+        const QVariant value = text.isNull() ? QVariant(0.0) : ToNumber(text, notation, isWhole, &isNumber);
+        good = good && isNumber;
+        return value;
+    };
+
+    std::unique_ptr<ValidationInterface> validation;
+    switch (notation.dataType) {
+    case ZYN_ADDRESS_INTEGER:
+        validation.reset(TestComponentFactory::CreateValidationInt(
+            notation.unitCode, lowerOperator, upperOperator, ToLimit32(number(limits.lower), notation, good),
+            ToLimit32(number(limits.upper), notation, good), -1, -1, -1, -1, -1, -1));
+        break;
+    case ZYN_ADDRESS_REAL: {
+        const double nominal = limits.nominal.isNull() ? std::numeric_limits<double>::quiet_NaN()
+                                                       : number(limits.nominal).toDouble();
+        validation.reset(TestComponentFactory::CreateValidationReal(
+            notation.unitCode, lowerOperator, upperOperator, number(limits.lower).toDouble(),
+            number(limits.upper).toDouble(), -1, -1, -1, -1, -1, -1, notation.factor, nominal));
+        break;
+    }
+    case ZYN_ADDRESS_STRING:
+        validation.reset(TestComponentFactory::CreateValidationString(notation.unitCode, lowerOperator,
+                                                                      limits.lower, -1, -1, -1, -1));
+        break;
+    default:
+        break;
+    }
+    if (validation && limits.invertResult)
+        ModelAdapter::SetResultInverted(validation.get(), true);
+    if (ok)
+        *ok = good;
+    return validation.release();
+}
+
+} // namespace ZYN::ReportValues

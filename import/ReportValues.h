@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QStringView>
+#include <QtCore/QVariant>
+
+namespace ZYN {
+
+class ValidationInterface;
+
+/// The texts of an XML report as numbers, values and validations. What is no number reads as 0; `ok`, where
+/// there is one, is set to whether the text was good.
+namespace ReportValues {
+
+/// A decimal integer of 32 bits.
+int ToInteger(QStringView text, bool* ok = nullptr);
+/// A real number that was written with a scale of 10 to the power of `factor`.
+double ToReal(QStringView text, int factor, bool* ok = nullptr);
+
+/// What decides how the text of a value or a limit is read.
+struct Notation {
+    int unitCode = 0; ///< hexadecimal and binary units are written in their digits
+    int dataType = 0; ///< address code of a string: the text is the value
+    int factor = 0;   ///< power of ten that the number is to be multiplied with
+};
+
+/// \param keepInteger read what is whole as an integer of 64 bits, of which a real number would lose digits
+QVariant ToValue(QStringView text, const Notation& notation, bool keepInteger, bool* ok = nullptr);
+
+/// The texts of a `Limits` element.
+struct LimitTexts {
+    Notation notation;
+    bool invertResult = false;
+    QString lower;
+    QString lowerOperator;
+    QString upper;
+    QString upperOperator;
+    QString nominal; ///< null when there is none
+};
+
+/// The validation of a `Limits` element, owned by the caller; null for a data type that has none.
+/// \param ok set to whether all of it could be read and fits
+ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok = nullptr);
+
+} // namespace ReportValues
+
+} // namespace ZYN

@@ -1,0 +1,234 @@
+// The result tree of a report: result sets, programs, groups, steps, measurements.
+
+#include "CImportServiceReport_Private.h"
+
+#include <ZYNCommon/CtrlEnable.h>
+#include <ZYNCommon/CtrlLogInReport.h>
+#include <ZYNCommon/ProductType.h>
+#include <ZYNCommon/Station.h>
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestResultSet.h>
+#include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/UUTTest.h>
+#include <ZYNCommon/ValidationInterface.h>
+
+#include <algorithm>
+
+namespace ZYN {
+
+using namespace Qt::StringLiterals;
+
+bool CImportServiceReport_Private::ReadTestResults(UUTTest* uutTest)
+{
+    station.reset();
+    const auto noProperty = [](QStringView, QStringView, const QXmlStreamAttributes&) { return false; };
+    return ReadElement("TestResults"_L1, noProperty, [&](QStringView name) {
+        if (name != "TestResultSet"_L1)
+            return false;
+        ReadTestResultSet(uutTest);
+        return true;
+    });
+}
+
+bool CImportServiceReport_Private::ReadTestResultSet(UUTTest* uutTest)
+{
+    results.clear();
+    const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
+        if (name == "StationID"_L1)
+            station.reset(new Station(Integer(text, true), u"hurz"_s)); // a report does not name stations
+        else if (name == "StationDescription"_L1 && station)
+            station->SetDescription(text.toString());
+        else if (name == "TestIndex"_L1)
+            testIndex = Integer(text, true);
+        else
+            return name == "FailedGroups"_L1 || name == "FailedSteps"_L1; // the model counts them itself
+        return true;
+    };
+    const auto onChild = [&](QStringView name) {
+        if (name != "Testprogram"_L1)
+            return false;
+        ReadTestProgram();
+        return true;
+    };
+    if (!ReadElement("TestResultSet"_L1, onProperty, onChild))
+        return false;
+    AssignResultSet(uutTest);
+    return true;
+}
+
+void CImportServiceReport_Private::AssignResultSet(UUTTest* uutTest)
+{
+    auto resultSet = std::make_unique<TestResultSet>(program, station);
+    resultSet->SetTestIndex(testIndex);
+    for (std::unique_ptr<TestResult>& collected : results)
+        resultSet->AddResult(collected.release());
+    result = nullptr;
+    results.clear();
+    uutTest->AssignResultSet(resultSet.release());
+}
+
+CImportServiceReport_Private::Component CImportServiceReport_Private::StartComponent()
+{
+    const QXmlStreamAttributes attributes = reader->attributes();
+    const QStringView ident = attributes.value("ID"_L1);
+    bool isNumber = false;
+    Component component;
+    component.id = ReportValues::ToInteger(ident, &isNumber);
+    if (!isNumber)
+        AddFinding(tr("ident '%1' is not a number, read as 0").arg(ident));
+    component.name = attributes.value("Name"_L1).toString();
+    component.type = Integer(attributes.value("Type"_L1));
+    return component;
+}
+
+bool CImportServiceReport_Private::ReadCommonProperty(QStringView name, QStringView text,
+                                                      Component& component)
+{
+    if (name == "SourceLine"_L1)
+        component.sourceLine = std::max(0, Integer(text));
+    else if (name == "Enabled"_L1)
+        component.enabled = Integer(text);
+    else if (name == "ReportInc"_L1)
+        component.reportInc = Integer(text);
+    else
+        return name == "Ident"_L1; // the same as the attribute
+    return true;
+}
+
+template <class Model>
+void CImportServiceReport_Private::SetSwitches(Model* component, const Component& read)
+{
+    if (CtrlEnable* const control = component->GetEnableCtrl())
+        read.enabled != 0 ? control->EnableOn() : control->EnableOff();
+    if (CtrlLogInReport* const control = component->GetLogInReportCtrl())
+        read.reportInc != 0 ? control->LogInReportOn() : control->LogInReportOff();
+}
+
+void CImportServiceReport_Private::ReadResultOf(const QSharedPointer<TestComponent>& component,
+                                                const QSharedPointer<ValidationInterface>& judgedBy)
+{
+    results.push_back(std::make_unique<TestResult>(component));
+    result = results.back().get();
+    ReadTestResult();
+    result->SetValidation(judgedBy);
+    component->SetResult(result);
+}
+
+bool CImportServiceReport_Private::ReadTestProgram()
+{
+    const Component read = StartComponent();
+    program = QSharedPointer<TestProgram>::create(read.id, read.name, 0UL);
+    const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
+        if (name == "Name"_L1)
+            program->SetDisplayName(text.toString());
+        else if (name == "Version"_L1)
+            program->SetVersion(text.toString());
+        else if (name == "File"_L1)
+            program->SetFileName(text.toUtf8().constData());
+        else if (name == "Creator"_L1)
+            program->SetCreator(text.toString());
+        else
+            return name == "Ident"_L1 || name == "SourceLine"_L1 || name == "FileVersion"_L1;
+        return true;
+    };
+    return ReadElement("Testprogram"_L1, onProperty, [&](QStringView name) {
+        if (name == "Result"_L1)
+            ReadResultOf(program, nullptr);
+        else if (name == "TestGroup"_L1)
+            ReadTestGroup();
+        else
+            return false;
+        return true;
+    });
+}
+
+bool CImportServiceReport_Private::ReadTestGroup()
+{
+    Component read = StartComponent();
+    int kind = ZYN_GROUP_USER;
+    const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
+        if (name != "Type"_L1)
+            return ReadCommonProperty(name, text, read);
+        kind = Integer(text);
+        return true;
+    };
+    return ReadElement("TestGroup"_L1, onProperty, [&](QStringView name) {
+        if (name == "Result"_L1) {
+            // All properties stand before it.
+            group = QSharedPointer<TestGroup>::create(read.id, read.name, program.data(),
+                                                      unsigned(read.sourceLine), -1L, EN_ZYN_GROUP(kind),
+                                                      nullptr);
+            SetSwitches(group.data(), read);
+            ReadResultOf(group, nullptr);
+            if (program)
+                program->AddGroup(group);
+        } else if (name == "TestStep"_L1) {
+            ReadTestStep();
+        } else if (name == "TestParameter"_L1) {
+            reader->skipCurrentElement(); // parameters are not read
+        } else {
+            return false;
+        }
+        return true;
+    });
+}
+
+bool CImportServiceReport_Private::ReadTestStep()
+{
+    Component read = StartComponent();
+    const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
+        return ReadCommonProperty(name, text, read);
+    };
+    return ReadElement("TestStep"_L1, onProperty, [&](QStringView name) {
+        if (name == "Result"_L1) {
+            step = QSharedPointer<TestStep>::create(read.id, read.name, group.data(),
+                                                    unsigned(read.sourceLine), -1L, QString());
+            SetSwitches(step.data(), read);
+            ReadResultOf(step, nullptr);
+            if (group)
+                group->AddStep(step);
+            else
+                AddFinding(tr("step '%1' before any group, in no program").arg(read.name));
+        } else if (name == "TestMeasurement"_L1) {
+            ReadTestMeasurement();
+        } else {
+            return false;
+        }
+        return true;
+    });
+}
+
+bool CImportServiceReport_Private::ReadTestMeasurement()
+{
+    Component read = StartComponent();
+    notation.unitCode = 0;
+    bool hasLimits = false;
+    const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
+        return ReadCommonProperty(name, text, read);
+    };
+    return ReadElement("TestMeasurement"_L1, onProperty, [&](QStringView name) {
+        if (name == "Limits"_L1) {
+            hasLimits = true;
+            ReadTestLimits();
+        } else if (name == "Result"_L1) {
+            if (!hasLimits && validation)
+                AddFinding(
+                    tr("measurement '%1' has no limits, takes those of the one before").arg(read.name));
+            const auto measurement = QSharedPointer<TestMeasurement>::create(
+                read.id, read.name, EN_ZYN_ADDRESS(read.type), step.data(), unsigned(read.sourceLine), -1L);
+            ReadResultOf(measurement, validation);
+            if (step)
+                step->AddMeasurement(measurement);
+            else
+                AddFinding(tr("measurement '%1' before any step, in no program").arg(read.name));
+        } else {
+            return false;
+        }
+        return true;
+    });
+}
+
+} // namespace ZYN

@@ -1,0 +1,99 @@
+// Limits and results of a report.
+
+#include "CImportServiceReport_Private.h"
+
+#include "export/ModelAdapter.h"
+
+#include <ZYNCommon/ProductType.h>
+#include <ZYNCommon/Station.h>
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/ValidationInterface.h>
+
+namespace ZYN {
+
+using namespace Qt::StringLiterals;
+
+bool CImportServiceReport_Private::ReadTestLimits()
+{
+    const QXmlStreamAttributes limitsAttributes = reader->attributes();
+    notation.dataType = Integer(limitsAttributes.value("Type"_L1));
+    ReportValues::LimitTexts limits;
+    const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes& attributes) {
+        if (name == "Unit"_L1)
+            ReadUnit(attributes.value("Code"_L1), attributes.value("Factor"_L1));
+        else if (name == "InvertResult"_L1)
+            limits.invertResult = Integer(text) != 0;
+        else if (name == "Lower"_L1)
+            limits.lower = text.toString();
+        else if (name == "CompLower"_L1)
+            limits.lowerOperator = text.toString();
+        else if (name == "Upper"_L1)
+            limits.upper = text.toString();
+        else if (name == "CompUpper"_L1)
+            limits.upperOperator = text.toString();
+        else if (name == "Nominal"_L1)
+            limits.nominal = text.toString();
+        else
+            return false;
+        return true;
+    };
+    if (!ReadLeaf("Limits"_L1, onProperty))
+        return false;
+    limits.notation = notation;
+    bool ok = false;
+    QSharedPointer<ValidationInterface> created(ReportValues::CreateValidation(limits, &ok));
+    if (!created)
+        AddFinding(tr("no limits are known for data type %1").arg(notation.dataType));
+    else if (!ok)
+        AddFinding(tr("limits that are no numbers, do not fit 32 bits or have an unknown operator"));
+    if (created)
+        validation = created;
+    return true;
+}
+
+void CImportServiceReport_Private::ReadUnit(QStringView unitCodeText, QStringView factorText)
+{
+    if (!unitCodeText.isNull())
+        notation.unitCode = Integer(unitCodeText);
+    if (!factorText.isNull())
+        notation.factor = Integer(factorText);
+}
+
+bool CImportServiceReport_Private::ReadTestResult()
+{
+    const QXmlStreamAttributes resultAttributes = reader->attributes();
+    const int code = Integer(resultAttributes.value("Code"_L1));
+    if (result)
+        result->SetResult(EN_ZYN_RESULT(code));
+    return ReadLeaf("Result"_L1, [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
+        if (!result)
+            return true;
+        if (name == "Value"_L1)
+            ReadValue(text);
+        else if (name == "Duration"_L1)
+            result->SetDuration(Milliseconds(text));
+        else if (name == "Comment"_L1)
+            result->SetComment(text.toString());
+        else if (name == "Attribute"_L1)
+            result->SetAttribute(text.toString());
+        else
+            return name == "Unit"_L1; // the limits have it
+        return true;
+    });
+}
+
+void CImportServiceReport_Private::ReadValue(QStringView text)
+{
+    const QSharedPointer<TestComponent> component = result->GetComponent();
+    const bool isInteger = component && ModelAdapter::TypeCode(component.data()) == ZYN_ADDRESS_INTEGER;
+    bool ok = false;
+    result->SetValue(ReportValues::ToValue(text, notation, isInteger, &ok));
+    if (!ok && !text.isEmpty())
+        AddFinding(tr("value '%1' is not a number, read as 0").arg(text));
+}
+
+} // namespace ZYN
