@@ -1,0 +1,57 @@
+# Debian packages: the libraries, their development files, the tool. scripts/package makes them; it sets
+# DEBFULLNAME and DEBEMAIL, who is named as the maintainer, and SOURCE_DATE_EPOCH, the date of the changelog.
+set(CPACK_GENERATOR DEB)
+set(CPACK_PACKAGE_VENDOR "ZYNPersistence maintainers")
+set(CPACK_PACKAGE_CONTACT "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_STRIP_FILES ON)
+set(CPACK_COMPONENTS_ALL Runtime Development Tool)
+set(CPACK_DEB_COMPONENT_INSTALL ON)
+set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
+set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
+set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
+set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
+  ${PROJECT_BINARY_DIR}/library ${PROJECT_BINARY_DIR}/model ${PROJECT_BINARY_DIR}/model/ini)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
+set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
+set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
+
+set(library libzynpersistence${PROJECT_VERSION_MAJOR})
+set(about "Turns the results of production tests of electronic assemblies into reports\n\
+ (XML, CSV, text, HTML, PDF, JSON, STDF), lot statistics and test plans, and\n\
+ reads reports, test plans and binning definitions back.\n .")
+
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${library})
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "persistence of production-test results - shared libraries\n\
+${about}\n This package holds the shared libraries.")
+
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzynpersistence-dev)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
+set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "qt6-base-dev (>= 6.4), qt6-5compat-dev")
+set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS Runtime)
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "persistence of production-test results - development files\n\
+${about}\n This package holds headers and the files by which CMake and pkg-config find\n the libraries.")
+
+set(CPACK_DEBIAN_TOOL_PACKAGE_NAME zyn)
+set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION electronics)
+# A PDF report without a font is empty.
+set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "fonts-dejavu-core | fonts-liberation | fonts-freefont-ttf")
+set(CPACK_COMPONENT_TOOL_DEPENDS Runtime)
+set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test results\n\
+${about}\n This package holds the command line tool zyn.")
+
+# Changelog and copyright of each package. Compressed without a time stamp: the same source gives the same
+# package.
+set(doc_dir ${PROJECT_BINARY_DIR}/packaging)
+string(TIMESTAMP ZYN_PACKAGE_DATE "%a, %d %b %Y %H:%M:%S +0000" UTC)
+configure_file(packaging/debian/changelog.in ${doc_dir}/changelog.Debian @ONLY)
+execute_process(COMMAND gzip -9nf ${doc_dir}/changelog.Debian COMMAND_ERROR_IS_FATAL ANY)
+foreach(component ${CPACK_COMPONENTS_ALL})
+  string(TOUPPER ${component} upper)
+  install(FILES ${doc_dir}/changelog.Debian.gz packaging/debian/copyright
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME} COMPONENT ${component})
+endforeach()
+
+include(CPack)
