@@ -1,5 +1,7 @@
 #include <ZYNPersistence/BinningReader.h>
 
+#include "export/ModelAdapter.h"
+
 #include <ZYNIni/IniReader.h>
 
 #include <QtCore/QFile>
@@ -96,7 +98,7 @@ Binning ReadFile(const QString& fileName, QString& errorText)
     BinningBuilder builder(ini);
     const QList<IniSection> sections = ini.getAllSections();
     for (const IniSection& section : sections) {
-        if (const QString fault = builder.AddSection(section.getName()); !fault.isNull()) {
+        if (const QString fault = builder.AddSection(ModelAdapter::SectionName(section)); !fault.isNull()) {
             errorText = fault;
             return {};
         }

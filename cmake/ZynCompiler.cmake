@@ -21,8 +21,9 @@ endif()
 function(zyn_add_part name)
   add_library(${name} OBJECT ${ARGN})
   target_compile_definitions(${name} PRIVATE ZYNPERSISTENCE_BUILD)
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
-  target_link_libraries(${name} PUBLIC Qt6::Core ZYN::Common)
+  # A site's export/ModelAdapter.h is found before the project's own.
+  target_include_directories(${name} PUBLIC ${ZYN_MODEL_ADAPTER_DIR} ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+  target_link_libraries(${name} PUBLIC Qt6::Core ZYN::Common ZYN::Ini)
 endfunction()
 
 # Keeps a shared library from exporting anything but the project's own names.

@@ -46,14 +46,16 @@ zyn_install_package(ZYNPersistence Persistence=ZYNPersistence)
 install(DIRECTORY include/ZYNPersistence ${ZYN_GENERATED_INCLUDE_DIR}/ZYNPersistence
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
 
-file(RELATIVE_PATH lib_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-set_target_properties(zyn PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
-install(TARGETS zyn RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Tool)
-install(FILES tool/share/zyn.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tool)
-install(FILES tool/share/zyn.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zyn
-  COMPONENT Tool)
-install(FILES tool/share/_zyn DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT Tool)
-install(DIRECTORY schema/ DESTINATION ${ZYN_DATA_DIR}/schema COMPONENT Tool
-  FILES_MATCHING PATTERN "*.rng" PATTERN "*.json")
-# Empty: for the logo of the site, ReportLogo.png or ReportLogo.jpg.
-install(DIRECTORY DESTINATION ${ZYN_DATA_DIR}/media COMPONENT Tool)
+if(NOT ZYN_USE_EXTERNAL_MODEL)
+  file(RELATIVE_PATH lib_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+  set_target_properties(zyn PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
+  install(TARGETS zyn RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Tool)
+  install(FILES tool/share/zyn.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tool)
+  install(FILES tool/share/zyn.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zyn
+    COMPONENT Tool)
+  install(FILES tool/share/_zyn DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT Tool)
+  install(DIRECTORY schema/ DESTINATION ${ZYN_DATA_DIR}/schema COMPONENT Tool
+    FILES_MATCHING PATTERN "*.rng" PATTERN "*.json")
+  # Empty: for the logo of the site, ReportLogo.png or ReportLogo.jpg.
+  install(DIRECTORY DESTINATION ${ZYN_DATA_DIR}/media COMPONENT Tool)
+endif()

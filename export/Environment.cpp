@@ -1,6 +1,6 @@
 #include "Environment.h"
 
-#include <ZYNCommon/ZYNApplication.h>
+#include "export/ModelAdapter.h"
 
 #include <atomic>
 
@@ -26,7 +26,7 @@ QDateTime Now()
 QString EngineVersion()
 {
     const Fixed* const values = fixed.load();
-    return values ? values->engineVersion : ZYNApplication::GetVersion(ZYNAppType::TestEngine);
+    return values ? values->engineVersion : ModelAdapter::EngineVersion();
 }
 
 Override::Override(const QDateTime& now, const QString& engineVersion)

@@ -5,6 +5,7 @@
 /// own model library changes this file and nothing else.
 
 #include <ZYNCommon/DecimalText.h>
+#include <ZYNCommon/LimitOperator.h>
 #include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/TestComponent.h>
 #include <ZYNCommon/TestComponentAttr.h>
@@ -12,7 +13,9 @@
 #include <ZYNCommon/TestMeasurement.h>
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNCommon/WorkSpace.h>
+#include <ZYNCommon/ZYNApplication.h>
 #include <ZYNCommon/ZYNTypes.h>
+#include <ZYNIni/IniSection.h>
 
 namespace ZYN::ModelAdapter {
 
@@ -41,6 +44,49 @@ inline EN_ZYN_GROUP GroupKind(const TestGroup* group)
 inline EN_ZYN_RESULT ResultState(const TestMeasurement* measurement)
 {
     return measurement->resultState;
+}
+
+inline bool IsPassed(EN_ZYN_RESULT result)
+{
+    return result == ZYN_RESULT_PASSED;
+}
+
+inline bool IsFailed(EN_ZYN_RESULT result)
+{
+    return result == ZYN_RESULT_FAILED;
+}
+
+/// Stopped, or the tester itself failed: nothing is known about the unit.
+inline bool EndedAbnormally(EN_ZYN_RESULT result)
+{
+    return result == ZYN_RESULT_ABORTED || result == ZYN_RESULT_ERROR;
+}
+
+inline bool IsWithoutVerdict(EN_ZYN_RESULT result)
+{
+    return result == ZYN_RESULT_DONE;
+}
+
+inline bool IsNumber(EN_ZYN_ADDRESS type)
+{
+    return type == ZYN_ADDRESS_INTEGER || type == ZYN_ADDRESS_REAL;
+}
+
+/// The code that `ValueComperator::Verify` takes.
+inline LimitOperator::Code Code(const LimitOperator& limitOperator)
+{
+    return limitOperator.GetCode();
+}
+
+/// Version of the application that runs the test programs.
+inline QString EngineVersion()
+{
+    return ZYNApplication::GetVersion(ZYNAppType::TestEngine);
+}
+
+inline QString SectionName(const IniSection& section)
+{
+    return section.getName();
 }
 
 inline MeasurementUnit Unit(const ValidationInterface* validation)

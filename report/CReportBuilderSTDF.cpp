@@ -4,6 +4,8 @@
 #include "StdfLotRecords.h"
 #include "StdfTestRecord.h"
 
+#include "export/ModelAdapter.h"
+
 #include <ZYNCommon/TestGroup.h>
 #include <ZYNCommon/TestMeasurement.h>
 #include <ZYNCommon/TestProgram.h>
@@ -283,7 +285,7 @@ void CReportBuilderSTDF::WritePart()
     testNumber = 0;
     ++partCount;
     // A count that another program left as unknown stays so.
-    if (uutTest->GetResult() == ZYN_RESULT_PASSED && goodCount != StdfLotRecords::unknownCount)
+    if (ModelAdapter::IsPassed(uutTest->GetResult()) && goodCount != StdfLotRecords::unknownCount)
         ++goodCount;
 }
 

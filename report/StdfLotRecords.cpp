@@ -2,6 +2,8 @@
 
 #include "StdfRecord.h"
 
+#include "export/ModelAdapter.h"
+
 #include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/ProductionLot.h>
 #include <ZYNCommon/TestProgram.h>
@@ -31,9 +33,9 @@ QString ProductName(const UUTTest* test)
 /// PART_FLG: failed (3), ended abnormally (2).
 quint8 PartFlags(EN_ZYN_RESULT result)
 {
-    if (result == ZYN_RESULT_FAILED)
+    if (ModelAdapter::IsFailed(result))
         return 8;
-    return result == ZYN_RESULT_ERROR || result == ZYN_RESULT_ABORTED ? 4 : 0;
+    return ModelAdapter::EndedAbnormally(result) ? 4 : 0;
 }
 
 } // namespace

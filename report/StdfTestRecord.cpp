@@ -62,7 +62,7 @@ Judgement Judge(const TestResult* result, bool numeric)
             judgement.hasLow = true;
             judgement.lowLimit = scaled(limit);
             judgement.lowPass = ValueComperator::Verify(judgement.lowLimit, judgement.result,
-                                                        validation->GetLowerOperator().GetCode());
+                                                        ModelAdapter::Code(validation->GetLowerOperator()));
         }
     }
     if (validation->HasUpperLimit()) {
@@ -70,7 +70,7 @@ Judgement Judge(const TestResult* result, bool numeric)
             judgement.hasHigh = true;
             judgement.highLimit = scaled(limit);
             judgement.highPass = ValueComperator::Verify(judgement.result, judgement.highLimit,
-                                                         validation->GetUpperOperator().GetCode());
+                                                         ModelAdapter::Code(validation->GetUpperOperator()));
         }
     }
     return judgement;
@@ -84,9 +84,9 @@ constexpr unsigned Bit(unsigned number, bool set)
 /// TEST_FLG: no valid result (1), not executed to its end (5), without a verdict (6), failed (7).
 quint8 TestFlags(const Judgement& judgement, EN_ZYN_RESULT state)
 {
-    const bool abnormalEnd = state == ZYN_RESULT_ABORTED || state == ZYN_RESULT_ERROR;
-    return static_cast<quint8>(Bit(1, judgement.valueMissing) | Bit(5, abnormalEnd) |
-                               Bit(6, state == ZYN_RESULT_DONE) | Bit(7, state == ZYN_RESULT_FAILED));
+    return static_cast<quint8>(Bit(1, judgement.valueMissing) | Bit(5, ModelAdapter::EndedAbnormally(state)) |
+                               Bit(6, ModelAdapter::IsWithoutVerdict(state)) |
+                               Bit(7, ModelAdapter::IsFailed(state)));
 }
 
 /// PARM_FLG: above the high limit (3), below the low limit (4).
@@ -119,7 +119,7 @@ const QByteArray& StdfTestRecord(StdfRecord& record, quint32 number, const TestM
                                  const TestStep* step, const TestGroup* group, const TestResult* result)
 {
     const EN_ZYN_ADDRESS kind = ModelAdapter::TypeCode(measurement);
-    const Judgement judgement = Judge(result, kind == ZYN_ADDRESS_INTEGER || kind == ZYN_ADDRESS_REAL);
+    const Judgement judgement = Judge(result, ModelAdapter::IsNumber(kind));
     const auto exponent = static_cast<qint8>(-judgement.scale);
 
     return record.Begin(15, 10)
