@@ -24,7 +24,7 @@ private Q_SLOTS:
 namespace {
 
 /// Formats whose reports are compared byte for byte.
-const QStringList formats{u"TXT"_s, u"CSV"_s, u"HTML"_s, u"JSON"_s};
+const QStringList formats{u"XML"_s, u"TXT"_s, u"CSV"_s, u"HTML"_s, u"JSON"_s};
 
 /// Folders of expectations that are no reports; each is gone through by a test of its own.
 const QStringList otherFolders{u"test-plan"_s};

@@ -1,10 +1,7 @@
 #include "export/FaultDevices.h"
-#include "support/ReportRun.h"
 #include "support/SampleModels.h"
-#include "support/SampleProgram.h"
 
 #include "export/CExportDirectorReport.h"
-#include "export/Environment.h"
 #include "report/CReportBuilderXML.h"
 #include "report/XmlText.h"
 
@@ -12,7 +9,12 @@
 #include <ZYNCommon/CtrlLogInReport.h>
 #include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/ProductTypeMultiPanel.h>
-#include <ZYNCommon/UnitUnderTest.h>
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestResultSet.h>
+#include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/UUTTest.h>
 
 #include <QtCore/QBuffer>
 #include <QtCore/QDir>
@@ -24,9 +26,6 @@
 
 using namespace ZYN;
 using namespace Qt::StringLiterals;
-
-using SampleModels::ProgramWriter;
-using SampleModels::RunWriter;
 
 namespace {
 
@@ -69,8 +68,6 @@ QByteArray FileContent(const QString& path)
 class XmlReportTest : public QObject {
     Q_OBJECT
 private slots:
-    void golden_data();
-    void golden();
     void text_data();
     void text();
     void textOfNothingToReplaceIsNotCopied();
@@ -89,20 +86,6 @@ private slots:
     void documentWithoutADevice();
     void outputComplete();
 };
-
-void XmlReportTest::golden_data()
-{
-    QTest::addColumn<QString>("caseName");
-    for (const QString& name : ReportGoldenRows(u"XML"_s))
-        QTest::newRow(qPrintable(name)) << name;
-}
-
-void XmlReportTest::golden()
-{
-    QFETCH(QString, caseName);
-    const QString difference = CheckReportGolden(u"XML"_s, caseName);
-    QVERIFY2(difference.isEmpty(), qPrintable(difference));
-}
 
 void XmlReportTest::text_data()
 {
