@@ -5,8 +5,12 @@
 #include <QtCore/QJsonObject>
 #include <QtCore/QMap>
 #include <QtCore/QProcess>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
+
+#include <functional>
+#include <memory>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
