@@ -32,11 +32,9 @@ int Run(const Arguments& arguments)
 {
     QList<Problem> problems;
     const QList<Input> inputs = ExpandInputs(arguments.inputs, KnownExtensions(), &problems);
-    bool first = true;
     for (const Input& input : inputs) {
-        if (!first && !arguments.json)
-            Print(QStringLiteral("\n"));
-        first = false;
+        if (!arguments.json)
+            SeparateNext();
         std::optional<Problem> problem;
         if (const FileKind* const kind = KindOf(input.path, input.name, &problem))
             problem = arguments.json ? ShowJson(*kind, input, arguments.options)

@@ -317,13 +317,29 @@ void ToolTest::ShowPrintsTheTree()
 
 void ToolTest::ShowJsonHoldsTheNumbers()
 {
-    const Outcome outcome =
-        Zyn(m_lot.path(), Words(QStringLiteral("show --json --failed panel-0001.zyr bins.ini")));
-    const QJsonObject panel =
-        QJsonDocument::fromJson(outcome.output.split(QLatin1Char('\n')).first().toUtf8()).object();
-    QCOMPARE(panel.value(QStringLiteral("serial")).toString(), QStringLiteral("P000001"));
+    const Outcome outcome = Zyn(m_lot.path(), Words(QStringLiteral("show --json --failed panel-0004.zyr .")));
+    const QStringList lines = outcome.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QVERIFY(lines.size() > 10);
+    const QJsonObject panel = QJsonDocument::fromJson(lines.first().toUtf8()).object();
+    QCOMPARE(panel.value(QStringLiteral("file")).toString(), QStringLiteral("panel-0004.zyr"));
     QCOMPARE(panel.value(QStringLiteral("lot")).toString(), QStringLiteral("L00001"));
-    QVERIFY(panel.contains(QStringLiteral("items")));
+    QCOMPARE(panel.value(QStringLiteral("code")).toInt(), -5);
+    // Down to the voltage of the board with the bad 5 V supply.
+    QJsonObject part = panel.value(QStringLiteral("items")).toArray().last().toObject();
+    QCOMPARE(part.value(QStringLiteral("place")).toInt(), 3);
+    part = part.value(QStringLiteral("runs"))
+               .toArray()
+               .first()
+               .toObject()
+               .value(QStringLiteral("program"))
+               .toObject();
+    for (int level = 0; level < 3; ++level)
+        part = part.value(QStringLiteral("children")).toArray().first().toObject();
+    QCOMPARE(part.value(QStringLiteral("name")).toString(), QStringLiteral("Voltage"));
+    QCOMPARE(part.value(QStringLiteral("value")).toDouble(), 4.315);
+    QCOMPARE(part.value(QStringLiteral("lower")).toDouble(), 4.85);
+    QCOMPARE(part.value(QStringLiteral("lowerOperator")).toString(), QStringLiteral("<="));
+    QCOMPARE(part.value(QStringLiteral("code")).toInt(), -1);
 }
 
 // A report's names are data from anywhere: here a control sequence introducer and a right-to-left override.
