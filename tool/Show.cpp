@@ -19,6 +19,8 @@ struct Arguments {
 
 std::optional<Problem> ShowJson(const FileKind& kind, const Input& input, const ShowOptions& options)
 {
+    if (kind.printJson)
+        return kind.printJson(input.path, input.name, options);
     QJsonObject object;
     if (std::optional<Problem> problem = kind.toJson(input.path, input.name, options, &object))
         return problem;
