@@ -131,8 +131,9 @@ bool CReportBuilderPDF::IsWholePdf() const
     QFile file(outputFileName);
     if (!file.open(QIODevice::ReadOnly) || file.read(5) != "%PDF-")
         return false;
-    constexpr qint64 tail = 32;
-    return file.seek(qMax(qint64(0), file.size() - tail)) && file.readAll().trimmed().endsWith("%%EOF");
+    // The printer's last bytes; its state does not tell of a disk that became full.
+    const QByteArray tail = "%%EOF\n";
+    return file.seek(qMax(qint64(0), file.size() - tail.size())) && file.readAll() == tail;
 }
 
 } // namespace ZYN

@@ -37,11 +37,7 @@ CReportBuilderSTDF::CReportBuilderSTDF(bool appendMode)
 
 CReportBuilderSTDF::~CReportBuilderSTDF()
 {
-    try {
-        ForgetDocument();
-    } catch (...) {
-        // Not even memory for the counts: the lot is as after a crash, and can be added to.
-    }
+    ForgetDocument();
     if (QIODevice* const output = CExportBuilderImp::GetDevice())
         output->close();
 }

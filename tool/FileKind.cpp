@@ -1,6 +1,5 @@
 #include "FileKind.h"
 
-#include "LotFile.h"
 #include "ReportCheck.h"
 #include "ReportFile.h"
 #include "ReportJson.h"
@@ -15,13 +14,6 @@ const QList<FileKind>& FileKinds()
 {
     static const QList<FileKind> kinds{
         {"XML report", {QStringLiteral("zyr")}, LooksLikeReport, ShowReport, ReportToJson, CheckReport},
-        {"STDF file",
-         {QStringLiteral("stdf"), QStringLiteral("std"), QStringLiteral("stdf.gz")},
-         LooksLikeLot,
-         ShowLot,
-         nullptr,
-         CheckLot,
-         PrintLotJson},
     };
     return kinds;
 }
@@ -39,9 +31,8 @@ const FileKind* KindOf(const QString& path, const QString& name, std::optional<P
             return &kind;
     // A damaged file: what its name says.
     for (const FileKind& kind : FileKinds())
-        for (const QString& extension : kind.extensions)
-            if (name.endsWith(QLatin1Char('.') + extension))
-                return &kind;
+        if (kind.extensions.contains(QFileInfo(name).suffix()))
+            return &kind;
     QStringList names;
     for (const FileKind& kind : FileKinds())
         names.append(QLatin1String(kind.name));
