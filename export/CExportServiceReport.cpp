@@ -8,6 +8,7 @@
 #include <ZYNCommon/ZYNTools.h>
 
 #include <QtCore/QDir>
+#include <QtCore/QFileDevice>
 #include <QtCore/QObject>
 
 namespace ZYN {
@@ -112,6 +113,12 @@ QString CExportServiceReport::GetErrorText() const
 bool CExportServiceReport::OutputComplete() const
 {
     return d->OutputComplete();
+}
+
+QString CExportServiceReport::GetWrittenFileName() const
+{
+    const auto* const file = d->builder ? qobject_cast<QFileDevice*>(d->builder->GetDevice()) : nullptr;
+    return file ? file->fileName() : d->fileName;
 }
 
 QString CExportServiceReport::FileNameFilter()

@@ -37,7 +37,11 @@ CReportBuilderSTDF::CReportBuilderSTDF(bool appendMode)
 
 CReportBuilderSTDF::~CReportBuilderSTDF()
 {
-    ForgetDocument();
+    try {
+        ForgetDocument();
+    } catch (...) {
+        // Not even memory for the counts: the lot is as after a crash, and can be added to.
+    }
     if (QIODevice* const output = CExportBuilderImp::GetDevice())
         output->close();
 }

@@ -179,6 +179,14 @@ QVariant Record::Value(const char* field) const
     return {};
 }
 
+bool Record::HasFailed() const
+{
+    constexpr uint partFailed = 1U << 3 | 1U << 2;
+    constexpr uint testFailed = 1U << 7;
+    return (Is("PRR") && Number("PART_FLG") & partFailed) ||
+           ((Is("PTR") || Is("MPR") || Is("FTR")) && Number("TEST_FLG") & testFailed);
+}
+
 Record Decode(const RawRecord& raw, bool bigEndian)
 {
     Record record;

@@ -26,6 +26,8 @@ struct Record {
     QVariant Value(const char* field) const;
     uint Number(const char* field) const { return Value(field).toUInt(); }
     QString Text(const char* field) const { return Value(field).toString(); }
+    /// Whether it is the result of a part or of a test that did not pass.
+    bool HasFailed() const;
 };
 
 /// Decodes the fields of a record.

@@ -60,8 +60,9 @@ QString BinLine(const Record& bin, const QString& kind, const char* number, cons
 
 } // namespace
 
-TextPrinter::TextPrinter(std::function<void(const QString&)> output)
+TextPrinter::TextPrinter(std::function<void(const QString&)> output, bool onlyFailed)
     : print(std::move(output))
+    , failedOnly(onlyFailed)
 {
 }
 
@@ -111,6 +112,9 @@ void TextPrinter::PrintHeader(const Record& mir)
 
 void TextPrinter::PrintPart(const Record& prr)
 {
+    ++parts;
+    if (failedOnly && !prr.HasFailed())
+        return;
     if (!std::exchange(partsBegun, true)) {
         print({});
         print(Row({{QStringLiteral("Part"), -6},
@@ -124,7 +128,7 @@ void TextPrinter::PrintPart(const Record& prr)
     }
     const uint softBin = prr.Value("SOFT_BIN").isValid() ? prr.Number("SOFT_BIN") : noSoftBin;
     const QString site = QStringLiteral("%1/%2").arg(prr.Number("HEAD_NUM")).arg(prr.Number("SITE_NUM"));
-    print(Row({{QString::number(++parts), -6},
+    print(Row({{QString::number(parts), -6},
                {site, -6},
                {Verdict(prr.Number("PART_FLG")), 7},
                {QString::number(prr.Number("HARD_BIN")), -8},
@@ -140,8 +144,7 @@ void TextPrinter::TakeTest(const Record& test)
     Test& entry = tests[{test.Number("TEST_NUM"), settings.text}];
     entry.settings = settings;
     ++entry.runs;
-    if (test.Number("TEST_FLG") & 1U << 7)
-        ++entry.failed;
+    entry.failed += test.HasFailed();
 }
 
 void TextPrinter::PrintTests()
@@ -157,7 +160,9 @@ void TextPrinter::PrintTests()
                {QStringLiteral("Unit"), 6},
                {QStringLiteral("Scale"), -5},
                {QStringLiteral("Name"), 0}}));
-    for (auto test = tests.constBegin(); test != tests.constEnd(); ++test)
+    for (auto test = tests.constBegin(); test != tests.constEnd(); ++test) {
+        if (failedOnly && test->failed == 0)
+            continue;
         print(Row({{QString::number(test.key().first), -6},
                    {QString::number(test->runs), -6},
                    {QString::number(test->failed), -6},
@@ -166,6 +171,7 @@ void TextPrinter::PrintTests()
                    {test->settings.unit, 6},
                    {QString::number(test->settings.resultScale), -5},
                    {test->settings.text, 0}}));
+    }
 }
 
 void TextPrinter::Finish(const Reader& reader)

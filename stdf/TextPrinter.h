@@ -15,7 +15,8 @@ namespace ZYN::Stdf {
 class TextPrinter {
 public:
     /// \param output takes a line at a time, without line end
-    explicit TextPrinter(std::function<void(const QString&)> output);
+    /// \param failedOnly leave out parts and tests that never failed
+    explicit TextPrinter(std::function<void(const QString&)> output, bool failedOnly = false);
 
     void Take(const RawRecord& raw, const Record& record);
     void Finish(const Reader& reader);
@@ -33,6 +34,7 @@ private:
     void PrintTests();
 
     std::function<void(const QString&)> print;
+    bool failedOnly;
     TestDefaults defaults;
     QMap<std::pair<uint, QString>, Test> tests;
     QMap<QString, uint> records;

@@ -32,6 +32,8 @@ void PrintFinding(const Input& input, const Finding& finding)
     QString place = input.name + QLatin1Char(':');
     if (finding.line > 0)
         place += QString::number(finding.line) + QLatin1Char(':');
+    if (finding.offset >= 0)
+        place += QStringLiteral("offset %1:").arg(finding.offset);
     if (finding.column > 0)
         place += QString::number(finding.column) + QLatin1Char(':');
     Print(Harmless(place) + QLatin1Char(' ') +
@@ -41,11 +43,13 @@ void PrintFinding(const Input& input, const Finding& finding)
 
 void PrintFindingJson(const Input& input, const Finding& finding)
 {
-    const QJsonObject object{{QStringLiteral("file"), input.name},
-                             {QStringLiteral("line"), finding.line},
-                             {QStringLiteral("column"), finding.column},
-                             {QStringLiteral("error"), finding.isError},
-                             {QStringLiteral("text"), finding.text}};
+    QJsonObject object{{QStringLiteral("file"), input.name},
+                       {QStringLiteral("line"), finding.line},
+                       {QStringLiteral("column"), finding.column},
+                       {QStringLiteral("error"), finding.isError},
+                       {QStringLiteral("text"), finding.text}};
+    if (finding.offset >= 0)
+        object.insert(QStringLiteral("offset"), finding.offset);
     Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
 }
 
@@ -87,10 +91,12 @@ Command CheckCommand(CLI::App& app, const Manners& manners)
     const auto arguments = std::make_shared<Arguments>();
     check->add_option("FILE", arguments->inputs, "Files, folders, or - for standard input")->required();
     check->add_flag("--json", arguments->json, "For programs: one JSON object a finding and line");
-    check->footer("Prints one finding a line as FILE:LINE:COLUMN: text and exits with 1 if any is an error.\n"
-                  "Examples:\n"
-                  "  zyn check lot/\n"
-                  "  zyn check --json bins.ini | jq .line");
+    check->footer(
+        "Prints one finding a line as FILE:LINE:COLUMN: text (STDF: FILE:offset N: text) and exits with\n"
+        "1 if any is an error.\n"
+        "Examples:\n"
+        "  zyn check lot/\n"
+        "  zyn check --json bins.ini | jq .line");
     return {check, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

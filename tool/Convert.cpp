@@ -1,5 +1,6 @@
 #include "Command.h"
 #include "Inputs.h"
+#include "LotAppend.h"
 #include "Parallel.h"
 #include "Progress.h"
 #include "ReportFile.h"
@@ -45,6 +46,12 @@ QString FormatOf(const Arguments& arguments)
                                                     QFileInfo(PathOf(arguments.file)).suffix().toLower());
 }
 
+// One file that takes the parts of many reports.
+bool IsLotFile(const Arguments& arguments, const QString& format)
+{
+    return !arguments.file.empty() && (format == QLatin1String("STDF") || format == QLatin1String("STD"));
+}
+
 // 0 when the command line makes sense.
 int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inputs)
 {
@@ -57,7 +64,7 @@ int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inpu
     if (!CExportServiceReport::ValidFormat(format))
         return WrongUsage(command, QStringLiteral("there is no format '%1'").arg(format),
                           QStringLiteral("zyn formats lists them"));
-    if (!arguments.file.empty() && inputs > 1)
+    if (!arguments.file.empty() && inputs > 1 && !IsLotFile(arguments, format))
         return WrongUsage(command, QStringLiteral("several reports do not fit into one %1 file").arg(format),
                           QStringLiteral("give -d FOLDER instead of -o FILE"));
     return ExitGood;
@@ -147,6 +154,13 @@ int Run(const Arguments& arguments, const Manners& manners)
     if (const int usage = CheckUsage(arguments, format, inputs.size()))
         return usage;
 
+    if (IsLotFile(arguments, format)) {
+        AppendToLot(inputs, PathOf(arguments.file), arguments.all, manners, &problems);
+        for (const Problem& problem : problems)
+            PrintProblem(problem);
+        return problems.isEmpty() ? ExitGood : ExitFailed;
+    }
+
     QList<Job> jobs;
     for (const Input& input : inputs)
         jobs.append({input, OutputName(arguments, input, format)});
@@ -204,6 +218,7 @@ Command ConvertCommand(CLI::App& app, const Manners& manners)
     convert->footer("Examples:\n"
                     "  zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png\n"
                     "  zyn convert lot/ -d csv -f csv\n"
+                    "  zyn convert lot/ -o lot.stdf        adds a part for each report\n"
                     "  ssh tester cat last.zyr | zyn convert - -o last.pdf");
     return {convert, [=, &manners] { return Run(*arguments, manners); },
             [=] { return FormatOf(*arguments) == QLatin1String("PDF"); }};

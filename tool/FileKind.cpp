@@ -1,5 +1,6 @@
 #include "FileKind.h"
 
+#include "LotFile.h"
 #include "ReportCheck.h"
 #include "ReportFile.h"
 #include "ReportJson.h"
@@ -14,6 +15,13 @@ const QList<FileKind>& FileKinds()
 {
     static const QList<FileKind> kinds{
         {"XML report", {QStringLiteral("zyr")}, LooksLikeReport, ShowReport, ReportToJson, CheckReport},
+        {"STDF file",
+         {QStringLiteral("stdf"), QStringLiteral("std"), QStringLiteral("stdf.gz")},
+         LooksLikeLot,
+         ShowLot,
+         nullptr,
+         CheckLot,
+         PrintLotJson},
     };
     return kinds;
 }
@@ -31,8 +39,9 @@ const FileKind* KindOf(const QString& path, const QString& name, std::optional<P
             return &kind;
     // A damaged file: what its name says.
     for (const FileKind& kind : FileKinds())
-        if (kind.extensions.contains(QFileInfo(name).suffix()))
-            return &kind;
+        for (const QString& extension : kind.extensions)
+            if (name.endsWith(QLatin1Char('.') + extension))
+                return &kind;
     QStringList names;
     for (const FileKind& kind : FileKinds())
         names.append(QLatin1String(kind.name));

@@ -17,6 +17,7 @@ struct Finding {
     qint64 line = 0;     ///< from 1; 0 when it concerns the whole file
     qint64 column = 0;   ///< from 1; 0 when it concerns the whole line
     QString text;
+    qint64 offset = -1; ///< in a binary file: byte from 0 at which the place begins; -1 for none
 };
 
 struct ShowOptions {
@@ -36,6 +37,9 @@ struct FileKind {
                                      QJsonObject* object);
     /// What is wrong with the file, in the order of the file.
     QList<Finding> (*check)(const QString& path);
+    /// For a kind of many records, in place of `toJson`: prints an object a line, each with "file".
+    std::optional<Problem> (*printJson)(const QString& path, const QString& name,
+                                        const ShowOptions& options) = nullptr;
 };
 
 /// All kinds. A new one adds its row in FileKind.cpp, and nothing else.

@@ -57,7 +57,7 @@ QList<Input> FilesOfFolder(const QString& folder, const QStringList& extensions)
     QDirIterator it(folder, filters, QDir::Files | QDir::Readable, QDirIterator::Subdirectories);
     while (it.hasNext()) {
         const QString path = it.next();
-        inputs.append({path, path, base.relativeFilePath(path)});
+        inputs.append({path, path, base.relativeFilePath(QFileInfo(path).absoluteFilePath())});
     }
     std::sort(inputs.begin(), inputs.end(), [](const Input& a, const Input& b) { return a.path < b.path; });
     return inputs;

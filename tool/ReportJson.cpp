@@ -38,7 +38,7 @@ void AddResult(const Part& part, QJsonObject* object)
     object->insert(QStringLiteral("seconds"), part.result->GetDuration());
     if (!part.result->GetComment().isEmpty())
         object->insert(QStringLiteral("comment"), part.result->GetComment());
-    if (part.result->GetValue().isValid()) {
+    if (part.HasValue()) {
         object->insert(QStringLiteral("value"), NumberOrNull(part.result->GetValue()));
         object->insert(QStringLiteral("text"), ValueText(part.result));
         object->insert(QStringLiteral("unit"), UnitText(part.result));

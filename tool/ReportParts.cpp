@@ -66,6 +66,12 @@ QString Part::VerdictText() const
     return TestResult::ResultToString(Verdict());
 }
 
+bool Part::HasValue() const
+{
+    return result && Verdict() != ZYN_RESULT_ABORTED && Verdict() != ZYN_RESULT_ERROR &&
+           result->GetValue().isValid();
+}
+
 Part PartOf(const TestResultSet* run, const TestComponent* component)
 {
     return {component, run->GetResult(component)};

@@ -24,6 +24,9 @@ struct Part {
     EN_ZYN_RESULT Verdict() const;
     bool Failed() const { return Verdict() < 0; }
     QString VerdictText() const;
+    /// Whether there is a value to show. A test that was stopped or went wrong here has none, although a
+    /// report that left it empty reads back as 0.
+    bool HasValue() const;
 };
 
 Part PartOf(const TestResultSet* run, const TestComponent* component);

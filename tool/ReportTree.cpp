@@ -124,7 +124,7 @@ private:
     {
         Row row{.verdict = part.Verdict(), .branches = branches, .name = Harmless(name)};
         if (measured.result) {
-            row.value = Harmless(ValueText(measured.result));
+            row.value = Harmless(measured.HasValue() ? ValueText(measured.result) : QString());
             if (!row.value.isEmpty())
                 row.unit = Harmless(UnitText(measured.result));
             else if (measured.Verdict() == ZYN_RESULT_FAILED && measured.result->GetValidation())
@@ -241,11 +241,8 @@ std::optional<Problem> ShowReport(const QString& path, const QString& name, cons
     const std::unique_ptr<UUTTest> test = ReadReport(path, name, &problem);
     if (problem)
         return problem;
-    if (options.failedOnly && test->GetResult() >= 0) {
-        Print(Harmless(name) + QStringLiteral("  ") +
-              Paint(test->GetResultString(), StyleOf(test->GetResult())) + QLatin1Char('\n'));
+    if (options.failedOnly && test->GetResult() >= 0)
         return std::nullopt;
-    }
     Widths widths;
     Walker(options.failedOnly, [&](const Row& row) { widths.Take(row); }).WalkPanel(test.get());
     PrintHeader(test.get(), name);

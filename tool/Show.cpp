@@ -19,6 +19,8 @@ struct Arguments {
 
 std::optional<Problem> ShowJson(const FileKind& kind, const Input& input, const ShowOptions& options)
 {
+    if (kind.printJson)
+        return kind.printJson(input.path, input.name, options);
     QJsonObject object;
     if (std::optional<Problem> problem = kind.toJson(input.path, input.name, options, &object))
         return problem;
@@ -32,11 +34,9 @@ int Run(const Arguments& arguments)
 {
     QList<Problem> problems;
     const QList<Input> inputs = ExpandInputs(arguments.inputs, KnownExtensions(), &problems);
-    bool first = true;
     for (const Input& input : inputs) {
-        if (!first && !arguments.json)
-            Print(QStringLiteral("\n"));
-        first = false;
+        if (!arguments.json)
+            SeparateNext();
         std::optional<Problem> problem;
         if (const FileKind* const kind = KindOf(input.path, input.name, &problem))
             problem = arguments.json ? ShowJson(*kind, input, arguments.options)

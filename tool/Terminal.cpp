@@ -59,6 +59,9 @@ const char* EscapeOf(Style style)
     return "";
 }
 
+bool hasPrinted = false;
+bool separatorIsDue = false;
+
 } // namespace
 
 QString Harmless(const QString& text)
@@ -111,8 +114,15 @@ QString Paint(const QString& text, Style style)
 
 void Print(const QString& text)
 {
-    const QByteArray bytes = text.toUtf8();
+    const QByteArray bytes = (separatorIsDue ? QLatin1Char('\n') + text : text).toUtf8();
+    separatorIsDue = false;
+    hasPrinted = true;
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+}
+
+void SeparateNext()
+{
+    separatorIsDue = hasPrinted;
 }
 
 bool FlushOutput()

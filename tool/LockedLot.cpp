@@ -1,0 +1,106 @@
+#include "LockedLot.h"
+
+#include <QtCore/QFile>
+
+#include <cerrno>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace ZYN::Tool {
+
+namespace {
+
+// A part goes over the closing PCR and MRR and over a record that a crash cut off: never more than two
+// records of the longest kind.
+constexpr qint64 tailSize = 2 * (4 + 65535);
+
+bool Lock(int descriptor)
+{
+    int state = 0;
+    do
+        state = flock(descriptor, LOCK_EX);
+    while (state != 0 && errno == EINTR);
+    return state == 0;
+}
+
+} // namespace
+
+LockedLot::LockedLot(const QString& path)
+    : m_path(path)
+    , m_name(QFile::encodeName(path))
+{
+    // The file may be moved away or removed while one waits for it.
+    bool good = true;
+    do {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+        good = OpenOrMake() && Lock(m_descriptor);
+    } while (good && !IsStillNamed());
+    if (!good || !Remember())
+        m_refusal =
+            Problem{m_path, 0,
+                    QStringLiteral("no part can be added: ") + QString::fromLocal8Bit(std::strerror(errno)),
+                    QStringLiteral("check the name and the permissions of file and folder")};
+}
+
+LockedLot::~LockedLot()
+{
+    struct stat status {};
+    if (m_made && fstat(m_descriptor, &status) == 0 && status.st_size == 0)
+        unlink(m_name.constData());
+    if (m_descriptor >= 0)
+        close(m_descriptor);
+}
+
+bool LockedLot::OpenOrMake()
+{
+    for (;;) {
+        m_descriptor = open(m_name.constData(), O_RDWR | O_CLOEXEC);
+        if (m_descriptor >= 0 || errno != ENOENT)
+            return m_descriptor >= 0;
+        m_descriptor = open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        m_made = m_descriptor >= 0;
+        if (m_made || errno != EEXIST)
+            return m_made;
+    }
+}
+
+bool LockedLot::IsStillNamed() const
+{
+    struct stat opened {};
+    struct stat named {};
+    return fstat(m_descriptor, &opened) == 0 && stat(m_name.constData(), &named) == 0 &&
+           opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+}
+
+bool LockedLot::Remember()
+{
+    struct stat status {};
+    if (fstat(m_descriptor, &status) != 0)
+        return false;
+    if (!S_ISREG(status.st_mode)) {
+        errno = EINVAL;
+        return false;
+    }
+    m_size = status.st_size;
+    m_tail.resize(qMin<qint64>(m_size, tailSize));
+    return pread(m_descriptor, m_tail.data(), size_t(m_tail.size()), m_size - m_tail.size()) == m_tail.size();
+}
+
+bool LockedLot::PutBack()
+{
+    const bool written = pwrite(m_descriptor, m_tail.constData(), size_t(m_tail.size()),
+                                m_size - m_tail.size()) == m_tail.size();
+    return ftruncate(m_descriptor, m_size) == 0 && written;
+}
+
+bool LockedLot::Sync()
+{
+    return fsync(m_descriptor) == 0;
+}
+
+} // namespace ZYN::Tool
