@@ -30,9 +30,10 @@ struct FileKind {
     QStringList extensions; ///< without dot, as searched for in folders
     /// Whether a file that begins so (4096 bytes, or all of it) is of this kind.
     bool (*recognises)(const QByteArray& head);
-    /// Prints the file for people. Texts from the file go through `Harmless`.
+    /// Prints the file for people, of a damaged one what could be read. Texts from the file go through
+    /// `Harmless`.
     std::optional<Problem> (*show)(const QString& path, const QString& name, const ShowOptions& options);
-    /// Describes the file for programs.
+    /// Describes the file for programs; leaves the object empty when nothing could be read.
     std::optional<Problem> (*toJson)(const QString& path, const QString& name, const ShowOptions& options,
                                      QJsonObject* object);
     /// What is wrong with the file, in the order of the file.

@@ -17,7 +17,7 @@ namespace ZYN::Tool {
 /// Reads an XML report; any thread.
 /// \param name what to call the file in messages
 /// \param problem set when the file is no complete report: what is missing must not go unnoticed
-/// \return null with a problem
+/// \return what could be read; null when that is nothing
 std::unique_ptr<UUTTest> ReadReport(const QString& path, const QString& name,
                                     std::optional<Problem>* problem);
 

@@ -114,7 +114,7 @@ std::optional<Problem> ReportToJson(const QString& path, const QString& name, co
 {
     std::optional<Problem> problem;
     const std::unique_ptr<UUTTest> test = ReadReport(path, name, &problem);
-    if (problem)
+    if (!test)
         return problem;
     *object = UnitToJson(test.get(), options.failedOnly);
     QJsonArray items;
@@ -123,7 +123,7 @@ std::optional<Problem> ReportToJson(const QString& path, const QString& name, co
             items.append(UnitToJson(item.data(), options.failedOnly));
     if (!items.isEmpty())
         object->insert(QStringLiteral("items"), items);
-    return std::nullopt;
+    return problem;
 }
 
 } // namespace ZYN::Tool

@@ -239,15 +239,13 @@ std::optional<Problem> ShowReport(const QString& path, const QString& name, cons
 {
     std::optional<Problem> problem;
     const std::unique_ptr<UUTTest> test = ReadReport(path, name, &problem);
-    if (problem)
+    if (!test || (options.failedOnly && test->GetResult() >= 0))
         return problem;
-    if (options.failedOnly && test->GetResult() >= 0)
-        return std::nullopt;
     Widths widths;
     Walker(options.failedOnly, [&](const Row& row) { widths.Take(row); }).WalkPanel(test.get());
     PrintHeader(test.get(), name);
     Walker(options.failedOnly, [&](const Row& row) { PrintRow(row, widths); }).WalkPanel(test.get());
-    return std::nullopt;
+    return problem;
 }
 
 } // namespace ZYN::Tool

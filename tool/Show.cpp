@@ -22,12 +22,13 @@ std::optional<Problem> ShowJson(const FileKind& kind, const Input& input, const 
     if (kind.printJson)
         return kind.printJson(input.path, input.name, options);
     QJsonObject object;
-    if (std::optional<Problem> problem = kind.toJson(input.path, input.name, options, &object))
+    const std::optional<Problem> problem = kind.toJson(input.path, input.name, options, &object);
+    if (object.isEmpty())
         return problem;
     object.insert(QStringLiteral("file"), input.name);
     // One line a file, so that what reads it can take many.
     Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
-    return std::nullopt;
+    return problem;
 }
 
 int Run(const Arguments& arguments)

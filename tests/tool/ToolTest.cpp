@@ -92,7 +92,9 @@ private slots:
     void ShowPrintsTheTree();
     void ShowJsonHoldsTheNumbers();
     void ShowNeverSteersTheTerminal();
+    void ShowPrintsWhatCouldBeRead();
     void CheckNamesThePlace();
+    void CheckComparesVerdicts();
 
 private:
     QString Path(const char* name) const { return m_folder->filePath(QLatin1String(name)); }
@@ -367,6 +369,41 @@ void ToolTest::CheckNamesThePlace()
     const Outcome outcome = Zyn(m_folder->path(), Words(QStringLiteral("check a.zyr b.zyr")));
     QCOMPARE(outcome.code, 1);
     QVERIFY2(outcome.output.startsWith(QStringLiteral("b.zyr:21:")), qPrintable(outcome.output));
+}
+
+// A value that was changed after the verdict, and a verdict that was changed after the value.
+void ToolTest::CheckComparesVerdicts()
+{
+    QByteArray report = Content(m_lot.filePath(QStringLiteral("panel-0004.zyr")));
+    const qsizetype good = report.indexOf("<TestMeasurement ID=\"321\"");
+    const qsizetype value = report.indexOf("<Property Name=\"Value\">", good) + 23;
+    report.replace(value, 2, "99");
+    const qsizetype failed = report.lastIndexOf("<Result Code=\"-1\"", report.indexOf("66.64"));
+    report.replace(failed, 17, "<Result Code=\"1\"");
+    Write(Path("b.zyr"), report);
+    const auto lineOf = [&](qsizetype position) {
+        return QString::number(report.left(position).count('\n') + 1);
+    };
+    const Outcome outcome = Zyn(m_folder->path(), Words(QStringLiteral("check b.zyr")));
+    QCOMPARE(outcome.code, 1);
+    const QStringList lines = outcome.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    QCOMPARE(lines.size(), 2);
+    QVERIFY2(lines.at(0).startsWith(QStringLiteral("b.zyr:") + lineOf(good)) &&
+                 lines.at(0).contains(QStringLiteral("'Voltage' passed although its value is 99")),
+             qPrintable(lines.at(0)));
+    QVERIFY2(
+        lines.at(1).contains(QStringLiteral("'Ripple' passed although its value is 66.64 (limits ≤ 30)")),
+        qPrintable(lines.at(1)));
+}
+
+void ToolTest::ShowPrintsWhatCouldBeRead()
+{
+    const QByteArray whole = Content(Path("a.zyr"));
+    Write(Path("b.zyr"), whole.left(whole.size() / 2));
+    const Outcome outcome = Zyn(m_folder->path(), Words(QStringLiteral("show b.zyr")));
+    QCOMPARE(outcome.code, 1);
+    QVERIFY2(outcome.output.contains(QStringLiteral("Input current")), qPrintable(outcome.output));
+    QVERIFY2(outcome.errors.contains(QStringLiteral("is no complete report")), qPrintable(outcome.errors));
 }
 
 QTEST_GUILESS_MAIN(ToolTest)
