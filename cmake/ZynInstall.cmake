@@ -4,7 +4,6 @@
 #   Tool         zyn with its data: schemas, media folder
 include(CMakePackageConfigHelpers)
 
-set(ZYN_DATA_DIR ${CMAKE_INSTALL_DATADIR}/zyn)
 
 # Paths of the pkg-config files, relative to their own folder, so that an installed tree can be moved.
 set(pc_dir ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig)

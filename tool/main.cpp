@@ -1,6 +1,7 @@
 #include "Command.h"
 #include "Problem.h"
 #include "Terminal.h"
+#include "Translation.h"
 
 #include <CLI/CLI.hpp>
 
@@ -47,6 +48,7 @@ std::unique_ptr<QCoreApplication> MakeApplication(const Command& command, int* a
 int Run(const Command& command, int* argc, char** argv)
 {
     const std::unique_ptr<QCoreApplication> application = MakeApplication(command, argc, argv);
+    LoadTranslation(application.get());
     const int code = command.run();
     if (!FlushOutput()) {
         PrintProblem({QStringLiteral("standard output"), 0, QStringLiteral("not everything could be written"),
