@@ -114,14 +114,15 @@ double ToReal(QStringView text, int factor, bool* ok)
     return ModelAdapter::ScaledTextToReal(text, factor, ok);
 }
 
-QVariant ToValue(QStringView text, const Notation& notation, bool keepInteger, bool* ok)
+QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok)
 {
-    if (notation.dataType == ZYN_ADDRESS_STRING && !DigitBase(notation)) {
+    const bool isText = notation.dataType == ZYN_ADDRESS_STRING || measuredType == ZYN_ADDRESS_STRING;
+    if (isText && !DigitBase(notation)) {
         if (ok)
             *ok = true;
         return text.toString();
     }
-    return ToNumber(text, notation, keepInteger, ok);
+    return ToNumber(text, notation, measuredType == ZYN_ADDRESS_INTEGER, ok);
 }
 
 ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok)

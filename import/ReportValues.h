@@ -24,8 +24,10 @@ struct Notation {
     int factor = 0;   ///< power of ten that the number is to be multiplied with
 };
 
-/// \param keepInteger read what is whole as an integer of 64 bits, of which a real number would lose digits
-QVariant ToValue(QStringView text, const Notation& notation, bool keepInteger, bool* ok = nullptr);
+/// A measured value.
+/// \param measuredType address code of the measurement: where that is an integer, what is whole is read as one
+///        of 64 bits, of which a real number would lose digits; a text is a text also without limits
+QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok = nullptr);
 
 /// The texts of a `Limits` element.
 struct LimitTexts {
