@@ -7,6 +7,13 @@ namespace ZYN::Tool {
 
 std::unique_ptr<UUTTest> ReadReport(const QString& path, const QString& name, std::optional<Problem>* problem)
 {
+    std::unique_ptr<UUTTest> test = ReadDamagedReport(path, name, problem);
+    return *problem ? nullptr : std::move(test);
+}
+
+std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& name,
+                                           std::optional<Problem>* problem)
+{
     auto test = std::make_unique<UUTTest>(0, QString());
     CImportServiceReport service;
     service.SetInputFileName(path);

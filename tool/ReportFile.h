@@ -17,9 +17,13 @@ namespace ZYN::Tool {
 /// Reads an XML report; any thread.
 /// \param name what to call the file in messages
 /// \param problem set when the file is no complete report: what is missing must not go unnoticed
-/// \return what could be read; null when that is nothing
+/// \return null with a problem
 std::unique_ptr<UUTTest> ReadReport(const QString& path, const QString& name,
                                     std::optional<Problem>* problem);
+/// The same for who looks at a report without making anything from it.
+/// \return what could be read, also with a problem; null when that is nothing
+std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& name,
+                                           std::optional<Problem>* problem);
 
 /// Whether a file that begins so is an XML report.
 bool LooksLikeReport(const QByteArray& head);

@@ -113,7 +113,7 @@ std::optional<Problem> ReportToJson(const QString& path, const QString& name, co
                                     QJsonObject* object)
 {
     std::optional<Problem> problem;
-    const std::unique_ptr<UUTTest> test = ReadReport(path, name, &problem);
+    const std::unique_ptr<UUTTest> test = ReadDamagedReport(path, name, &problem);
     if (!test)
         return problem;
     *object = UnitToJson(test.get(), options.failedOnly);

@@ -238,7 +238,7 @@ void PrintHeader(const UUTTest* test, const QString& fileName)
 std::optional<Problem> ShowReport(const QString& path, const QString& name, const ShowOptions& options)
 {
     std::optional<Problem> problem;
-    const std::unique_ptr<UUTTest> test = ReadReport(path, name, &problem);
+    const std::unique_ptr<UUTTest> test = ReadDamagedReport(path, name, &problem);
     if (!test || (options.failedOnly && test->GetResult() >= 0))
         return problem;
     Widths widths;
