@@ -18,29 +18,37 @@ set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
 
 set(library libzynpersistence${PROJECT_VERSION_MAJOR})
-set(about "Turns the results of production tests of electronic assemblies into reports\n\
- (XML, CSV, text, HTML, PDF, JSON, STDF), lot statistics and test plans, and\n\
- reads reports, test plans and binning definitions back.\n .")
+# Each component's description begins with its own summary.
+set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
+set(about "Turns the results of production tests of electronic assemblies into reports
+(XML, CSV, text, HTML, PDF, JSON, STDF), lot statistics and test plans, and
+reads reports, test plans and binning definitions back.
+")
 
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_NAME ${library})
 set(CPACK_DEBIAN_RUNTIME_PACKAGE_SECTION libs)
-set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "persistence of production-test results - shared libraries\n\
-${about}\n This package holds the shared libraries.")
+set(CPACK_DEBIAN_RUNTIME_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers)
+set(CPACK_COMPONENT_RUNTIME_DESCRIPTION "persistence of production-test results - shared libraries
+${about}
+This package holds the shared libraries.")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME libzynpersistence-dev)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "qt6-base-dev (>= 6.4), qt6-5compat-dev")
 set(CPACK_COMPONENT_DEVELOPMENT_DEPENDS Runtime)
-set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "persistence of production-test results - development files\n\
-${about}\n This package holds headers and the files by which CMake and pkg-config find\n the libraries.")
+set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION "persistence of production-test results - development files
+${about}
+This package holds headers and the files by which CMake and pkg-config find
+the libraries.")
 
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME zyn)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION electronics)
 # A PDF report without a font is empty.
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "fonts-dejavu-core | fonts-liberation | fonts-freefont-ttf")
 set(CPACK_COMPONENT_TOOL_DEPENDS Runtime)
-set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test results\n\
-${about}\n This package holds the command line tool zyn.")
+set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test results
+${about}
+This package holds the command line tool zyn.")
 
 # Changelog and copyright of each package. Compressed without a time stamp: the same source gives the same
 # package.
