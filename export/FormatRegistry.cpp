@@ -9,6 +9,8 @@
 #include "report/CReportBuilderSTDF.h"
 #include "report/CReportBuilderTXT.h"
 #include "report/CReportBuilderXML.h"
+#include "statistics/CStatisticsReportBuilderCSV.h"
+#include "statistics/CStatisticsReportBuilderXML.h"
 #include "testplan/CTestPlanBuilderXML.h"
 
 #include <algorithm>
@@ -66,8 +68,8 @@ struct StatisticsFormat {
 };
 
 constexpr StatisticsFormat statisticsFormats[] = {
-    {{"XML"_L1, ""_L1, "DEFAULT"_L1}, nullptr},
-    {{"CSV"_L1}, nullptr},
+    {{"XML"_L1, ""_L1, "DEFAULT"_L1}, Create<CStatisticsReportBuilderXML>},
+    {{"CSV"_L1}, Create<CStatisticsReportBuilderCSV>},
 };
 
 /// The row of a table that has the name; null when there is none.

@@ -17,13 +17,6 @@ namespace ZYN {
 
 using namespace Qt::StringLiterals;
 
-CReportBuilderXML::CReportBuilderXML()
-    : writer(std::make_unique<UPrivateXMLWriter>())
-{
-}
-
-CReportBuilderXML::~CReportBuilderXML() = default;
-
 bool CReportBuilderXML::Open()
 {
     QIODevice* const output = OpenedDevice();
@@ -47,15 +40,6 @@ void CReportBuilderXML::WriteStyleSheet()
                               XmlText(QFileInfo(style).absoluteFilePath()) + u"\"?>"_s);
 }
 
-bool CReportBuilderXML::Close()
-{
-    writer->EndDocument();
-    CheckOutput(writer->Stream());
-    SetDevice(nullptr);
-    SetOpened(false);
-    return true;
-}
-
 bool CReportBuilderXML::BeginUUTTest(UUTTest* uutTest)
 {
     if (!uutTest)
@@ -64,35 +48,11 @@ bool CReportBuilderXML::BeginUUTTest(UUTTest* uutTest)
     return true;
 }
 
-bool CReportBuilderXML::BeginUnitUnderTest(UnitUnderTest* unit)
-{
-    if (!unit)
-        return false;
-    writer->WriteUnitUnderTest(unit);
-    return true;
-}
-
-bool CReportBuilderXML::BeginProductType(ProductType* productType)
-{
-    if (!productType)
-        return false;
-    writer->WriteProductType(productType);
-    return true;
-}
-
 bool CReportBuilderXML::BeginProductionLot(ProductionLot* lot)
 {
     if (!lot)
         return false;
     writer->WriteProductionLot(lot);
-    return true;
-}
-
-bool CReportBuilderXML::BeginSession(ZYNSession* session)
-{
-    if (!session)
-        return false;
-    writer->WriteTestEnvironment(session);
     return true;
 }
 

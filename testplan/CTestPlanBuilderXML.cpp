@@ -1,6 +1,8 @@
 #include "CTestPlanBuilderXML.h"
 
 #include "export/ModelAdapter.h"
+#include "report/UPrivateXMLWriter.h"
+#include "report/XmlText.h"
 
 #include <ZYNCommon/CtrlAttributes.h>
 #include <ZYNCommon/CtrlTestPlanValues.h>
@@ -23,13 +25,6 @@ constexpr std::size_t MaximumIndentedDepth = 1000;
 
 constexpr QLatin1StringView logInReport("LogInReport");
 
-std::unique_ptr<QXmlStreamWriter> NewWriter()
-{
-    auto writer = std::make_unique<QXmlStreamWriter>();
-    writer->setAutoFormatting(true);
-    return writer;
-}
-
 QString BooleanText(bool value)
 {
     return QVariant(value).toString();
@@ -38,7 +33,7 @@ QString BooleanText(bool value)
 } // namespace
 
 CTestPlanBuilderXML::CTestPlanBuilderXML(bool excludeBinIdProperties)
-    : writer(NewWriter())
+    : writer(std::make_unique<UPrivateXMLWriter>())
     , excludeBinIds(excludeBinIdProperties)
 {
 }
@@ -50,22 +45,18 @@ bool CTestPlanBuilderXML::Open()
     QIODevice* const output = OpenedDevice();
     if (!output)
         return false;
-    // A new one: a stream writer keeps open elements and its error over a change of device.
-    writer = NewWriter();
-    writer->setDevice(output);
+    writer->StartDocument(output);
     SetOpened(true);
-    writer->writeStartDocument();
-    writer->writeStartElement(QStringLiteral("TestPlan"));
-    writer->writeAttribute(QStringLiteral("Version"), QStringLiteral("3.0.0"));
+    writer->WriteStartElement(QStringLiteral("TestPlan"));
+    writer->WriteAttribute(QStringLiteral("Version"), QStringLiteral("3.0.0"));
     componentsWritten = 0;
     return true;
 }
 
 bool CTestPlanBuilderXML::Close()
 {
-    writer->writeEndElement();
-    writer->writeEndDocument();
-    CheckOutput(*writer);
+    writer->EndDocument();
+    CheckOutput(writer->Stream());
     SetOpened(false);
     if (componentsWritten == 0)
         RemoveOutputFile();
@@ -99,7 +90,7 @@ bool CTestPlanBuilderXML::BeginTestMeasurement(TestMeasurement* measurement)
 
 bool CTestPlanBuilderXML::EndTestProgram(TestProgram*)
 {
-    writer->writeEndElement();
+    writer->WriteEndElement();
     return true;
 }
 
@@ -123,15 +114,15 @@ bool CTestPlanBuilderXML::WriteValidation(const TestComponent* component)
     const QSharedPointer<ValidationInterface> validation = control ? control->GetValidation() : nullptr;
     if (!validation)
         return false;
-    writer->writeStartElement(QStringLiteral("Validation"));
-    WriteAttributeText(QStringLiteral("Ident"), component->GetIdentString());
-    WriteAttributeText(QStringLiteral("Type"), QString::number(ModelAdapter::TypeCode(component)));
-    WriteAttributeText(QStringLiteral("Name"), component->GetName());
-    WriteAttributeText(QStringLiteral("Unit"), ModelAdapter::Unit(validation.get()).ToString());
+    writer->WriteStartElement(QStringLiteral("Validation"));
+    writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
+    writer->WriteAttribute(QStringLiteral("Type"), qint64(ModelAdapter::TypeCode(component)));
+    writer->WriteAttribute(QStringLiteral("Name"), component->GetName());
+    writer->WriteAttribute(QStringLiteral("Unit"), ModelAdapter::Unit(validation.get()).ToString());
     const QList<QString> names = ModelAdapter::PropertyNames(validation.get());
     for (const QString& name : names)
         WriteValidationProperty(name, validation.get());
-    writer->writeEndElement();
+    writer->WriteEndElement();
     return true;
 }
 
@@ -143,7 +134,7 @@ void CTestPlanBuilderXML::WriteValidationProperty(const QString& name, const Val
     if (excludeBinIds && name.contains(QLatin1String("BinId")))
         return;
     if (const QVariant value = ModelAdapter::Property(validation, name); value.isValid())
-        WriteProperty(name, value.toString());
+        writer->WriteProperty(XmlText(name), value.toString());
 }
 
 bool CTestPlanBuilderXML::WriteAttributes(const TestComponent* component)
@@ -152,10 +143,10 @@ bool CTestPlanBuilderXML::WriteAttributes(const TestComponent* component)
     const QList<TestComponentAttr*> items = control ? control->GetAttributes() : QList<TestComponentAttr*>();
     if (items.isEmpty())
         return false;
-    writer->writeStartElement(QStringLiteral("Attributes"));
-    WriteAttributeText(QStringLiteral("Ident"), component->GetIdentString());
+    writer->WriteStartElement(QStringLiteral("Attributes"));
+    writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
     WriteItems(items);
-    writer->writeEndElement();
+    writer->WriteEndElement();
     return true;
 }
 
@@ -169,12 +160,12 @@ void CTestPlanBuilderXML::WriteItems(const QList<TestComponentAttr*>& items)
     std::vector<Level> levels;
     levels.push_back({items});
     while (!levels.empty()) {
-        writer->setAutoFormatting(levels.size() <= MaximumIndentedDepth);
+        writer->Stream().setAutoFormatting(levels.size() <= MaximumIndentedDepth);
         Level& level = levels.back();
         if (level.next == level.items.size()) {
             levels.pop_back();
             if (!levels.empty())
-                writer->writeEndElement();
+                writer->WriteEndElement();
             continue;
         }
         const TestComponentAttr* const item = level.items.at(level.next++);
@@ -182,19 +173,19 @@ void CTestPlanBuilderXML::WriteItems(const QList<TestComponentAttr*>& items)
             WriteAttribute(item);
             continue;
         }
-        writer->writeStartElement(QStringLiteral("Category"));
-        WriteAttributeText(QStringLiteral("Name"), ModelAdapter::ItemName(item));
+        writer->WriteStartElement(QStringLiteral("Category"));
+        writer->WriteAttribute(QStringLiteral("Name"), ModelAdapter::ItemName(item));
         levels.push_back({ModelAdapter::ItemChildren(item)});
     }
 }
 
 void CTestPlanBuilderXML::WriteAttribute(const TestComponentAttr* item)
 {
-    writer->writeStartElement(QStringLiteral("Attribute"));
-    WriteAttributeText(QStringLiteral("Name"), ModelAdapter::ItemName(item));
-    WriteAttributeText(QStringLiteral("Type"), ModelAdapter::ItemTypeText(item));
-    writer->writeCharacters(ModelAdapter::ItemValue(item).toString());
-    writer->writeEndElement();
+    writer->WriteStartElement(QStringLiteral("Attribute"));
+    writer->WriteAttribute(QStringLiteral("Name"), ModelAdapter::ItemName(item));
+    writer->WriteAttribute(QStringLiteral("Type"), ModelAdapter::ItemTypeText(item));
+    writer->Stream().writeCharacters(XmlText(ModelAdapter::ItemValue(item).toString()));
+    writer->WriteEndElement();
 }
 
 bool CTestPlanBuilderXML::WriteProperties(TestComponent* component)
@@ -202,27 +193,14 @@ bool CTestPlanBuilderXML::WriteProperties(TestComponent* component)
     const CtrlTestPlanValues* const control = component->GetTestPlanValuesCtrl();
     if (!control)
         return false;
-    writer->writeStartElement(QStringLiteral("Properties"));
-    WriteAttributeText(QStringLiteral("Ident"), component->GetIdentString());
-    WriteProperty(logInReport, BooleanText(control->GetLogInReport()));
+    writer->WriteStartElement(QStringLiteral("Properties"));
+    writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
+    writer->WriteProperty(logInReport, BooleanText(control->GetLogInReport()));
     // A measurement is executed with its step and has no switch of its own.
     if (!qobject_cast<TestMeasurement*>(component))
-        WriteProperty(QStringLiteral("Enabled"), BooleanText(control->IsEnabled()));
-    writer->writeEndElement();
+        writer->WriteProperty(QStringLiteral("Enabled"), BooleanText(control->IsEnabled()));
+    writer->WriteEndElement();
     return true;
-}
-
-void CTestPlanBuilderXML::WriteProperty(const QString& name, const QString& value)
-{
-    writer->writeStartElement(QStringLiteral("Property"));
-    WriteAttributeText(QStringLiteral("Name"), name);
-    writer->writeCharacters(value);
-    writer->writeEndElement();
-}
-
-void CTestPlanBuilderXML::WriteAttributeText(const QString& name, const QString& value)
-{
-    writer->writeAttribute(name, value);
 }
 
 } // namespace ZYN

@@ -4,12 +4,11 @@
 
 #include <memory>
 
-class QXmlStreamWriter;
-
 namespace ZYN {
 
 class TestComponent;
 class TestComponentAttr;
+class UPrivateXMLWriter;
 class ValidationInterface;
 
 /// Writes the test plan of a program as XML, version 3.0.0.
@@ -49,11 +48,9 @@ private:
     void WriteItems(const QList<TestComponentAttr*>& items);
     void WriteAttribute(const TestComponentAttr* item);
     bool WriteProperties(TestComponent* component);
-    void WriteProperty(const QString& name, const QString& value);
-    void WriteAttributeText(const QString& name, const QString& value);
 
     qint32 componentsWritten = 0;
-    std::unique_ptr<QXmlStreamWriter> writer;
+    const std::unique_ptr<UPrivateXMLWriter> writer;
     const bool excludeBinIds;
 };
 

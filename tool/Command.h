@@ -34,6 +34,7 @@ struct Command {
 
 Command SimulateCommand(CLI::App& app, const Manners& manners);
 Command ConvertCommand(CLI::App& app, const Manners& manners);
+Command StatisticsCommand(CLI::App& app, const Manners& manners);
 Command ShowCommand(CLI::App& app, const Manners& manners);
 Command CheckCommand(CLI::App& app, const Manners& manners);
 Command FormatsCommand(CLI::App& app, const Manners& manners);

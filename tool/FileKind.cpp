@@ -1,10 +1,12 @@
 #include "FileKind.h"
 
+#include "BinningFile.h"
 #include "LotFile.h"
 #include "ReportCheck.h"
 #include "ReportFile.h"
 #include "ReportJson.h"
 #include "ReportTree.h"
+#include "TestPlanFile.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -22,6 +24,18 @@ const QList<FileKind>& FileKinds()
          nullptr,
          CheckLot,
          PrintLotJson},
+        {"test plan",
+         {QStringLiteral("tpl")},
+         LooksLikeTestPlan,
+         ShowTestPlan,
+         TestPlanToJson,
+         CheckTestPlan},
+        {"binning definition",
+         {QStringLiteral("ini")},
+         LooksLikeBinning,
+         ShowBinning,
+         BinningToJson,
+         CheckBinning},
     };
     return kinds;
 }

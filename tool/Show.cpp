@@ -64,7 +64,7 @@ Command ShowCommand(CLI::App& app, const Manners&)
                  "Examples:\n"
                  "  zyn show panel-0007.zyr\n"
                  "  zyn show --failed lot/ | less\n"
-                 "  zyn show --json lot/ | jq -r 'select(.code < 0) | .serial'");
+                 "  zyn show --json lot/*.zyr | jq -r 'select(.code < 0) | .serial'");
     return {show, [=] { return Run(*arguments); }, {}};
 }
 

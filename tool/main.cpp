@@ -20,7 +20,8 @@ bool verbose = false;
 void HandleQtMessage(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
     const bool ours = context.category && qstrncmp(context.category, "zyn", 3) == 0;
-    if (verbose || ours || type == QtCriticalMsg || type == QtFatalMsg)
+    const bool forPeople = ours && type != QtDebugMsg;
+    if (verbose || forPeople || type == QtCriticalMsg || type == QtFatalMsg)
         PrintProblem({{}, 0, text, {}});
 }
 
@@ -75,9 +76,9 @@ int main(int argc, char** argv)
     app.footer("zyn COMMAND --help explains a command with examples.\n"
                "Exit codes: 0 good, 1 something failed (the rest was done), 2 wrong usage.");
 
-    const Command commands[] = {SimulateCommand(app, manners), ConvertCommand(app, manners),
-                                ShowCommand(app, manners), CheckCommand(app, manners),
-                                FormatsCommand(app, manners)};
+    const Command commands[] = {SimulateCommand(app, manners),   ConvertCommand(app, manners),
+                                StatisticsCommand(app, manners), ShowCommand(app, manners),
+                                CheckCommand(app, manners),      FormatsCommand(app, manners)};
     for (const Command& command : commands)
         command.app->fallthrough(); // -q and -v also after the command's name
     try {

@@ -28,7 +28,8 @@ int AverageDigits(double mean, double sigma)
 
 double Rounded(double value, int digits)
 {
-    return QString::number(value, 'g', digits).toDouble();
+    const double rounded = QString::number(value, 'g', digits).toDouble();
+    return std::isfinite(rounded) ? rounded : value; // the largest numbers would be rounded up to infinity
 }
 
 } // namespace

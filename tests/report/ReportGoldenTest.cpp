@@ -27,7 +27,7 @@ namespace {
 const QStringList formats{u"XML"_s, u"TXT"_s, u"CSV"_s, u"HTML"_s, u"JSON"_s};
 
 /// Folders of expectations that are no reports; each is gone through by a test of its own.
-const QStringList otherFolders{u"test-plan"_s};
+const QStringList otherFolders{u"statistics"_s, u"test-plan"_s, u"tool"_s};
 
 } // namespace
 

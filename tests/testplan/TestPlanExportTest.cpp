@@ -85,6 +85,7 @@ private slots:
     void serviceIsReused();
     void failedWalkLeavesNothingBehind();
     void deviceFromOutsideStaysOpen();
+    void textsThatAreNoXml();
     void deepCategories();
     void manyComponents();
 
@@ -268,6 +269,25 @@ void TestPlanExportTest::deviceFromOutsideStaysOpen()
     QVERIFY(!builder.IsOpened());
     QCOMPARE(buffer.data(),
              QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<TestPlan Version=\"3.0.0\"/>\n"));
+}
+
+// The stream writer would drop these and all that follows.
+void TestPlanExportTest::textsThatAreNoXml()
+{
+    const QString bad = QStringLiteral("a") + QChar(0xD800) + QStringLiteral("b") + QChar(0x0001) + u'c';
+    const auto validation = QSharedPointer<OpenValidation>::create();
+    validation->properties = {{QStringLiteral("P") + bad, bad}, {QStringLiteral("Last"), 1}};
+    const auto program = SamplePlan::ProgramWith(validation);
+    program->GetGroupForIndex(0)->SetIdentString(bad);
+    const QByteArray content = Export(program.get());
+    QVERIFY2(content.contains("<Property Name=\"Pa\xEF\xBF\xBD"
+                              "b\xEF\xBF\xBD"
+                              "c\">a\xEF\xBF\xBD"
+                              "b\xEF\xBF\xBD"
+                              "c</Property>"),
+             content);
+    QVERIFY(content.contains("<Property Name=\"Last\">1</Property>"));
+    QVERIFY(content.endsWith("</TestPlan>\n"));
 }
 
 void TestPlanExportTest::deepCategories()

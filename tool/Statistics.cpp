@@ -1,0 +1,130 @@
+#include "Command.h"
+#include "LotReader.h"
+#include "SafeOutput.h"
+#include "Terminal.h"
+
+#include <CLI/CLI.hpp>
+#include <ZYNPersistence/CExportServiceStatistics.h>
+
+#include <QtCore/QFileInfo>
+
+namespace ZYN::Tool {
+
+namespace {
+
+const QString command = QStringLiteral("statistics");
+
+// Remarks about a lot that is mixed throughout would bury everything else.
+constexpr qsizetype RemarksShown = 20;
+
+struct Arguments {
+    std::vector<std::string> inputs;
+    std::string file;
+    std::string format;
+    bool scaled = false;
+    bool force = false;
+};
+
+QString FormatOf(const Arguments& arguments)
+{
+    if (!arguments.format.empty())
+        return QString::fromStdString(arguments.format).trimmed().toUpper();
+    // Only the end of the name counts, whatever its folders are called.
+    return CExportServiceStatistics::FormatForExtension(QLatin1Char('.') +
+                                                        QFileInfo(PathOf(arguments.file)).suffix().toLower());
+}
+
+// 0 when the command line makes sense.
+int CheckUsage(const QString& format)
+{
+    if (format.isEmpty())
+        return WrongUsage(command, QStringLiteral("the format is not clear"),
+                          QStringLiteral("add -f CSV or -f XML"));
+    CExportServiceStatistics service;
+    if (!service.SetFormat(format))
+        return WrongUsage(command, QStringLiteral("there are no statistics as %1").arg(format),
+                          QStringLiteral("choose CSV or XML"));
+    return ExitGood;
+}
+
+void PrintRemarks(const LotReader& lot, const Manners& manners)
+{
+    const QStringList remarks = lot.GetRemarks(manners.verbose);
+    const qsizetype shown = manners.verbose ? remarks.size() : qMin(RemarksShown, remarks.size());
+    for (const QString& remark : remarks.mid(0, shown))
+        PrintNote(remark);
+    if (shown < remarks.size())
+        PrintNote(QStringLiteral("and %1 remarks more; -v shows all").arg(remarks.size() - shown));
+}
+
+std::optional<Problem> Write(const LotReader& lot, const Arguments& arguments, const QString& format,
+                             SafeOutput& output)
+{
+    CExportServiceStatistics service;
+    service.SetFormat(format);
+    service.SetUseScaledData(arguments.scaled);
+    service.SetOutputFileName(output.TemporaryName());
+    if (!service.Export(lot.GetReport()) || !service.OutputComplete())
+        return output.WriteProblem();
+    return output.Commit();
+}
+
+int Run(const Arguments& arguments, const Manners& manners)
+{
+    const QString format = FormatOf(arguments);
+    if (const int usage = CheckUsage(format))
+        return usage;
+    SafeOutput output(PathOf(arguments.file), arguments.force);
+    std::optional<Problem> failure = output.Refusal();
+    if (failure) {
+        PrintProblem(*failure);
+        return ExitFailed;
+    }
+
+    QList<Problem> problems;
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &problems);
+    LotReader lot;
+    {
+        Progress progress(inputs.size(), !manners.quiet);
+        lot.Read(inputs, progress);
+    }
+    problems += lot.GetProblems();
+    if (lot.GetReportCount() == 0)
+        problems.append(
+            {{}, 0, QStringLiteral("no report could be read"), QStringLiteral("nothing is written")});
+    else if ((failure = Write(lot, arguments, format, output)))
+        problems.append(*failure);
+
+    if (!manners.quiet && lot.GetReportCount() > 0) {
+        Print(DescribeLot(lot.GetSummary(), lot.GetReport()));
+        FlushOutput(); // before the remarks, on a terminal
+    }
+    PrintRemarks(lot, manners);
+    for (const Problem& problem : problems)
+        PrintProblem(problem);
+    return problems.isEmpty() ? ExitGood : ExitFailed;
+}
+
+} // namespace
+
+Command StatisticsCommand(CLI::App& app, const Manners& manners)
+{
+    CLI::App* const statistics = app.add_subcommand("statistics", "Summarise the reports of a lot");
+    const auto arguments = std::make_shared<Arguments>();
+    statistics->add_option("INPUT", arguments->inputs, "Reports, folders of reports, or - for standard input")
+        ->required();
+    statistics->add_option("-o,--output", arguments->file, "File to write; its extension chooses the format")
+        ->required();
+    statistics->add_option("-f,--format", arguments->format, "CSV or XML");
+    statistics->add_flag("--scaled", arguments->scaled, "Values with the prefixes of their units");
+    statistics->add_flag("--force", arguments->force, "Replace an existing file");
+    statistics->footer(
+        "Prints the yield, the first-pass yield, the steps that failed most and the smallest CPK;\n"
+        "what is odd about the lot goes to standard error.\n"
+        "Examples:\n"
+        "  zyn statistics lot/ -o lot.csv --scaled\n"
+        "  zyn statistics monday/ tuesday/ -o week.xml");
+    return {statistics, [=, &manners] { return Run(*arguments, manners); }, {}};
+}
+
+} // namespace ZYN::Tool
