@@ -10,41 +10,38 @@
 
 namespace ZYN {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 struct Column {
-    const char* title;
+    QLatin1StringView title;
     ReportText::Lookup text;
 };
 
 constexpr Column columns[] = {
-    {"Ident", ReportText::SpreadsheetIdent},    {"Name", ReportText::Name},
-    {"TypeID", ReportText::TypeCode},           {"Type", ReportText::Type},
-    {"ResultID", ReportText::ResultCode},       {"Result", ReportText::Result},
-    {"Value", ReportText::PlainValue},          {"Unit", ReportText::Unit},
-    {"LowerComp", ReportText::LowerOperator},   {"LowerLimit", ReportText::PlainLowerLimit},
-    {"UpperComp", ReportText::UpperOperator},   {"UpperLimit", ReportText::PlainUpperLimit},
-    {"Duration(ms)", ReportText::Duration},     {"Attribute", ReportText::SimplifiedAttribute},
-    {"Comment", ReportText::SimplifiedComment},
+    {"Ident"_L1, ReportText::SpreadsheetIdent},    {"Name"_L1, ReportText::Name},
+    {"TypeID"_L1, ReportText::TypeCode},           {"Type"_L1, ReportText::Type},
+    {"ResultID"_L1, ReportText::ResultCode},       {"Result"_L1, ReportText::Result},
+    {"Value"_L1, ReportText::PlainValue},          {"Unit"_L1, ReportText::Unit},
+    {"LowerComp"_L1, ReportText::LowerOperator},   {"LowerLimit"_L1, ReportText::PlainLowerLimit},
+    {"UpperComp"_L1, ReportText::UpperOperator},   {"UpperLimit"_L1, ReportText::PlainUpperLimit},
+    {"Duration(ms)"_L1, ReportText::Duration},     {"Attribute"_L1, ReportText::SimplifiedAttribute},
+    {"Comment"_L1, ReportText::SimplifiedComment},
 };
-
-/// Writes one line: the cell of every column.
-template <class Cell>
-void WriteLine(QTextStream& stream, Cell cell)
-{
-    const char* separator = "";
-    for (const Column& column : columns) {
-        stream << separator << cell(column);
-        separator = ";";
-    }
-    stream << Qt::endl;
-}
 
 } // namespace
 
-void CReportBuilderCSV::WriteTitles()
+template <class Cell>
+void CReportBuilderCSV::WriteLine(Cell cell)
 {
-    WriteLine(stream, [](const Column& column) { return column.title; });
+    line.resize(0);
+    for (const Column& column : columns) {
+        line += cell(column);
+        line += u';';
+    }
+    line.chop(1);
+    stream << line << Qt::endl;
 }
 
 bool CReportBuilderCSV::WriteRow(const TestComponent* component, const TestResult* result)
@@ -52,7 +49,7 @@ bool CReportBuilderCSV::WriteRow(const TestComponent* component, const TestResul
     if (!component || !result)
         return false;
     const ReportText::Row row(component, result, nullptr);
-    WriteLine(stream, [&](const Column& column) { return column.text(row); });
+    WriteLine([&](const Column& column) { return column.text(row); });
     return true;
 }
 
@@ -60,7 +57,7 @@ bool CReportBuilderCSV::BeginTestProgram(TestProgram* program, TestResult* resul
 {
     if (!program || !result)
         return false;
-    WriteTitles();
+    WriteLine([](const Column& column) { return column.title; });
     return WriteRow(program, result);
 }
 

@@ -28,9 +28,14 @@ public:
     bool BeginTestMeasurement(TestMeasurement* measurement, TestResult* result) override;
 
 private:
-    void WriteTitles();
+    /// Writes one line: the cell of every column.
+    template <class Cell>
+    void WriteLine(Cell cell);
     /// \return false without writing when one of the two is null
     bool WriteRow(const TestComponent* component, const TestResult* result);
+
+    /// The line being made; kept for its memory.
+    QString line;
 };
 
 } // namespace ZYN

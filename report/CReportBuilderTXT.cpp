@@ -28,22 +28,22 @@ constexpr int stepIndentation = 5;
 constexpr int measurementIndentation = 10;
 
 struct Column {
-    QLatin1StringView title;
+    QStringView title;
     int width;
     ReportText::Lookup text;
 };
 
 constexpr Column columns[] = {
-    {"Name"_L1, 30, ReportText::Name},
-    {"Status"_L1, 6, ReportText::Result},
-    {"Value"_L1, 10, ReportText::ShownValue},
-    {"Unit"_L1, 8, ReportText::Unit},
-    {"LL"_L1, 10, ReportText::ShownLowerLimit},
-    {"UL"_L1, 10, ReportText::ShownUpperLimit},
-    {"TD"_L1, 12, ReportText::DurationForPeople},
-    {"ID"_L1, 12, ReportText::Ident},
-    {"Attribute"_L1, 20, ReportText::Attribute},
-    {"Comment"_L1, 20, ReportText::Comment},
+    {u"Name", 30, ReportText::Name},
+    {u"Status", 6, ReportText::Result},
+    {u"Value", 10, ReportText::ShownValue},
+    {u"Unit", 8, ReportText::Unit},
+    {u"LL", 10, ReportText::ShownLowerLimit},
+    {u"UL", 10, ReportText::ShownUpperLimit},
+    {u"TD", 12, ReportText::DurationForPeople},
+    {u"ID", 12, ReportText::Ident},
+    {u"Attribute", 20, ReportText::Attribute},
+    {u"Comment", 20, ReportText::Comment},
 };
 
 } // namespace
@@ -61,9 +61,9 @@ bool CReportBuilderTXT::BeginUUTTest(UUTTest* uutTest)
     if (!uutTest)
         return false;
     sheet.EmptyLine();
-    sheet.Label(u"Test Result:"_s, uutTest->GetResultString(), labelWidth);
-    sheet.Label(u"Test Duration:"_s, uutTest->GetDurationStringFormated(), labelWidth);
-    sheet.Label(u"Test Start/Stop:"_s,
+    sheet.Label(u"Test Result:", uutTest->GetResultString(), labelWidth);
+    sheet.Label(u"Test Duration:", uutTest->GetDurationStringFormated(), labelWidth);
+    sheet.Label(u"Test Start/Stop:",
                 u"%1 / %2"_s.arg(uutTest->GetStartTimeString(), uutTest->GetStopTimeString()), labelWidth);
     sheet.EmptyLine();
     return true;
@@ -73,9 +73,9 @@ bool CReportBuilderTXT::BeginUnitUnderTest(UnitUnderTest* unit)
 {
     if (!unit)
         return false;
-    sheet.Label(u"UUT Serial Number:"_s, unit->GetSerialNo(), labelWidth);
-    sheet.Label(u"UUT Identification:"_s, unit->GetIdentString(), labelWidth);
-    sheet.Label(u"UUT Panel Index:"_s, QString::number(unit->GetPanelIndex()), labelWidth);
+    sheet.Label(u"UUT Serial Number:", unit->GetSerialNo(), labelWidth);
+    sheet.Label(u"UUT Identification:", unit->GetIdentString(), labelWidth);
+    sheet.Label(u"UUT Panel Index:", QString::number(unit->GetPanelIndex()), labelWidth);
     sheet.EmptyLine();
     return true;
 }
@@ -84,10 +84,10 @@ bool CReportBuilderTXT::BeginProductType(ProductType* productType)
 {
     if (!productType)
         return false;
-    sheet.Label(u"Product Name:"_s, productType->GetName(), labelWidth);
-    sheet.Label(u"Product Description:"_s, productType->GetDescription(), labelWidth);
-    sheet.Label(u"Product Article Code:"_s, productType->GetArticelCode(), labelWidth);
-    sheet.Label(u"Product Customer:"_s, productType->GetCustomer(), labelWidth);
+    sheet.Label(u"Product Name:", productType->GetName(), labelWidth);
+    sheet.Label(u"Product Description:", productType->GetDescription(), labelWidth);
+    sheet.Label(u"Product Article Code:", productType->GetArticelCode(), labelWidth);
+    sheet.Label(u"Product Customer:", productType->GetCustomer(), labelWidth);
     sheet.EmptyLine();
     return true;
 }
@@ -96,10 +96,10 @@ bool CReportBuilderTXT::BeginSession(ZYNSession* session)
 {
     if (!session)
         return false;
-    sheet.Label(u"KVA Version:"_s, Environment::EngineVersion(), labelWidth);
-    sheet.Label(u"Session Machine:"_s, session->GetMachineName(), labelWidth);
-    sheet.Label(u"Session User Name:"_s, session->GetCurrentUserName(), labelWidth);
-    sheet.Label(u"Session Workspace:"_s, session->GetWorkspaceName(), labelWidth);
+    sheet.Label(u"KVA Version:", Environment::EngineVersion(), labelWidth);
+    sheet.Label(u"Session Machine:", session->GetMachineName(), labelWidth);
+    sheet.Label(u"Session User Name:", session->GetCurrentUserName(), labelWidth);
+    sheet.Label(u"Session Workspace:", session->GetWorkspaceName(), labelWidth);
     sheet.EmptyLine();
     sheet.Rule(u'*');
     sheet.EmptyLine();
@@ -110,9 +110,9 @@ bool CReportBuilderTXT::BeginFixture(Fixture* fixture)
 {
     if (!fixture)
         return false;
-    sheet.Label(u"Fixture Name:"_s, fixture->GetName(), labelWidth);
-    sheet.Label(u"Fixture Identification:"_s, fixture->GetIdent(), labelWidth);
-    sheet.Label(u"Fixture Serial Number:"_s, fixture->GetSerialNo(), labelWidth);
+    sheet.Label(u"Fixture Name:", fixture->GetName(), labelWidth);
+    sheet.Label(u"Fixture Identification:", fixture->GetIdent(), labelWidth);
+    sheet.Label(u"Fixture Serial Number:", fixture->GetSerialNo(), labelWidth);
     sheet.EmptyLine();
     return true;
 }
@@ -121,14 +121,14 @@ bool CReportBuilderTXT::BeginTestProgram(TestProgram* program, TestResult* resul
 {
     if (!program)
         return false;
-    sheet.Banner(u" TEST PROGRAM RESULT "_s, u'-');
+    sheet.Banner(u" TEST PROGRAM RESULT ", u'-');
     // The time of writing, with the English names of C in every locale.
     sheet.Banner(u' ' + Environment::Now().toString(Qt::TextDate) + u' ', u'-');
     sheet.EmptyLine();
-    sheet.Label(u"Testprogram:"_s, program->GetName(), programLabelWidth);
-    sheet.Label(u"Filename:"_s, ReportText::FileName(program), programLabelWidth);
-    sheet.Label(u"Version:"_s, program->GetVersion(), programLabelWidth);
-    sheet.Label(u"Creator:"_s, program->GetCreator(), programLabelWidth);
+    sheet.Label(u"Testprogram:", program->GetName(), programLabelWidth);
+    sheet.Label(u"Filename:", ReportText::FileName(program), programLabelWidth);
+    sheet.Label(u"Version:", program->GetVersion(), programLabelWidth);
+    sheet.Label(u"Creator:", program->GetCreator(), programLabelWidth);
     sheet.EmptyLine();
     if (result)
         WriteProgramResult(result);
@@ -137,9 +137,9 @@ bool CReportBuilderTXT::BeginTestProgram(TestProgram* program, TestResult* resul
 
 void CReportBuilderTXT::WriteProgramResult(const TestResult* result)
 {
-    sheet.Label(u"Result:"_s, result->GetResultString(), programLabelWidth);
-    sheet.Label(u"Duration:"_s, result->GetDurationStringFormated(), programLabelWidth);
-    sheet.Label(u"Timestamp:"_s, result->GetTimeString(), programLabelWidth);
+    sheet.Label(u"Result:", result->GetResultString(), programLabelWidth);
+    sheet.Label(u"Duration:", result->GetDurationStringFormated(), programLabelWidth);
+    sheet.Label(u"Timestamp:", result->GetTimeString(), programLabelWidth);
     sheet.EmptyLine();
     sheet.EmptyLine();
 }
@@ -156,7 +156,7 @@ bool CReportBuilderTXT::BeginTestGroup(TestGroup* group, TestResult* result)
 void CReportBuilderTXT::WriteTableHead()
 {
     for (const Column& column : columns)
-        sheet.Cell(column.title, column.width, QTextStream::AlignCenter);
+        sheet.Cell(column.title, column.width, TextSheet::Align::Centre);
     sheet.EndLine();
     for (const Column& column : columns)
         sheet.Cell(QString(column.width, u'_'), column.width);
@@ -166,10 +166,9 @@ void CReportBuilderTXT::WriteTableHead()
 void CReportBuilderTXT::WriteRow(const TestComponent* component, const TestResult* result, int indentation)
 {
     const ReportText::Row row(component, result, ReportText::Display(result));
-    QString indent(indentation, u' ');
     for (const Column& column : columns) {
-        sheet.Cell(indent + column.text(row), column.width);
-        indent.clear();
+        sheet.Cell(column.text(row), column.width, TextSheet::Align::Left, indentation);
+        indentation = 0;
     }
     sheet.EndLine();
 }
@@ -212,7 +211,7 @@ bool CReportBuilderTXT::EndTestProgram(TestProgram*)
 
 bool CReportBuilderTXT::BeginSubUnitTest()
 {
-    sheet.Banner(u" PANEL ITEM TEST "_s, u'+');
+    sheet.Banner(u" PANEL ITEM TEST ", u'+');
     sheet.EmptyLine();
     return true;
 }

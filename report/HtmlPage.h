@@ -37,7 +37,7 @@ public:
     void Pair(const QString& label, const QString& value);
 
 private:
-    void Attribute(const char* name, const QString& value);
+    void Attribute(QLatin1StringView name, const QString& value);
 
     QTextStream& stream;
     bool tableOpen = false;

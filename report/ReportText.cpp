@@ -9,7 +9,11 @@
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNCommon/ValueDisplay.h>
 
+#include <QtCore/QStringBuilder>
+
 namespace ZYN::ReportText {
+
+using namespace Qt::StringLiterals;
 
 const ValueDisplay* Display(const TestResult* result)
 {
@@ -29,7 +33,7 @@ QString FileName(const TestProgram* program)
 
 QString SpreadsheetText(const QString& text)
 {
-    return QStringLiteral("=\"%1\"").arg(text);
+    return "=\""_L1 % text % u'"';
 }
 
 bool StandsForStep(const TestMeasurement* measurement)

@@ -1,52 +1,60 @@
 #include "TextSheet.h"
 
+#include <algorithm>
+
 namespace ZYN {
+
+using namespace Qt::StringLiterals;
 
 void TextSheet::EmptyLine()
 {
-    stream << Qt::endl;
+    EndLine();
 }
 
-void TextSheet::Banner(const QString& text, QChar pad)
+void TextSheet::Banner(QStringView text, QChar pad)
 {
-    Field(text, lineWidth, QTextStream::AlignCenter, pad);
-    stream << Qt::endl;
+    Field(text, lineWidth, Align::Centre, pad);
+    EndLine();
 }
 
 void TextSheet::Rule(QChar pad)
 {
-    Field(QString(), lineWidth, QTextStream::AlignLeft, pad);
-    stream << Qt::endl;
+    Fill(lineWidth, pad);
+    EndLine();
 }
 
-void TextSheet::Label(const QString& label, const QString& value, int width)
+void TextSheet::Label(QStringView label, QStringView value, int width)
 {
-    Field(label, width, QTextStream::AlignLeft, QLatin1Char(' '));
-    stream << value << Qt::endl;
+    Field(label, width, Align::Left, u' ');
+    line += value;
+    EndLine();
 }
 
-void TextSheet::Cell(const QString& text, int width, QTextStream::FieldAlignment alignment)
+void TextSheet::Cell(QStringView text, int width, Align align, int indentation)
 {
-    Field(text, width, alignment, QLatin1Char(' '));
-    stream << " | ";
+    Fill(indentation, u' ');
+    Field(text, width - indentation, align, u' ');
+    line += " | "_L1;
 }
 
 void TextSheet::EndLine()
 {
-    stream << Qt::endl;
+    stream << line << Qt::endl;
+    line.resize(0);
 }
 
-void TextSheet::Field(const QString& text, int width, QTextStream::FieldAlignment alignment, QChar pad)
+void TextSheet::Field(QStringView text, int width, Align align, QChar pad)
 {
-    const QTextStream::FieldAlignment alignmentBefore = stream.fieldAlignment();
-    stream.setFieldWidth(width);
-    stream.setFieldAlignment(alignment);
-    stream.setPadChar(pad);
-    stream << text;
-    stream.setPadChar(QLatin1Char(' '));
-    stream.setFieldAlignment(alignmentBefore);
-    // Everything else, line ends included, would be padded too.
-    stream.setFieldWidth(0);
+    const qsizetype padding = std::max<qsizetype>(0, width - text.size());
+    const qsizetype before = align == Align::Centre ? padding / 2 : 0;
+    Fill(before, pad);
+    line += text;
+    Fill(padding - before, pad);
+}
+
+void TextSheet::Fill(qsizetype count, QChar pad)
+{
+    line.resize(line.size() + count, pad);
 }
 
 } // namespace ZYN

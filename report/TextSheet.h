@@ -7,10 +7,12 @@ namespace ZYN {
 
 /// The line shapes of a fixed-width text. Knows widths and padding and nothing of the model.
 ///
-/// Widths count UTF-16 units, as `QTextStream` does; text that is too long is not cut. Between calls the
-/// stream's field width is 0 and its padding a blank.
+/// Widths count UTF-16 units; text that is too long is not cut. A centred text has the odd blank behind
+/// it. (The same as the fields of a `QTextStream`, which are several times slower.)
 class TextSheet {
 public:
+    enum class Align { Left, Centre };
+
     static constexpr int lineWidth = 100;
 
     explicit TextSheet(QTextStream& output)
@@ -20,20 +22,24 @@ public:
 
     void EmptyLine();
     /// A centred text between pad characters.
-    void Banner(const QString& text, QChar pad);
+    void Banner(QStringView text, QChar pad);
     /// A line of pad characters.
     void Rule(QChar pad);
     /// A label in a field of blanks, then the value.
-    void Label(const QString& label, const QString& value, int width);
+    void Label(QStringView label, QStringView value, int width);
     /// One cell of a table line with the separator behind it.
-    void Cell(const QString& text, int width, QTextStream::FieldAlignment alignment = QTextStream::AlignLeft);
+    /// \param indentation blanks before the text, part of the width
+    void Cell(QStringView text, int width, Align align = Align::Left, int indentation = 0);
     /// Ends a table line.
     void EndLine();
 
 private:
-    void Field(const QString& text, int width, QTextStream::FieldAlignment alignment, QChar pad);
+    void Field(QStringView text, int width, Align align, QChar pad);
+    void Fill(qsizetype count, QChar pad);
 
     QTextStream& stream;
+    /// The line being made; kept for its memory.
+    QString line;
 };
 
 } // namespace ZYN
