@@ -140,8 +140,8 @@ void XmlReportTest::textOfNothingToReplaceIsNotCopied()
 void XmlReportTest::productTypeParameters()
 {
     ProductType productType(7, u"P"_s);
-    for (const QString& key :
-         {u"b"_s, u"_GoldenDevice"_s, u"_GoldenDevice_7"_s, u"a_GoldenDevice"_s, u"B"_s, u"_goldendevice"_s})
+    for (const QString& key : {u"b"_s, u"_GoldenDevice"_s, u"_GoldenDevice_7"_s, u"a_GoldenDevice"_s, u"B"_s,
+                               u"_goldendevice"_s, u"no & name"_s})
         productType.SetParameter(key, key.toUpper());
     QCOMPARE(Written(productType), uR"(<ProductType ID="7">
     <Property Name="Name">P</Property>
@@ -152,6 +152,7 @@ void XmlReportTest::productTypeParameters()
     <Parameter _goldendevice="_GOLDENDEVICE"/>
     <Parameter a_GoldenDevice="A_GOLDENDEVICE"/>
     <Parameter b="B"/>
+    <Parameter no & name="NO &amp; NAME"/>
     <Property Name="ClusterLevel"></Property>
 </ProductType>)"_s);
 }

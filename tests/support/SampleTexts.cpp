@@ -131,7 +131,8 @@ QSharedPointer<UUTTest> HostileNames()
     const QSharedPointer<ProductType> product(new ProductType(6, u"R&D <prototype>"_s));
     product->SetCustomer(u"M\u00fcller & S\u00f6hne \"GmbH\""_s);
     product->SetDescription(u"line\nbreak"_s);
-    product->SetParameter(u"<key> & \"quotes\""_s, u"<value>"_s);
+    // Its key becomes the name of an attribute: one that is no name makes no XML.
+    product->SetParameter(u"\u00c4_1.-"_s, u"<value> & \"quotes\""_s);
     unit->SetProductType(product);
     test->SetUnitUnderTest(unit);
     test->SetProductionLot(QSharedPointer<ProductionLot>(new ProductionLot(6, u"L;<1>"_s)));
