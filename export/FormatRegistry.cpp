@@ -45,7 +45,6 @@ struct ReportFormat {
     QLatin1StringView extension;
     /// What a file name is searched for.
     std::array<QLatin1StringView, 2> marks;
-    /// Null for a format that has a name but no builder.
     Factory create;
 };
 
@@ -89,7 +88,7 @@ template <class Format, std::size_t size>
 IExportBuilder* CreateFrom(const Format (&formats)[size], const QString& name)
 {
     const Format* const format = Find(formats, name);
-    return format && format->create ? format->create() : nullptr;
+    return format ? format->create() : nullptr;
 }
 
 } // namespace

@@ -1,10 +1,28 @@
+#include "export/FormatRegistry.h"
+#include "report/CReportBuilderCSV.h"
+#include "report/CReportBuilderHTML.h"
+#include "report/CReportBuilderJSON.h"
+#include "report/CReportBuilderPDF.h"
+#include "report/CReportBuilderSTDF.h"
+#include "report/CReportBuilderTXT.h"
+#include "report/CReportBuilderXML.h"
+#include "statistics/CStatisticsReportBuilderCSV.h"
+#include "statistics/CStatisticsReportBuilderXML.h"
+#include "testplan/CTestPlanBuilderXML.h"
+
 #include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QTranslator>
 #include <QtTest/QtTest>
 
+#include <functional>
+#include <memory>
+#include <typeinfo>
+
 using namespace ZYN;
 using namespace Qt::StringLiterals;
+
+using Factory = std::function<IExportBuilder*(const QString&)>;
 
 class FormatRegistryTest : public QObject {
     Q_OBJECT
@@ -12,6 +30,8 @@ class FormatRegistryTest : public QObject {
 private slots:
     void Names_data();
     void Names();
+    void Builders_data();
+    void Builders();
     void FileNames_data();
     void FileNames();
     void FileDialogFilter();
@@ -61,6 +81,54 @@ void FormatRegistryTest::Names()
 
     QCOMPARE(CExportServiceReport::ExtensionForFormat(name), extension);
     QCOMPARE(CExportServiceReport::ValidFormat(name), valid);
+}
+
+void FormatRegistryTest::Builders_data()
+{
+    QTest::addColumn<Factory>("factory");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("builder");
+
+    const auto report = [](const QString& name, const std::type_info& builder) {
+        QTest::newRow(qPrintable(u"report "_s + name))
+            << Factory(FormatRegistry::CreateReportBuilder) << name << QByteArray(builder.name());
+    };
+    report(u"XML"_s, typeid(CReportBuilderXML));
+    report(u""_s, typeid(CReportBuilderXML));
+    report(u"default"_s, typeid(CReportBuilderXML));
+    report(u"TXT"_s, typeid(CReportBuilderTXT));
+    report(u"Ascii"_s, typeid(CReportBuilderTXT));
+    report(u" text "_s, typeid(CReportBuilderTXT));
+    report(u"CSV"_s, typeid(CReportBuilderCSV));
+    report(u"HTML"_s, typeid(CReportBuilderHTML));
+    report(u"PDF"_s, typeid(CReportBuilderPDF));
+    report(u"JSON"_s, typeid(CReportBuilderJSON));
+    report(u"STD"_s, typeid(CReportBuilderSTDF));
+    report(u"StdF"_s, typeid(CReportBuilderSTDF));
+    report(u"zyr"_s, typeid(void));
+
+    const auto statistics = [](const QString& name, const std::type_info& builder) {
+        QTest::newRow(qPrintable(u"statistics "_s + name))
+            << Factory(FormatRegistry::CreateStatisticsBuilder) << name << QByteArray(builder.name());
+    };
+    statistics(u" xml"_s, typeid(CStatisticsReportBuilderXML));
+    statistics(u""_s, typeid(CStatisticsReportBuilderXML));
+    statistics(u"Default"_s, typeid(CStatisticsReportBuilderXML));
+    statistics(u"csv"_s, typeid(CStatisticsReportBuilderCSV));
+    statistics(u"TXT"_s, typeid(void));
+
+    const Factory plan = [](const QString& name) {
+        return FormatRegistry::CreateTestPlanBuilder(name, true);
+    };
+    QTest::newRow("plan") << plan << u"anything"_s << QByteArray(typeid(CTestPlanBuilderXML).name());
+}
+
+void FormatRegistryTest::Builders()
+{
+    QFETCH(Factory, factory);
+    QFETCH(QString, name);
+    const std::unique_ptr<IExportBuilder> builder(factory(name));
+    QTEST(QByteArray(builder ? typeid(*builder).name() : typeid(void).name()), "builder");
 }
 
 void FormatRegistryTest::FileNames_data()
