@@ -11,6 +11,7 @@
 #include <ZYNCommon/TestComponentAttr.h>
 #include <ZYNCommon/TestGroup.h>
 #include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNCommon/WorkSpace.h>
 #include <ZYNCommon/ZYNApplication.h>
@@ -28,6 +29,13 @@ inline long Id(const ManagedObject* object)
 inline EN_ZYN_ADDRESS TypeCode(const TestComponent* component)
 {
     return component->type;
+}
+
+/// Type code of the component that a result belongs to.
+inline EN_ZYN_ADDRESS MeasuredType(const TestResult* result)
+{
+    const QSharedPointer<TestComponent> component = result->GetComponent();
+    return component ? component->type : ZYN_ADDRESS_NONE;
 }
 
 inline unsigned int SourceLine(const TestComponent* component)
@@ -67,9 +75,46 @@ inline bool IsWithoutVerdict(EN_ZYN_RESULT result)
     return result == ZYN_RESULT_DONE;
 }
 
-inline bool IsNumber(EN_ZYN_ADDRESS type)
+/// What a measurement of a type code measures.
+enum class ValueKind { None, Integer, Real, Text };
+
+inline ValueKind KindOfValue(int typeCode)
 {
-    return type == ZYN_ADDRESS_INTEGER || type == ZYN_ADDRESS_REAL;
+    switch (typeCode) {
+    case ZYN_ADDRESS_INTEGER:
+        return ValueKind::Integer;
+    case ZYN_ADDRESS_REAL:
+        return ValueKind::Real;
+    case ZYN_ADDRESS_STRING:
+        return ValueKind::Text;
+    default:
+        return ValueKind::None;
+    }
+}
+
+inline bool IsNumber(int typeCode)
+{
+    const ValueKind kind = KindOfValue(typeCode);
+    return kind == ValueKind::Integer || kind == ValueKind::Real;
+}
+
+/// The base of the digits in which values of a unit are written; 0 for decimal numbers.
+inline int DigitBase(int unitCode)
+{
+    switch (unitCode) {
+    case MeasurementUnit::Hexadecimal:
+        return 16;
+    case MeasurementUnit::Binary:
+        return 2;
+    default:
+        return 0;
+    }
+}
+
+/// Whether a validation's operator may be written so; the empty text means no limit.
+inline bool IsOperatorText(const QString& text)
+{
+    return text.trimmed().isEmpty() || LimitOperator::FromString(text).GetCode() != LimitOperator::None;
 }
 
 /// The code that `ValueComperator::Verify` takes.

@@ -2,7 +2,6 @@
 
 #include "export/ModelAdapter.h"
 
-#include <ZYNCommon/LimitOperator.h>
 #include <ZYNCommon/TestComponentFactory.h>
 
 #include <algorithm>
@@ -13,19 +12,9 @@
 
 namespace ZYN::ReportValues {
 
-namespace {
+using ModelAdapter::ValueKind;
 
-int DigitBase(const Notation& notation)
-{
-    switch (notation.unitCode) {
-    case MeasurementUnit::Hexadecimal:
-        return 16;
-    case MeasurementUnit::Binary:
-        return 2;
-    default:
-        return 0;
-    }
-}
+namespace {
 
 /// A whole number of 64 bits, if the text is one once its decimal point is moved.
 std::optional<QVariant> WholeNumber(QStringView text, int factor)
@@ -55,7 +44,7 @@ std::optional<QVariant> WholeNumber(QStringView text, int factor)
 /// The text as a number of the notation: as digits of its base, whole, or real.
 QVariant ToNumber(QStringView text, const Notation& notation, bool keepInteger, bool* ok)
 {
-    if (const int base = DigitBase(notation)) {
+    if (const int base = ModelAdapter::DigitBase(notation.unitCode)) {
         bool isDigits = false;
         const qulonglong bits = text.toULongLong(&isDigits, base);
         if (isDigits) {
@@ -80,7 +69,7 @@ QVariant ToNumber(QStringView text, const Notation& notation, bool keepInteger, 
 /// fit becomes the nearest one that does.
 int ToLimit32(const QVariant& limit, const Notation& notation, bool& fits)
 {
-    if (DigitBase(notation) && limit.typeId() == QMetaType::LongLong) {
+    if (ModelAdapter::DigitBase(notation.unitCode) && limit.typeId() == QMetaType::LongLong) {
         const quint64 bits = limit.toULongLong();
         fits = fits && bits <= std::numeric_limits<quint32>::max();
         return int(quint32(bits));
@@ -97,11 +86,6 @@ int ToLimit32(const QVariant& limit, const Notation& notation, bool& fits)
     return int(near);
 }
 
-bool IsOperatorOrNone(const QString& text)
-{
-    return text.trimmed().isEmpty() || LimitOperator::FromString(text).GetCode() != LimitOperator::None;
-}
-
 } // namespace
 
 int ToInteger(QStringView text, bool* ok)
@@ -116,37 +100,41 @@ double ToReal(QStringView text, int factor, bool* ok)
 
 QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok)
 {
-    const bool isText = notation.dataType == ZYN_ADDRESS_STRING || measuredType == ZYN_ADDRESS_STRING;
-    if (isText && !DigitBase(notation)) {
+    const ValueKind measured = ModelAdapter::KindOfValue(measuredType);
+    const bool isText =
+        ModelAdapter::KindOfValue(notation.dataType) == ValueKind::Text || measured == ValueKind::Text;
+    if (isText && !ModelAdapter::DigitBase(notation.unitCode)) {
         if (ok)
             *ok = true;
         return text.toString();
     }
-    return ToNumber(text, notation, measuredType == ZYN_ADDRESS_INTEGER, ok);
+    return ToNumber(text, notation, measured == ValueKind::Integer, ok);
 }
 
 ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok)
 {
     const Notation& notation = limits.notation;
+    const ValueKind kind = ModelAdapter::KindOfValue(notation.dataType);
     const QByteArray lowerOperator = limits.lowerOperator.toUtf8();
     const QByteArray upperOperator = limits.upperOperator.toUtf8();
-    bool good = IsOperatorOrNone(limits.lowerOperator) && IsOperatorOrNone(limits.upperOperator);
+    bool good = ModelAdapter::IsOperatorText(limits.lowerOperator) &&
+                ModelAdapter::IsOperatorText(limits.upperOperator);
     const auto number = [&](const QString& text) {
         bool isNumber = true;
-        const bool isWhole = notation.dataType == ZYN_ADDRESS_INTEGER;
+        const bool isWhole = kind == ValueKind::Integer;
         const QVariant value = text.isNull() ? QVariant(0.0) : ToNumber(text, notation, isWhole, &isNumber);
         good = good && isNumber;
         return value;
     };
 
     std::unique_ptr<ValidationInterface> validation;
-    switch (notation.dataType) {
-    case ZYN_ADDRESS_INTEGER:
+    switch (kind) {
+    case ValueKind::Integer:
         validation.reset(TestComponentFactory::CreateValidationInt(
             notation.unitCode, lowerOperator, upperOperator, ToLimit32(number(limits.lower), notation, good),
             ToLimit32(number(limits.upper), notation, good), -1, -1, -1, -1, -1, -1));
         break;
-    case ZYN_ADDRESS_REAL: {
+    case ValueKind::Real: {
         const double nominal = limits.nominal.isNull() ? std::numeric_limits<double>::quiet_NaN()
                                                        : number(limits.nominal).toDouble();
         validation.reset(TestComponentFactory::CreateValidationReal(
@@ -154,11 +142,11 @@ ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok)
             number(limits.upper).toDouble(), -1, -1, -1, -1, -1, -1, notation.factor, nominal));
         break;
     }
-    case ZYN_ADDRESS_STRING:
+    case ValueKind::Text:
         validation.reset(TestComponentFactory::CreateValidationString(notation.unitCode, lowerOperator,
                                                                       limits.lower, -1, -1, -1, -1));
         break;
-    default:
+    case ValueKind::None:
         break;
     }
     if (validation && limits.invertResult)

@@ -148,7 +148,7 @@ bool CImportServiceReport_Private::ReadTestProgram()
 bool CImportServiceReport_Private::ReadTestGroup()
 {
     Component read = StartComponent();
-    int kind = ZYN_GROUP_USER;
+    int kind = 0;
     const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
         if (name != "Type"_L1)
             return ReadCommonProperty(name, text, read);

@@ -88,10 +88,8 @@ bool CImportServiceReport_Private::ReadTestResult()
 
 void CImportServiceReport_Private::ReadValue(QStringView text)
 {
-    const QSharedPointer<TestComponent> component = result->GetComponent();
-    const int type = component ? ModelAdapter::TypeCode(component.data()) : ZYN_ADDRESS_NONE;
     bool ok = false;
-    result->SetValue(ReportValues::ToValue(text, notation, type, &ok));
+    result->SetValue(ReportValues::ToValue(text, notation, ModelAdapter::MeasuredType(result), &ok));
     if (!ok && !text.isEmpty())
         AddFinding(tr("value '%1' is not a number, read as 0").arg(text));
 }

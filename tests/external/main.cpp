@@ -31,16 +31,27 @@ QSharedPointer<TestProgram> MakeProgram()
     return program;
 }
 
+TestResult* AddResult(TestResultSet* set, QSharedPointer<TestComponent> component)
+{
+    auto* const result = new TestResult(component);
+    result->SetResult(Good);
+    set->AddResult(result);
+    return result;
+}
+
 TestResultSet* MakeResults()
 {
     const QSharedPointer<TestProgram> program = MakeProgram();
+    const QSharedPointer<TestGroup> group = program->GetGroupForIndex(0);
+    const QSharedPointer<TestStep> step = group->GetStepForIndex(0);
+    const QSharedPointer<TestMeasurement> measurement = step->GetMeasurementForIndex(0);
     auto* const set = new TestResultSet(program, {});
-    const auto measurement = program->GetGroupForIndex(0)->GetStepForIndex(0)->GetMeasurementForIndex(0);
-    auto* const result = new TestResult(measurement);
-    result->SetValue(4.875);
-    result->SetResult(Good);
-    result->SetValidation(measurement->GetValidationCtrl()->GetValidation());
-    set->AddResult(result);
+    AddResult(set, program);
+    AddResult(set, group);
+    AddResult(set, step);
+    TestResult* const measured = AddResult(set, measurement);
+    measured->SetValue(4.875);
+    measured->SetValidation(measurement->GetValidationCtrl()->GetValidation());
     measurement->own = Good;
     return set;
 }
@@ -73,6 +84,7 @@ int main()
     UUTTest test(1, "Final test");
     test.SetUnitUnderTest(QSharedPointer<UnitUnderTest>::create(7, "Motor controller"));
     test.GetUnitUnderTest()->SetSerialNo("SN-1042");
+    test.GetUnitUnderTest()->SetIdentString("SN-1042");
     test.SetResult(Good);
     test.AssignResultSet(MakeResults());
 

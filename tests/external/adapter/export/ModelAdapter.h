@@ -7,6 +7,7 @@
 #include <ZYNCommon/TestComponentAttr.h>
 #include <ZYNCommon/TestGroup.h>
 #include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNCommon/WorkSpace.h>
 #include <ZYNCommon/ZYNApplication.h>
@@ -24,6 +25,11 @@ inline long Id(const ManagedObject* object)
 inline EN_ZYN_ADDRESS TypeCode(const TestComponent* component)
 {
     return component->kind;
+}
+
+inline EN_ZYN_ADDRESS MeasuredType(const TestResult* result)
+{
+    return result->component ? result->component->kind : Nothing;
 }
 
 inline unsigned int SourceLine(const TestComponent* component)
@@ -61,9 +67,35 @@ inline bool IsWithoutVerdict(EN_ZYN_RESULT result)
     return result == Untested;
 }
 
-inline bool IsNumber(EN_ZYN_ADDRESS type)
+enum class ValueKind { None, Integer, Real, Text };
+
+inline ValueKind KindOfValue(int typeCode)
 {
-    return type == Whole || type == Decimal;
+    switch (typeCode) {
+    case Whole:
+        return ValueKind::Integer;
+    case Decimal:
+        return ValueKind::Real;
+    case Words:
+        return ValueKind::Text;
+    default:
+        return ValueKind::None;
+    }
+}
+
+inline bool IsNumber(int typeCode)
+{
+    return typeCode == Whole || typeCode == Decimal;
+}
+
+inline int DigitBase(int)
+{
+    return 0;
+}
+
+inline bool IsOperatorText(const QString& text)
+{
+    return text.isEmpty() || text == QLatin1String("<=") || text == QLatin1String(">=");
 }
 
 inline LimitOperator::Code Code(const LimitOperator& limitOperator)
@@ -161,9 +193,9 @@ inline QString RealTypeText()
     return QStringLiteral("Decimal");
 }
 
-inline double ScaledTextToReal(QStringView text, int factor)
+inline double ScaledTextToReal(QStringView text, int factor, bool* ok = nullptr)
 {
-    return QLocale::c().toDouble(text) * std::pow(10.0, factor);
+    return QLocale::c().toDouble(text, ok) * std::pow(10.0, factor);
 }
 
 inline void LoginFirstUser(WorkSpace* workSpace, const QString& password)
