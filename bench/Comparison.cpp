@@ -50,7 +50,7 @@ void ForgetPeak()
 } // namespace
 
 void Compare(benchmark::State& state, long long items, const std::function<void()>& work,
-             const std::function<void()>& floor)
+             const std::function<void()>& floor, double bar)
 {
     double workSeconds = 0.0;
     double floorSeconds = 0.0;
@@ -67,6 +67,8 @@ void Compare(benchmark::State& state, long long items, const std::function<void(
     }
     const double turns = double(state.iterations());
     state.counters["ratio"] = workSeconds / floorSeconds;
+    if (bar > 0.0)
+        state.counters["bar"] = bar;
     state.counters["ns/item"] = workSeconds * 1e9 / turns / double(items);
     state.counters["MiB"] = peak;
 }

@@ -80,7 +80,7 @@ void JsonReport(benchmark::State& state)
     const auto load = Bench::MakeLoad(measurements);
     Bench::Compare(
         state, measurements, [&] { Export(load.get(), folder.filePath(QStringLiteral("report"))); },
-        [&] { WriteConstants(measurements, folder.filePath(QStringLiteral("floor"))); });
+        [&] { WriteConstants(measurements, folder.filePath(QStringLiteral("floor"))); }, 1.5);
 }
 
 } // namespace

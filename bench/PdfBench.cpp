@@ -56,7 +56,7 @@ void PdfReport(benchmark::State& state)
             builder.OpenFile(folder.filePath(QStringLiteral("report.pdf")));
             Export(builder, load.get());
         },
-        [&] { Print(html, folder.filePath(QStringLiteral("floor.pdf"))); });
+        [&] { Print(html, folder.filePath(QStringLiteral("floor.pdf"))); }, 1.1);
 }
 
 } // namespace

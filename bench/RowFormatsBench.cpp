@@ -62,7 +62,7 @@ void RowFormat(benchmark::State& state, const char* name)
     const auto load = Bench::MakeLoad(measurements);
     Bench::Compare(
         state, measurements, [&] { Export(format, load.get(), fileName); },
-        [&] { WriteLines(lines, measurements / sample, folder.filePath(QStringLiteral("floor"))); });
+        [&] { WriteLines(lines, measurements / sample, folder.filePath(QStringLiteral("floor"))); }, 2.0);
 }
 
 } // namespace
