@@ -127,7 +127,8 @@ void FormatRegistryTest::Builders()
 {
     QFETCH(Factory, factory);
     QFETCH(QString, name);
-    const std::unique_ptr<IExportBuilder> builder(factory(name));
+    const std::unique_ptr<IExportBuilder> owner(factory(name));
+    const IExportBuilder* const builder = owner.get();
     QTEST(QByteArray(builder ? typeid(*builder).name() : typeid(void).name()), "builder");
 }
 
