@@ -19,6 +19,9 @@
 #include <QtGui/QImage>
 #include <QtTest/QtTest>
 
+#include <algorithm>
+#include <cmath>
+
 using namespace ZYN;
 
 /// Reads the PDF back with Poppler's tools.
@@ -26,6 +29,7 @@ class PdfReportTest : public QObject {
     Q_OBJECT
 private slots:
     void showsEveryRowInOrder();
+    void cutsNoRowAtTheEndOfAPage();
     void embedsItsFonts();
     void keepsToItsMargins_data();
     void keepsToItsMargins();
@@ -139,6 +143,26 @@ void PdfReportTest::showsEveryRowInOrder()
     for (int row = 1; row <= rows; ++row)
         expected.append(QStringLiteral("row%1end").arg(row));
     QCOMPARE(seen, expected);
+}
+
+void PdfReportTest::cutsNoRowAtTheEndOfAPage()
+{
+    constexpr int rows = 150;
+    const QString pdf =
+        Export(UnitWithRows(rows, QStringLiteral("row%1end")).get(), QStringLiteral("rows.pdf"));
+    const QList<Word> words = Read(pdf).words;
+    QVERIFY(words.last().page > 1);
+    int whole = 0;
+    for (const Word& name : words) {
+        if (!name.text.startsWith(QLatin1String("row")))
+            continue;
+        // The verdict of the row stands on the same page at the same height.
+        whole += std::any_of(words.begin(), words.end(), [&](const Word& word) {
+            return word.text == QLatin1String("DONE") && word.page == name.page &&
+                   std::abs(word.box.center().y() - name.box.center().y()) < 1.0;
+        });
+    }
+    QCOMPARE(whole, rows);
 }
 
 void PdfReportTest::embedsItsFonts()
