@@ -85,6 +85,7 @@ void CReportBuilderSTDF::ForgetDocument()
     blocked = false;
     insideSubUnit = false;
     uutTest = nullptr;
+    resultSet = nullptr;
     topTest = nullptr;
     program = nullptr;
     group = nullptr;
@@ -109,8 +110,11 @@ bool CReportBuilderSTDF::EndSubUnitTest()
 bool CReportBuilderSTDF::BeginUUTTest(UUTTest* test)
 {
     uutTest = test;
+    resultSet = nullptr;
     if (!test)
         return false;
+    if (const QList<TestResultSet*> resultSets = test->GetResultSets(); !resultSets.isEmpty())
+        resultSet = resultSets.front();
     if (!insideSubUnit || !topTest)
         topTest = test;
     const quint32 stopTime = StdfLotRecords::Seconds(test->GetStopTime());
@@ -266,26 +270,36 @@ void CReportBuilderSTDF::Redirect()
 
 void CReportBuilderSTDF::AddTest()
 {
-    if (!measurement || !step || !group || !uutTest)
+    if (!measurement || !step || !group || !resultSet)
         return;
-    const QList<TestResultSet*> resultSets = uutTest->GetResultSets();
-    const TestResult* const result =
-        resultSets.isEmpty() ? nullptr : resultSets.front()->GetResult(measurement);
+    const TestResult* const result = resultSet->GetResult(measurement);
     if (!result)
         return;
     if (pending.isEmpty())
-        pending = StdfLotRecords::PartStart();
+        AddToPart(StdfLotRecords::PartStart());
     ++testNumber;
-    pending += StdfTestRecord(record, testNumber, measurement, step, group, result);
+    AddToPart(StdfTestRecord(record, testNumber, measurement, step, group, result));
+}
+
+void CReportBuilderSTDF::AddToPart(QByteArrayView records)
+{
+    // Small enough for the allocator to hand the same memory out again for the next part.
+    constexpr qsizetype blockSize = 64 * 1024;
+    if (pending.isEmpty() || pending.back().size() + records.size() > blockSize) {
+        pending.append(QByteArray());
+        pending.back().reserve(blockSize);
+    }
+    pending.back().append(records);
 }
 
 void CReportBuilderSTDF::WritePart()
 {
     if (pending.isEmpty())
         return;
-    pending += StdfLotRecords::PartResult(uutTest, topTest, testNumber);
-    Write(pending);
-    pending.resize(0);
+    AddToPart(StdfLotRecords::PartResult(uutTest, topTest, testNumber));
+    for (const QByteArray& records : std::as_const(pending))
+        Write(records);
+    pending.clear();
     testNumber = 0;
     ++partCount;
     // A count that another program left as unknown stays so.

@@ -61,6 +61,7 @@ private:
     void BeginStream(QIODevice* output, qint64 position);
     void Redirect();
     void AddTest();
+    void AddToPart(QByteArrayView records);
     void WritePart();
     void WriteCounts();
     void CutBehindCounts(QIODevice* output);
@@ -68,6 +69,8 @@ private:
 
     const bool append;
     UUTTest* uutTest = nullptr;
+    /// The test's first result set, where all its results are looked up.
+    const TestResultSet* resultSet = nullptr;
     /// The test of the whole unit: panel items have no lot, product type or session of their own.
     UUTTest* topTest = nullptr;
     bool insideSubUnit = false;
@@ -84,7 +87,8 @@ private:
     quint32 partCount = 0;
     quint32 goodCount = 0;
     StdfRecord record;
-    QByteArray pending;
+    /// The records of the part so far, in blocks: a part may have a million tests.
+    QList<QByteArray> pending;
 
     Closing lastClosing;
     /// Files of other lots that this builder met; it does not come back to them.

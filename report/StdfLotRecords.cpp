@@ -67,7 +67,7 @@ QByteArray FileHeader(const UUTTest* test, const TestProgram* program)
     constexpr quint8 littleEndian = 2;
     constexpr quint8 version = 4;
     StdfRecord record;
-    QByteArray header = record.Begin(0, 10).U1(littleEndian).U1(version).Bytes(); // FAR
+    QByteArray header = record.Begin(0, 10).U1(littleEndian).U1(version).Bytes().toByteArray(); // FAR
     if (!test || !program)
         return header;
 
@@ -92,12 +92,12 @@ QByteArray FileHeader(const UUTTest* test, const TestProgram* program)
         .Cn(program->GetVersion())
         .Cn(none) // SBLOT_ID
         .Cn(session ? session->GetCurrentUserName() : QString());
-    return header + record.Bytes();
+    return header += record.Bytes();
 }
 
 QByteArray PartStart()
 {
-    return StdfRecord().Begin(5, 10).U1(head).U1(site).Bytes();
+    return StdfRecord().Begin(5, 10).U1(head).U1(site).Bytes().toByteArray();
 }
 
 QByteArray PartResult(const UUTTest* test, const UUTTest* topTest, quint32 tests)
@@ -116,7 +116,8 @@ QByteArray PartResult(const UUTTest* test, const UUTTest* topTest, quint32 tests
         .U4(static_cast<quint32>(test->GetDuration_ms()))
         .Cn(UnitIdent(test))
         .Cn(ownProduct.isEmpty() ? ProductName(topTest) : ownProduct)
-        .Bytes();
+        .Bytes()
+        .toByteArray();
 }
 
 QByteArray Closing(quint32 partCount, quint32 goodCount, std::optional<quint32> finishTime)
@@ -131,7 +132,8 @@ QByteArray Closing(quint32 partCount, quint32 goodCount, std::optional<quint32> 
                              .U4(unknownCount) // ABRT_CNT
                              .U4(goodCount)
                              .U4(unknownCount) // FUNC_CNT
-                             .Bytes();
+                             .Bytes()
+                             .toByteArray();
     if (finishTime)
         closing += record.Begin(1, 20).U4(*finishTime).Bytes(); // MRR
     return closing;

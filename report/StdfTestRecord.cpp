@@ -10,8 +10,7 @@
 #include <ZYNCommon/ValueComperator.h>
 #include <ZYNCommon/ValueDisplay.h>
 
-#include <QtCore/QStringBuilder>
-
+#include <array>
 #include <cmath>
 
 namespace ZYN {
@@ -32,14 +31,29 @@ struct Judgement {
     bool scaleInvalid = true;
 };
 
-void JudgeScale(Judgement& judgement, const ValidationInterface* validation)
+/// What a scale factor means for values and for RES_SCAL.
+struct Scale {
+    float multiplier = 1.0F;
+    bool valid = true;
+};
+
+const Scale& ScaleOf(qint8 factor)
 {
-    judgement.scaleInvalid = false;
-    if (const ValueDisplay* const display = validation->GetValueDisplay()) {
-        const ValueDisplay::ScaleFactor factor = display->GetScaleFactor();
-        judgement.scale = static_cast<qint8>(factor);
-        judgement.scaleInvalid = ValueDisplay::ScaleFactorToString(factor) == u"#";
-    }
+    static const auto scales = [] {
+        std::array<Scale, 256> all;
+        for (int power = -128; power < 128; ++power)
+            all[static_cast<size_t>(power + 128)] = {
+                static_cast<float>(std::pow(0.1, power)),
+                ValueDisplay::ScaleFactorToString(ValueDisplay::ScaleFactor(power)) != u"#"};
+        return all;
+    }();
+    return scales[static_cast<size_t>(factor + 128)];
+}
+
+float ToFloat(const QVariant& value)
+{
+    // Most values are; the general conversion costs more than the rest of the record.
+    return value.typeId() == QMetaType::Double ? static_cast<float>(value.toDouble()) : value.toFloat();
 }
 
 Judgement Judge(const TestResult* result, bool numeric)
@@ -48,10 +62,13 @@ Judgement Judge(const TestResult* result, bool numeric)
     const QSharedPointer<ValidationInterface> validation = result->GetValidation();
     if (!validation)
         return judgement;
-    JudgeScale(judgement, validation.get());
-
-    const float multiplier = judgement.scale == 0 ? 1.0F : static_cast<float>(std::pow(0.1, judgement.scale));
-    const auto scaled = [&](const QVariant& value) { return numeric ? value.toFloat() * multiplier : 0.0F; };
+    judgement.scaleInvalid = false;
+    if (const ValueDisplay* const display = validation->GetValueDisplay()) {
+        judgement.scale = static_cast<qint8>(display->GetScaleFactor());
+        judgement.scaleInvalid = !ScaleOf(judgement.scale).valid;
+    }
+    const float multiplier = ScaleOf(judgement.scale).multiplier;
+    const auto scaled = [&](const QVariant& value) { return numeric ? ToFloat(value) * multiplier : 0.0F; };
 
     if (const QVariant value = result->GetValue(); !value.isNull()) {
         judgement.valueMissing = false;
@@ -103,33 +120,39 @@ quint8 OptionalFlags(const Judgement& judgement)
                                Bit(6, !judgement.hasLow) | Bit(7, !judgement.hasHigh));
 }
 
-QString TestText(const TestMeasurement* measurement, const TestStep* step, const TestGroup* group)
+/// TEST_TXT: ident, name unless it is the step's, step, group.
+void AddTestText(StdfRecord& record, const TestMeasurement* measurement, const TestStep* step,
+                 const TestGroup* group)
 {
+    constexpr QStringView dash = u" - ";
+    const QString ident = measurement->GetIdentString();
     const QString name = measurement->GetName();
     const QString stepName = step->GetName();
-    const QString start = u'[' % measurement->GetIdentString() % u"] ";
+    const QString groupName = group->GetName();
     if (name == stepName)
-        return start % stepName % u" - " % group->GetName();
-    return start % name % u" - " % stepName % u" - " % group->GetName();
+        record.Cn({u"[", ident, u"] ", stepName, dash, groupName});
+    else
+        record.Cn({u"[", ident, u"] ", name, dash, stepName, dash, groupName});
 }
 
 } // namespace
 
-const QByteArray& StdfTestRecord(StdfRecord& record, quint32 number, const TestMeasurement* measurement,
-                                 const TestStep* step, const TestGroup* group, const TestResult* result)
+QByteArrayView StdfTestRecord(StdfRecord& record, quint32 number, const TestMeasurement* measurement,
+                              const TestStep* step, const TestGroup* group, const TestResult* result)
 {
     const EN_ZYN_ADDRESS kind = ModelAdapter::TypeCode(measurement);
     const Judgement judgement = Judge(result, ModelAdapter::IsNumber(kind));
     const auto exponent = static_cast<qint8>(-judgement.scale);
 
-    return record.Begin(15, 10)
+    record.Begin(15, 10)
         .U4(number)
         .U1(1) // HEAD_NUM
         .U1(1) // SITE_NUM
         .U1(TestFlags(judgement, ModelAdapter::ResultState(measurement)))
         .U1(ParameterFlags(judgement))
-        .R4(judgement.result)
-        .Cn(TestText(measurement, step, group))
+        .R4(judgement.result);
+    AddTestText(record, measurement, step, group);
+    return record
         .Cn(QStringView()) // ALARM_ID
         .U1(OptionalFlags(judgement))
         .I1(exponent) // RES_SCAL
