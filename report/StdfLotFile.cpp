@@ -8,8 +8,10 @@ namespace ZYN {
 namespace {
 
 constexpr qint64 headerSize = 4;
-// Large enough that a system call costs little, small enough to stay in the processor's cache.
-constexpr qint64 windowSize = 16 * 1024;
+// Records that follow closely are read many at once, as much as stays in the processor's cache; a header
+// far away is read with little around it.
+constexpr qint64 largeWindow = 64 * 1024;
+constexpr qint64 smallWindow = 1024;
 
 constexpr quint16 Kind(int type, int subType)
 {
@@ -73,10 +75,11 @@ std::optional<StdfLotFile::Header> StdfLotFile::HeaderAt(qint64 position)
     if (position + headerSize > size)
         return std::nullopt;
     if (position < windowStart || position + headerSize > windowStart + window.size()) {
-        if (!device->seek(position))
-            return std::nullopt;
-        window = device->read(windowSize);
+        const bool follows = position - (windowStart + window.size()) < smallWindow;
+        window.resize(follows ? largeWindow : smallWindow);
         windowStart = position;
+        const qint64 count = device->seek(position) ? device->read(window.data(), window.size()) : 0;
+        window.resize(qMax<qint64>(count, 0));
         if (window.size() < headerSize)
             return std::nullopt;
     }
