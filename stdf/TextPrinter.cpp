@@ -33,7 +33,7 @@ QString Count(uint count)
 
 QString LimitText(const std::optional<float>& limit)
 {
-    return limit ? QString::number(static_cast<double>(*limit), 'g', 7) : QStringLiteral("-");
+    return limit ? QString::number(static_cast<double>(*limit), 'g', 6) : QStringLiteral("-");
 }
 
 /// Columns of fixed width: negative widths are filled on the left.
