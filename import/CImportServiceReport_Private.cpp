@@ -121,13 +121,12 @@ double CImportServiceReport_Private::Milliseconds(QStringView text)
     return seconds;
 }
 
-void CImportServiceReport_Private::AddFinding(const QString& text)
+void CImportServiceReport_Private::Add(const QString& text, bool isError)
 {
-    if (findings.size() == mostFindings)
+    if (findings.size() < mostFindings)
+        findings.append({reader->lineNumber(), reader->columnNumber() + 1, text, isError});
+    else if (findings.size() == mostFindings)
         findings.append({0, 0, tr("there is more, which is not listed")});
-    if (findings.size() > mostFindings)
-        return;
-    findings.append({reader->lineNumber(), reader->columnNumber() + 1, text});
 }
 
 } // namespace ZYN

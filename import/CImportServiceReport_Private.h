@@ -75,7 +75,11 @@ private:
     /// \param emptyIsGood no finding for an empty text, which reads as 0 too
     int Integer(QStringView text, bool emptyIsGood = false);
     double Milliseconds(QStringView text);
-    void AddFinding(const QString& text);
+    /// Notes something that is wrong with the document.
+    void AddFinding(const QString& text) { Add(text, true); }
+    /// Notes something that the document says well and the model cannot take over.
+    void AddLoss(const QString& text) { Add(text, false); }
+    void Add(const QString& text, bool isError);
 
     // Carried over from one import to the next, as is the limits' notation: its factor and data type are
     // those of the last `Limits`, its unit code begins anew with every measurement.

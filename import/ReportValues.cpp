@@ -67,22 +67,22 @@ QVariant ToNumber(QStringView text, const Notation& notation, bool keepInteger, 
 
 /// An integer limit has 32 bits. Digits of a base are a pattern whose low bits count; a number that does not
 /// fit becomes the nearest one that does.
-int ToLimit32(const QVariant& limit, const Notation& notation, bool& fits)
+int ToLimit32(const QVariant& limit, const Notation& notation, bool* fits)
 {
     if (ModelAdapter::DigitBase(notation.unitCode) && limit.typeId() == QMetaType::LongLong) {
         const quint64 bits = limit.toULongLong();
-        fits = fits && bits <= std::numeric_limits<quint32>::max();
+        *fits = *fits && bits <= std::numeric_limits<quint32>::max();
         return int(quint32(bits));
     }
     constexpr double smallest = std::numeric_limits<int>::min();
     constexpr double largest = std::numeric_limits<int>::max();
     const double number = limit.toDouble();
     if (std::isnan(number)) {
-        fits = false;
+        *fits = false;
         return 0;
     }
     const double near = std::clamp(std::trunc(number), smallest, largest);
-    fits = fits && near == number;
+    *fits = *fits && near == number;
     return int(near);
 }
 
@@ -111,19 +111,20 @@ QVariant ToValue(QStringView text, const Notation& notation, int measuredType, b
     return ToNumber(text, notation, measured == ValueKind::Integer, ok);
 }
 
-ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok)
+ValidationInterface* CreateValidation(const LimitTexts& limits, LimitsOutcome* outcome)
 {
     const Notation& notation = limits.notation;
     const ValueKind kind = ModelAdapter::KindOfValue(notation.dataType);
     const QByteArray lowerOperator = limits.lowerOperator.toUtf8();
     const QByteArray upperOperator = limits.upperOperator.toUtf8();
-    bool good = ModelAdapter::IsOperatorText(limits.lowerOperator) &&
-                ModelAdapter::IsOperatorText(limits.upperOperator);
+    *outcome = {};
+    outcome->readable = ModelAdapter::IsOperatorText(limits.lowerOperator) &&
+                        ModelAdapter::IsOperatorText(limits.upperOperator);
     const auto number = [&](const QString& text) {
         bool isNumber = true;
         const bool isWhole = kind == ValueKind::Integer;
         const QVariant value = text.isNull() ? QVariant(0.0) : ToNumber(text, notation, isWhole, &isNumber);
-        good = good && isNumber;
+        outcome->readable = outcome->readable && isNumber;
         return value;
     };
 
@@ -131,8 +132,9 @@ ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok)
     switch (kind) {
     case ValueKind::Integer:
         validation.reset(TestComponentFactory::CreateValidationInt(
-            notation.unitCode, lowerOperator, upperOperator, ToLimit32(number(limits.lower), notation, good),
-            ToLimit32(number(limits.upper), notation, good), -1, -1, -1, -1, -1, -1));
+            notation.unitCode, lowerOperator, upperOperator,
+            ToLimit32(number(limits.lower), notation, &outcome->exact),
+            ToLimit32(number(limits.upper), notation, &outcome->exact), -1, -1, -1, -1, -1, -1));
         break;
     case ValueKind::Real: {
         const double nominal = limits.nominal.isNull() ? std::numeric_limits<double>::quiet_NaN()
@@ -151,8 +153,6 @@ ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok)
     }
     if (validation && limits.invertResult)
         ModelAdapter::SetResultInverted(validation.get(), true);
-    if (ok)
-        *ok = good;
     return validation.release();
 }
 

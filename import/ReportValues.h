@@ -40,9 +40,14 @@ struct LimitTexts {
     QString nominal; ///< null when there is none
 };
 
+/// How well the texts of a `Limits` element became a validation.
+struct LimitsOutcome {
+    bool readable = true; ///< numbers are numbers, and operators are known
+    bool exact = true;    ///< every limit fits the validation
+};
+
 /// The validation of a `Limits` element, owned by the caller; null for a data type that has none.
-/// \param ok set to whether all of it could be read and fits
-ValidationInterface* CreateValidation(const LimitTexts& limits, bool* ok = nullptr);
+ValidationInterface* CreateValidation(const LimitTexts& limits, LimitsOutcome* outcome);
 
 } // namespace ReportValues
 

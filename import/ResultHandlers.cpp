@@ -78,7 +78,7 @@ CImportServiceReport_Private::Component CImportServiceReport_Private::StartCompo
     Component component;
     component.id = ReportValues::ToInteger(ident, &isNumber);
     if (!isNumber)
-        AddFinding(tr("ident '%1' is not a number, read as 0").arg(ident));
+        AddLoss(tr("ident '%1' is not a number, read as 0").arg(ident));
     component.name = attributes.value("Name"_L1).toString();
     component.type = Integer(attributes.value("Type"_L1));
     return component;

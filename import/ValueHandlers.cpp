@@ -44,12 +44,14 @@ bool CImportServiceReport_Private::ReadTestLimits()
     if (!ReadLeaf("Limits"_L1, onProperty))
         return false;
     limits.notation = notation;
-    bool ok = false;
-    QSharedPointer<ValidationInterface> created(ReportValues::CreateValidation(limits, &ok));
+    ReportValues::LimitsOutcome outcome;
+    const QSharedPointer<ValidationInterface> created(ReportValues::CreateValidation(limits, &outcome));
     if (!created)
-        AddFinding(tr("no limits are known for data type %1").arg(notation.dataType));
-    else if (!ok)
-        AddFinding(tr("limits that are no numbers, do not fit 32 bits or have an unknown operator"));
+        AddLoss(tr("no limits are known for data type %1").arg(notation.dataType));
+    else if (!outcome.readable)
+        AddFinding(tr("limits that are no numbers or have an unknown operator"));
+    else if (!outcome.exact)
+        AddLoss(tr("limits that do not fit 32 bits, changed to such that do"));
     if (created)
         validation = created;
     return true;

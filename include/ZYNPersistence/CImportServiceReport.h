@@ -24,11 +24,13 @@ class TestStep;
 class UUTTest;
 class ValidationInterface;
 
-/// Something that was wrong with a document.
+/// Something that was wrong with a document, or good and yet lost by reading it.
 struct ImportFinding {
     qint64 line = 0;   ///< from 1; 0 when it concerns the whole file
     qint64 column = 0; ///< from 1; 0 when it concerns the whole line
     QString text;
+    /// False for what a good report says and the model cannot take over, such as an ident that is no number.
+    bool isError = true;
 };
 
 /// Reads an XML report back into the test of a unit.
@@ -54,7 +56,8 @@ public:
     ///         with what could be read: ask `GetFindings`
     bool Import(UUTTest* uutTest);
     QString GetErrorText() const;
-    /// What was wrong with the last document, in document order; empty when nothing was.
+    /// What was wrong with the last document or lost from it, in document order; at most 1000 and one that
+    /// says that there are more.
     QList<ImportFinding> GetFindings() const;
 
     /// Handlers of the elements. Each reads up to the end of its element.

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <ZYNPersistence/CImportServiceReport.h>
+
+#include <QtCore/QByteArray>
+
+namespace ZYN::ReportStructure {
+
+/// What in an XML report is missing, unknown, or not in its place: elements, properties and attributes by
+/// their names. Looks at no value, and ends without a word where the document is no longer XML.
+QList<ImportFinding> Faults(const QByteArray& document);
+
+} // namespace ZYN::ReportStructure
