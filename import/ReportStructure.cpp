@@ -44,9 +44,11 @@ constexpr QLatin1StringView ofComponent[] = {"ID"_L1, "Name"_L1, "Type"_L1};
 constexpr QLatin1StringView ofLimits[] = {"DataType"_L1, "Type"_L1};
 constexpr QLatin1StringView ofResult[] = {"Code"_L1, "Result"_L1, "DataType"_L1};
 
-constexpr Item uutTestItems[] = {
-    {"Result"_L1, Item::Once, nullptr, resultOnly}, {"Description"_L1}, {"DateTime"_L1}, {"Duration"_L1},
-    {"TestTime"_L1}};
+constexpr Item uutTestItems[] = {{"Result"_L1, Item::Once, nullptr, resultOnly},
+                                 {"Description"_L1},
+                                 {"DateTime"_L1},
+                                 {"Duration"_L1},
+                                 {"TestTime"_L1}};
 constexpr Element uutTest{uutTestItems};
 constexpr Item unitItems[] = {{"Name"_L1},
                               {"SerialNo"_L1},
@@ -88,12 +90,9 @@ constexpr Item valueItems[] = {{"Ident"_L1},
                                {"Limits"_L1, Item::Maybe, &limits},
                                {"Result"_L1, Item::Once, &result}};
 constexpr Element value{valueItems, ofComponent};
-constexpr Item stepItems[] = {{"Ident"_L1},
-                              {"SourceLine"_L1, Item::Maybe},
-                              {"Enabled"_L1},
-                              {"ReportInc"_L1},
-                              {"Result"_L1, Item::Once, &result},
-                              {"TestMeasurement"_L1, Item::AnyNumber, &value}};
+constexpr Item stepItems[] = {
+    {"Ident"_L1},     {"SourceLine"_L1, Item::Maybe},     {"Enabled"_L1},
+    {"ReportInc"_L1}, {"Result"_L1, Item::Once, &result}, {"TestMeasurement"_L1, Item::AnyNumber, &value}};
 constexpr Element step{stepItems, ofComponent};
 constexpr Item groupItems[] = {{"Ident"_L1},
                                {"SourceLine"_L1, Item::Maybe},
@@ -114,9 +113,9 @@ constexpr Item programItems[] = {{"Ident"_L1},
                                  {"Result"_L1, Item::Maybe, &result},
                                  {"TestGroup"_L1, Item::AnyNumber, &group}};
 constexpr Element program{programItems, ofComponent};
-constexpr Item resultSetItems[] = {{"StationID"_L1},    {"StationDescription"_L1},
-                                   {"TestIndex"_L1},    {"FailedGroups"_L1},
-                                   {"FailedSteps"_L1},  {"Testprogram"_L1, Item::Maybe, &program}};
+constexpr Item resultSetItems[] = {{"StationID"_L1},   {"StationDescription"_L1},
+                                   {"TestIndex"_L1},   {"FailedGroups"_L1},
+                                   {"FailedSteps"_L1}, {"Testprogram"_L1, Item::Maybe, &program}};
 constexpr Element resultSet{resultSetItems};
 constexpr Item resultsItems[] = {{"TestResultSet"_L1, Item::Once, &resultSet},
                                  {"TestResultSet"_L1, Item::AnyNumber, &resultSet}};

@@ -2,6 +2,9 @@
 
 #include "ReportParts.h"
 
+#include "import/ReportDocument.h"
+#include "import/ReportStructure.h"
+
 #include <ZYNCommon/TestComponent.h>
 #include <ZYNCommon/TestMeasurement.h>
 #include <ZYNCommon/TestProgram.h>
@@ -12,7 +15,10 @@
 #include <ZYNPersistence/CImportServiceReport.h>
 
 #include <QtCore/QFile>
+#include <QtCore/QSet>
 #include <QtCore/QXmlStreamReader>
+
+#include <algorithm>
 
 namespace ZYN::Tool {
 
@@ -110,6 +116,11 @@ private:
     qsizetype m_next = 0;
 };
 
+Finding FromImport(const ImportFinding& finding)
+{
+    return {.isError = finding.isError, .line = finding.line, .column = finding.column, .text = finding.text};
+}
+
 } // namespace
 
 QList<Finding> CheckReport(const QString& path)
@@ -117,14 +128,27 @@ QList<Finding> CheckReport(const QString& path)
     CImportServiceReport service;
     service.SetInputFileName(path);
     UUTTest test(0, QString());
-    if (!service.Import(&test))
+    QString readError; // the import tells it
+    const std::optional<QByteArray> bytes = ReportDocument::Read(path, &readError);
+    if (!bytes || !service.Import(&test))
         return {{.text = QStringLiteral("cannot be read")}};
+
     QList<Finding> findings;
+    QSet<qint64> linesOutOfOrder;
+    for (const ImportFinding& fault : ReportStructure::Faults(*bytes)) {
+        findings.append(FromImport(fault));
+        linesOutOfOrder.insert(fault.line);
+    }
+    // What is out of order is also what the import could not read.
     for (const ImportFinding& finding : service.GetFindings())
-        findings.append({.line = finding.line, .column = finding.column, .text = finding.text});
+        if (!finding.isError || !linesOutOfOrder.contains(finding.line))
+            findings.append(FromImport(finding));
+    const auto isError = [](const Finding& finding) { return finding.isError; };
     // Where something was skipped, places and components no longer go together.
-    if (findings.isEmpty())
+    if (std::none_of(findings.begin(), findings.end(), isError))
         VerdictCheck(PlacesOf(path), &findings).Check(&test);
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding& left, const Finding& right) { return left.line < right.line; });
     return findings;
 }
 

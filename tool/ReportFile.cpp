@@ -3,6 +3,8 @@
 #include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CImportServiceReport.h>
 
+#include <algorithm>
+
 namespace ZYN::Tool {
 
 std::unique_ptr<UUTTest> ReadReport(const QString& path, const QString& name, std::optional<Problem>* problem)
@@ -22,12 +24,14 @@ std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& n
             Problem{name, 0, QStringLiteral("cannot be read"), QStringLiteral("check its permissions")};
         return nullptr;
     }
-    if (const QList<ImportFinding> findings = service.GetFindings(); !findings.isEmpty()) {
-        *problem =
-            Problem{name, findings.first().line,
-                    QStringLiteral("is no complete report: ") +
-                        findings.first().text.chopped(findings.first().text.endsWith(QLatin1Char('.'))),
-                    QStringLiteral("zyn check lists everything that is wrong with it")};
+    const QList<ImportFinding> findings = service.GetFindings();
+    const auto error = std::find_if(findings.begin(), findings.end(),
+                                    [](const ImportFinding& finding) { return finding.isError; });
+    if (error != findings.end()) {
+        *problem = Problem{name, error->line,
+                           QStringLiteral("is no complete report: ") +
+                               error->text.chopped(error->text.endsWith(QLatin1Char('.'))),
+                           QStringLiteral("zyn check lists everything that is wrong with it")};
     }
     return test;
 }
