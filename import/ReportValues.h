@@ -25,9 +25,8 @@ struct Notation {
 };
 
 /// A measured value.
-/// \param measuredType address code of the measurement: where that is an integer, what is whole is read as
-/// one
-///        of 64 bits, of which a real number would lose digits; a text is a text also without limits
+/// \param measuredType address code of the measurement. Of an integer, what is whole is read as one of 64
+///        bits: a real number would lose digits. A text is a text also without limits.
 QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok = nullptr);
 
 /// The texts of a `Limits` element.
