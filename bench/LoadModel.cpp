@@ -37,6 +37,7 @@ TestResult* AddResult(TestResultSet* set, const QSharedPointer<TestComponent>& c
     result->SetDuration(0.0125);
     result->SetTimeString(u"2024-03-05T10:15:00+01:00"_s);
     set->AddResult(result);
+    component->SetResult(result);
     return result;
 }
 

@@ -35,6 +35,10 @@ QSharedPointer<Station> TestResultSet::GetStation() const
 
 TestResult* TestResultSet::GetResult(const TestComponent* component) const
 {
+    // Usually the component's newest result is the one; it lies at hand, and the table does not.
+    TestResult* const newest = component ? component->GetResult() : nullptr;
+    if (newest && newest->m_set == this && newest->m_component == component && !newest->m_superseded)
+        return newest;
     return m_resultForComponent.value(component);
 }
 
@@ -44,8 +48,12 @@ void TestResultSet::AddResult(TestResult* result)
         return;
     result->m_set = this;
     m_results.append(result);
-    if (const TestComponent* const component = result->m_component.get())
-        m_resultForComponent.insert(component, result);
+    if (const TestComponent* const component = result->m_component.get()) {
+        TestResult*& current = m_resultForComponent[component];
+        if (current)
+            current->m_superseded = true;
+        current = result;
+    }
 }
 
 const QList<TestResult*>& TestResultSet::GetResults() const

@@ -8,16 +8,13 @@ namespace {
 
 struct OperatorText {
     LimitOperator::Code code;
-    QLatin1StringView text;
+    QStringView text;
 };
 
 constexpr std::array OperatorTexts{
-    OperatorText{LimitOperator::Equal, QLatin1StringView("==")},
-    OperatorText{LimitOperator::NotEqual, QLatin1StringView("!=")},
-    OperatorText{LimitOperator::Less, QLatin1StringView("<")},
-    OperatorText{LimitOperator::LessEqual, QLatin1StringView("<=")},
-    OperatorText{LimitOperator::Greater, QLatin1StringView(">")},
-    OperatorText{LimitOperator::GreaterEqual, QLatin1StringView(">=")},
+    OperatorText{LimitOperator::Equal, u"=="},  OperatorText{LimitOperator::NotEqual, u"!="},
+    OperatorText{LimitOperator::Less, u"<"},    OperatorText{LimitOperator::LessEqual, u"<="},
+    OperatorText{LimitOperator::Greater, u">"}, OperatorText{LimitOperator::GreaterEqual, u">="},
 };
 
 template <typename View>
@@ -48,9 +45,10 @@ LimitOperator::Code LimitOperator::GetCode() const
 
 QString LimitOperator::ToString() const
 {
+    // The texts are constants: a report asks for them twice a row, so they are not copied.
     for (const OperatorText& row : OperatorTexts)
         if (row.code == m_code)
-            return row.text;
+            return QString::fromRawData(row.text.data(), row.text.size());
     return QString();
 }
 

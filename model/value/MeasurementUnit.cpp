@@ -47,7 +47,11 @@ int MeasurementUnit::GetCode() const
 
 QString MeasurementUnit::ToString() const
 {
-    return IsKnown(m_code) ? Units[size_t(m_code)].text.toString() : QString();
+    if (!IsKnown(m_code))
+        return {};
+    // The texts are constants: a report asks for them in every row, so they are not copied.
+    const QStringView text = Units[size_t(m_code)].text;
+    return QString::fromRawData(text.data(), text.size());
 }
 
 QString MeasurementUnit::ToAsciiString() const

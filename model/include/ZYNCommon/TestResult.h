@@ -90,6 +90,8 @@ private:
     QSharedPointer<TestComponent> m_component;
     QSharedPointer<ValidationInterface> m_validation;
     const TestResultSet* m_set = nullptr;
+    /// The set holds a later result of the component.
+    bool m_superseded = false;
     QVariant m_value;
     QString m_comment;
     QString m_attribute;
