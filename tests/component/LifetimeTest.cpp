@@ -158,6 +158,15 @@ void LifetimeTest::aResultIsOwnedByOneSet()
     auto* const repeated = new TestResult(c.measurement);
     first.AddResult(repeated);
     QCOMPARE(first.GetResult(c.measurement.data()), repeated);
+    // Whatever the component calls its newest one: an earlier one, that of another component.
+    for (TestResult* const newest : {repeated, result}) {
+        c.measurement->SetResult(newest);
+        QCOMPARE(first.GetResult(c.measurement.data()), repeated);
+        QCOMPARE(second.GetResult(c.measurement.data()), nullptr);
+        c.step->SetResult(newest);
+        QCOMPARE(first.GetResult(c.step.data()), nullptr);
+    }
+    c.step->SetResult(nullptr);
     first.AddResult(new TestResult(nullptr));
     first.AddResult(nullptr);
     QCOMPARE(first.GetResults().size(), 3);
