@@ -14,7 +14,7 @@ namespace ZYN {
 
 /// One STDF V4 record under construction. Numbers are little-endian, reals IEEE 754 single precision;
 /// the header (REC_LEN, REC_TYP, REC_SUB) stands in front and its length is filled in by `Bytes`.
-/// Format: "Standard Test Data Format (STDF) Specification", version 4.
+/// Format: the STDF V4 standard.
 ///
 /// Needs no memory of its own, whatever it holds: a lot has millions of records.
 class StdfRecord {

@@ -39,7 +39,7 @@ struct RecordType {
 };
 
 /// The record types of STDF V4 with their fields in file order.
-/// Source: "Standard Test Data Format (STDF) Specification", version 4.
+/// Source: the STDF V4 standard.
 std::span<const RecordType> RecordTypes();
 
 /// Null for a type that the standard does not have.

@@ -1,11 +1,9 @@
 #include "export/CExportBuilderDelegation.h"
-#include "export/CExportBuilderImp.h"
 
 #include <QtTest/QtTest>
 
 #include <array>
 #include <cstring>
-#include <memory>
 
 using namespace ZYN;
 
@@ -27,13 +25,7 @@ public:
     QStringList properties;
     QIODevice* device = nullptr;
     bool scaled = false;
-    bool* deleted = nullptr;
 
-    ~CallBuilder() override
-    {
-        if (deleted)
-            *deleted = true;
-    }
     void SetProperty(const QString& key, const QString& value) override { properties = {key, value}; }
     void SetDevice(QIODevice* newDevice) override { device = newDevice; }
     QIODevice* GetDevice() override { return device; }
@@ -76,20 +68,6 @@ class Delegation : public CExportBuilderDelegation {
 public:
     using CExportBuilderDelegation::CExportBuilderDelegation;
     bool OpenFile(const QString&) override { return true; }
-};
-
-class SilentBuilder : public CExportBuilderImp {
-public:
-    bool Open() override
-    {
-        SetOpened(true);
-        return true;
-    }
-    bool Close() override
-    {
-        SetOpened(false);
-        return true;
-    }
 };
 
 /// A different address each time that nothing may look behind.
@@ -151,8 +129,6 @@ private slots:
     void OrderIsFixed();
     void DelegationForwardsEverySlot();
     void DelegationForwardsSettings();
-    void DelegationDeletesItsTarget();
-    void BaseAnswersTrueToEverySlot();
 };
 
 void BuilderSlotsTest::OrderIsFixed()
@@ -254,24 +230,6 @@ void BuilderSlotsTest::DelegationForwardsSettings()
         QCOMPARE(target->scaled, flag);
         QCOMPARE(delegation.GetUseScaledData(), flag);
     }
-}
-
-void BuilderSlotsTest::DelegationDeletesItsTarget()
-{
-    bool deleted = false;
-    {
-        auto* const target = new CallBuilder;
-        target->deleted = &deleted;
-        const Delegation delegation(target);
-        QVERIFY(!deleted);
-    }
-    QVERIFY(deleted);
-}
-
-void BuilderSlotsTest::BaseAnswersTrueToEverySlot()
-{
-    SilentBuilder builder;
-    QCOMPARE(CallAll(builder).given, QList<bool>(37, true));
 }
 
 QTEST_GUILESS_MAIN(BuilderSlotsTest)

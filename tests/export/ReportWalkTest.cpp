@@ -34,16 +34,14 @@ private slots:
     void ResultSet_data();
     void ResultSet();
     void ResultSetLeavesAnOpenedBuilderOpen();
-    void ResultSetThatCannotBeWalked();
+    void NothingToWalk();
     void Filter_data();
     void Filter();
     void Unit();
-    void UnitHeaderOnly();
     void UnitHeaderOfABuilderThatCloses();
     void PanelItems();
     void UnitWithASetWithoutProgram_data();
     void UnitWithASetWithoutProgram();
-    void UnitThatCannotBeOpened();
 };
 
 void ReportWalkTest::ResultSet_data()
@@ -115,21 +113,25 @@ void ReportWalkTest::ResultSetLeavesAnOpenedBuilderOpen()
     QVERIFY(builder.opened);
 }
 
-void ReportWalkTest::ResultSetThatCannotBeWalked()
+void ReportWalkTest::NothingToWalk()
 {
     CExportDirectorReport director;
     const std::unique_ptr<TestResultSet> set(Program().Run(7));
     TestResultSet withoutProgram({}, {});
+    UUTTest test(1, u"U"_s);
     RecordingBuilder builder;
 
     QVERIFY(!director.ExportTestResultSet(nullptr, &builder));
     QVERIFY(!director.ExportTestResultSet(set.get(), nullptr));
     QVERIFY(!director.ExportTestResultSet(&withoutProgram, &builder));
+    QVERIFY(!director.ExportUUTTest(nullptr, &builder));
+    QVERIFY(!director.ExportUUTTest(&test, nullptr));
     QCOMPARE(builder.calls, QStringList());
 
     builder.refused = {u"Open"_s};
     QVERIFY(!director.ExportTestResultSet(set.get(), &builder));
-    QCOMPARE(builder.calls, QStringList(u"Open"_s));
+    QVERIFY(!director.ExportUUTTest(&test, &builder));
+    QCOMPARE(builder.calls, QStringList({u"Open"_s, u"Open"_s}));
 }
 
 void ReportWalkTest::Filter_data()
@@ -201,14 +203,6 @@ void ReportWalkTest::Unit()
     QVERIFY(CExportDirectorReport().ExportUUTTest(&test, &opened));
     QCOMPARE(opened.calls, walk);
     QVERIFY(opened.opened);
-}
-
-void ReportWalkTest::UnitHeaderOnly()
-{
-    UUTTest test(1, u"U"_s);
-    RecordingBuilder builder;
-    QVERIFY(CExportDirectorReport().ExportUUTTest(&test, &builder));
-    QCOMPARE(builder.calls, Lines(u"Open\nBeginUUTTest U\nEndUUTTest U\nClose"_s));
 }
 
 void ReportWalkTest::UnitHeaderOfABuilderThatCloses()
@@ -296,20 +290,6 @@ void ReportWalkTest::UnitWithASetWithoutProgram()
     QVERIFY(!CExportDirectorReport().ExportUUTTest(&test, &builder));
     QCOMPARE(builder.calls, Lines(calls));
     QVERIFY(builder.opened);
-}
-
-void ReportWalkTest::UnitThatCannotBeOpened()
-{
-    CExportDirectorReport director;
-    UUTTest test(1, u"U"_s);
-    RecordingBuilder builder;
-    builder.refused = {u"Open"_s};
-
-    QVERIFY(!director.ExportUUTTest(nullptr, &builder));
-    QVERIFY(!director.ExportUUTTest(&test, nullptr));
-    QCOMPARE(builder.calls, QStringList());
-    QVERIFY(!director.ExportUUTTest(&test, &builder));
-    QCOMPARE(builder.calls, QStringList(u"Open"_s));
 }
 
 QTEST_GUILESS_MAIN(ReportWalkTest)

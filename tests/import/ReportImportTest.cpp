@@ -3,7 +3,6 @@
 #include <ZYNCommon/CtrlEnable.h>
 #include <ZYNCommon/CtrlLogInReport.h>
 #include <ZYNCommon/ProductType.h>
-#include <ZYNCommon/ProductTypeMultiPanel.h>
 #include <ZYNCommon/ProductionLot.h>
 #include <ZYNCommon/Station.h>
 #include <ZYNCommon/UnitUnderTest.h>
@@ -25,67 +24,31 @@ private slots:
     void tree();
     void parametersAreSkipped();
     void groupWithoutResult();
-    void panelItems();
     void stopTimeOfPanelItems();
-    void twoSets();
     void findings_data();
     void findings();
-    void nothingToRead_data();
-    void nothingToRead();
     void service();
     void handlersWithoutADocument();
 };
 
+/// What is told of a unit; texts that come back as they were written are seen in the round trip.
 void ReportImportTest::header()
 {
     const Reading reading = Read(
-        Report("<UUTTest>" + Property("Result", "-1") + Property("Description", "why") +
-               Property("DateTime", "stop") + Property("Duration", "1500") + Property("TestTime", "start") +
-               "</UUTTest><UnitUnderTest>" + Property("Name", "unit") + Property("SerialNo", "S1") +
-               Property("Ident", "I1") + "<Property Name='ProductType' Code='12'>type</Property>" +
-               Property("PanelIndex", "3") + "</UnitUnderTest><ProductType ID='99'>" +
-               Property("Name", "other") + Property("Description", "D") + Property("ArticelCode", "A") +
-               Property("Customer", "C") + "<Parameter key='value'/>" + Property("ClusterLevel", "2") +
-               Property("MCP", "1") + Property("MCPItems", "4") + Property("MCPSplitting", "5") +
+        Report("<UnitUnderTest>" + Property("Name", "unit") +
+               "<Property Name='ProductType' Code='12'>type</Property></UnitUnderTest><ProductType ID='99'>" +
+               Property("Name", "other") + "<Parameter key='value'/>" + Property("MCP", "1") +
                Property("MCPSplittingMap", "10_2 11 x_1  12_1_9") + "</ProductType><ProductionLot>" +
-               Property("LotNumber", "L1") + Property("OrderCode", "O1") +
-               "</ProductionLot><TestEnvironment KVAVersion='1'>" + Property("MachineName", "m") +
+               Property("LotNumber", "L1") + "</ProductionLot><TestEnvironment KVAVersion='1'>" +
                Property("User", "u") + Property("Workspace", "w") + "</TestEnvironment><Fixture>" +
                Property("Name", "f") + "</Fixture>"));
     const UUTTest& test = *reading.test;
-    QCOMPARE(test.GetResult(), ZYN_RESULT_FAILED);
-    QCOMPARE(test.GetResultDescription(), u"why"_s);
-    QCOMPARE(test.GetStopTimeString(), u"stop"_s);
-    QCOMPARE(test.GetStartTimeString(), u"start"_s);
-    QCOMPARE(test.GetDuration_ms(), 1500);
-
-    const auto unit = test.GetUnitUnderTest();
-    QCOMPARE(unit->GetID(), 42);
-    QCOMPARE(unit->GetName(), u"unit"_s);
-    QCOMPARE(unit->GetSerialNo(), u"S1"_s);
-    QCOMPARE(unit->GetIdentString(), u"I1"_s);
-    QCOMPARE(unit->GetPanelIndex(), 3);
-
-    const auto productType = test.GetProductType();
-    QCOMPARE(productType->GetID(), 12);
-    QCOMPARE(productType->GetName(), u"type"_s);
-    QCOMPARE(productType->GetDescription(), u"D"_s);
-    QCOMPARE(productType->GetArticelCode(), u"A"_s);
-    QCOMPARE(productType->GetCustomer(), u"C"_s);
-    QCOMPARE(productType->GetClusterLevel(), 2);
-    QVERIFY(productType->GetParameters().isEmpty());
-    QVERIFY(productType->GetMultiPanelInfo()->IsMultiPanel());
-    QVERIFY(productType->GetMultiPanelInfo()->HasSplitting());
-    QCOMPARE(productType->GetMultiPanelInfo()->GetPanelItems(), 4);
-    QCOMPARE(productType->GetMultiPanelInfo()->GetSplittingString(), u"10_2 11 x_1  12_1_9"_s);
-    QCOMPARE(productType->GetTestPrograms(), (QList<int>{10, 0, 12}));
-
+    QCOMPARE(test.GetUnitUnderTest()->GetID(), 42);
+    QCOMPARE(test.GetProductType()->GetID(), 12);
+    QCOMPARE(test.GetProductType()->GetName(), u"type"_s);
+    QVERIFY(test.GetProductType()->GetParameters().isEmpty());
+    QCOMPARE(test.GetProductType()->GetTestPrograms(), (QList<int>{10, 0, 12}));
     QCOMPARE(test.GetProductionLot()->GetID(), 42);
-    QCOMPARE(test.GetProductionLot()->GetName(), u"L1"_s);
-    QCOMPARE(test.GetProductionLot()->GetOrderCode(), u"O1"_s);
-    QCOMPARE(test.GetSession()->GetMachineName(), u"m"_s);
-    QCOMPARE(test.GetSession()->GetCurrentUserName(), u"u"_s);
-    QCOMPARE(test.GetSession()->GetWorkspaceName(), u"w"_s);
     QCOMPARE(test.GetSession()->GetWorkSpace()->GetID(), 42);
     QVERIFY(test.GetSession()->GetWorkSpace()->GetCurrentUser()->CheckPassword(u"QXZW"_s));
     QVERIFY(!test.GetFixture());
@@ -105,55 +68,36 @@ void ReportImportTest::elementsAtAnyDepth()
 void ReportImportTest::tree()
 {
     const Reading reading = Read(Report(
-        "<TestResults><TestResultSet>" + Property("StationID", "7") + Property("StationDescription", "here") +
-        Property("TestIndex", "2") + Property("FailedGroups", "x") + Property("FailedSteps", "99") +
-        "<Testprogram ID='10' Name='P' Type='1'>" + Property("Ident", "10") + Property("SourceLine", "5") +
-        Property("Name", "shown") + Property("Version", "v") + Property("File", "a.prg") +
-        Property("FileVersion", "3") + Property("Creator", "me") +
+        "<TestResults><TestResultSet>" + Property("StationID", "7") + Property("FailedGroups", "x") +
+        Property("FailedSteps", "99") + "<Testprogram ID='10' Name='P' Type='1'>" + Property("Ident", "10") +
+        Property("SourceLine", "5") + Property("Name", "shown") + Property("FileVersion", "3") +
         "<Result Code='-1'/><TestGroup ID='20' Name='G' Type='2'>" + Property("SourceLine", "11") +
-        Property("Enabled", "0") + Property("Type", "1") + Property("ReportInc", "2") +
-        "<Result Code='-3' Result='x' DataType='y'>" + Property("Unit", "u") + Property("Comment", "c") +
-        Property("Attribute", "a") + "</Result><TestStep ID='thirty' Name='S' Type='3'>" +
+        Property("Enabled", "0") + Property("ReportInc", "2") + "<Result Code='-3' Result='x' DataType='y'>" +
+        Property("Unit", "u") + "</Result><TestStep ID='thirty' Name='S' Type='3'>" +
         Property("SourceLine", "-12") + Property("Enabled", "1") + Property("ReportInc", "0") +
-        "<Result Code='77'/><TestMeasurement ID='40' Name='M' Type='8'>" + Property("SourceLine", "13") +
-        "<Result Code='1'/></TestMeasurement></TestStep></TestGroup></Testprogram></TestResultSet>"
-        "</TestResults>"));
+        "<Result Code='77'/><TestMeasurement ID='40' Name='M' Type='8'><Result Code='1'/>"
+        "</TestMeasurement></TestStep></TestGroup></Testprogram></TestResultSet></TestResults>"));
     const TestResultSet* const set = reading.test->GetResultSets().value(0);
-    QCOMPARE(set->GetStationID(), 7);
     QCOMPARE(set->GetStation()->GetName(), u"hurz"_s);
-    QCOMPARE(set->GetStationDescription(), u"here"_s);
-    QCOMPARE(set->GetTestIndex(), 2);
 
     const auto program = set->GetTestProgram();
-    QCOMPARE(program->GetID(), 10);
     QCOMPARE(program->GetName(), u"P"_s);
     QCOMPARE(program->GetDisplayName(), u"shown"_s);
-    QCOMPARE(program->GetVersion(), u"v"_s);
-    QCOMPARE(program->GetFileInfo().fileName(), u"a.prg"_s);
     QCOMPARE(program->GetFileVersion(), QString());
-    QCOMPARE(program->GetCreator(), u"me"_s);
     QCOMPARE(program->sourceLine, 0U);
 
     const auto group = program->GetGroupForIndex(0);
-    QCOMPARE(group->GetID(), 20);
     QCOMPARE(group->sourceLine, 11U);
-    QCOMPARE(group->GetGroupKind(), ZYN_GROUP_SETUP);
     QVERIFY(!group->GetEnableCtrl()->IsEnabled());
     QVERIFY(group->GetLogInReportCtrl()->GetLogInReport());
-    const TestResult* const groupResult = set->GetResult(group.data());
-    QCOMPARE(groupResult, group->GetResult());
-    QCOMPARE(groupResult->GetResult(), ZYN_RESULT_ERROR);
-    QCOMPARE(groupResult->GetComment(), u"c"_s);
-    QCOMPARE(groupResult->GetAttribute(), u"a"_s);
+    QCOMPARE(set->GetResult(group.data()), group->GetResult());
 
     const auto step = group->GetStepForIndex(0);
     QCOMPARE(step->GetID(), 0);
     QCOMPARE(step->sourceLine, 0U);
-    QVERIFY(step->GetEnableCtrl()->IsEnabled());
     QVERIFY(!step->GetLogInReportCtrl()->GetLogInReport());
     QCOMPARE(int(step->GetResult()->GetResult()), 77);
     const auto measurement = step->GetMeasurementForID(40);
-    QCOMPARE(measurement->sourceLine, 13U);
     QCOMPARE(measurement->GetTestProgram(), program.data());
     QCOMPARE(measurement->resultState, ZYN_RESULT_PASSED);
 
@@ -196,29 +140,6 @@ void ReportImportTest::groupWithoutResult()
     QCOMPARE(program->GetGroupForIndex(0)->GetStepForIndex(0)->GetName(), u"S"_s);
 }
 
-void ReportImportTest::panelItems()
-{
-    const QByteArray item = "<SubUnitTest><UUTTest>" + Property("Result", "-1") +
-                            "</UUTTest><UnitUnderTest>" + Property("Name", "n") +
-                            "<Property Name='ProductType' Code='5'>t</Property>" +
-                            Property("PanelIndex", "2") + "</UnitUnderTest><TestResults><TestResultSet>" +
-                            Property("StationID", "") + "<Testprogram ID='1' Name='P' Type='1'/>" +
-                            "</TestResultSet></TestResults></SubUnitTest>";
-    const Reading reading = Read(Report("<SubUnitTests>" + item + item + "</SubUnitTests>"));
-    QCOMPARE(reading.Texts(), QString());
-    QVERIFY(reading.test->GetResultSets().isEmpty());
-    const auto items = reading.test->GetUUTTests();
-    QCOMPARE(items.size(), 2);
-    for (const auto& test : items) {
-        QCOMPARE(test->GetID(), 42);
-        QCOMPARE(test->GetResult(), ZYN_RESULT_FAILED);
-        QCOMPARE(test->GetUnitUnderTest()->GetPanelIndex(), 2);
-        QCOMPARE(test->GetProductType()->GetID(), 5);
-        QCOMPARE(test->GetResultSets().size(), 1);
-    }
-    QVERIFY(items.at(0)->GetUnitUnderTest() != items.at(1)->GetUnitUnderTest());
-}
-
 void ReportImportTest::stopTimeOfPanelItems()
 {
     const QByteArray top = "<UUTTest>" + Property("Result", "1") + "</UUTTest>";
@@ -233,24 +154,6 @@ void ReportImportTest::stopTimeOfPanelItems()
     QCOMPARE(first.test->GetUUTTests().at(0)->GetStopTimeString(), u"0"_s);
     QCOMPARE(first.test->GetUUTTests().at(1)->GetStopTimeString(), u"now"_s);
     QCOMPARE(Read(Report(top), service).test->GetStopTimeString(), u"0"_s);
-}
-
-void ReportImportTest::twoSets()
-{
-    const QByteArray program = "<Testprogram ID='1' Name='P' Type='1'><Result Code='1'/></Testprogram>";
-    const Reading reading =
-        Read(Report("<TestResults><TestResultSet>" + Property("StationID", "7") + Property("TestIndex", "1") +
-                    program + "</TestResultSet><TestResultSet>" + Property("StationID", "8") +
-                    Property("TestIndex", "") + program + "</TestResultSet></TestResults>"));
-    const auto sets = reading.test->GetResultSets();
-    QCOMPARE(sets.size(), 2);
-    QCOMPARE(sets.at(0)->GetStationID(), 7);
-    QCOMPARE(sets.at(0)->GetTestIndex(), 1);
-    QCOMPARE(sets.at(0)->GetResults().size(), 1);
-    QCOMPARE(sets.at(1)->GetStationID(), 8);
-    QCOMPARE(sets.at(1)->GetTestIndex(), 0);
-    QCOMPARE(sets.at(1)->GetResults().size(), 1);
-    QVERIFY(sets.at(0)->GetTestProgram() != sets.at(1)->GetTestProgram());
 }
 
 void ReportImportTest::findings_data()
@@ -275,6 +178,7 @@ void ReportImportTest::findings_data()
         u"text in 'UUTTest' outside of a property or behind its first piece, not read"_s);
     row("product type first", Report("<ProductType ID='1'/>"), 1,
         u"'ProductType' before any 'UnitUnderTest', not read"_s);
+    row("no XML", "V1.2;3.3;PASS\n", 1, u"Start tag expected."_s);
     row("broken off", "<TestReport Version='1.4.0'>\n<UUTTest>", 2, u"Premature end of document."_s);
 }
 
@@ -290,23 +194,6 @@ void ReportImportTest::findings()
         QCOMPARE(reading.findings.first().line, line);
         QVERIFY(reading.findings.first().column > 0);
     }
-}
-
-void ReportImportTest::nothingToRead_data()
-{
-    QTest::addColumn<QByteArray>("document");
-    QTest::newRow("empty") << QByteArray();
-    QTest::newRow("no XML") << QByteArray("V1.2;3.3;PASS\n");
-    QTest::newRow("binary") << QByteArray("\x00\xff\x02\x00\x12", 5);
-}
-
-void ReportImportTest::nothingToRead()
-{
-    QFETCH(QByteArray, document);
-    const Reading reading = Read(document);
-    QVERIFY(reading.imported);
-    QVERIFY(!reading.findings.isEmpty());
-    QVERIFY(reading.test->GetResultSets().isEmpty() && !reading.test->GetUnitUnderTest());
 }
 
 void ReportImportTest::service()

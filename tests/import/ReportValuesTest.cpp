@@ -25,7 +25,6 @@ private slots:
     void scaleIsCarriedOver();
     void propertyText_data();
     void propertyText();
-    void controlByteIsRemoved();
 };
 
 void ReportValuesTest::integers_data()
@@ -33,13 +32,9 @@ void ReportValuesTest::integers_data()
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<long>("number");
     QTest::addColumn<bool>("found");
-    QTest::newRow("decimal") << QByteArray("12") << 12L << false;
-    QTest::newRow("negative") << QByteArray("-5") << -5L << false;
     QTest::newRow("largest") << QByteArray("2147483647") << 2147483647L << false;
-    QTest::newRow("smallest") << QByteArray("-2147483648") << -2147483648L << false;
     QTest::newRow("too large") << QByteArray("2147483648") << 0L << true;
     QTest::newRow("no number") << QByteArray("12a") << 0L << true;
-    QTest::newRow("real") << QByteArray("1.5") << 0L << true;
     QTest::newRow("hexadecimal") << QByteArray("0x10") << 0L << true;
     QTest::newRow("empty") << QByteArray() << 0L << true;
 }
@@ -59,12 +54,9 @@ void ReportValuesTest::durations_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<double>("seconds");
-    QTest::newRow("milliseconds") << QByteArray("1500") << 1.5;
-    QTest::newRow("fraction") << QByteArray("12.5") << 0.0125;
     QTest::newRow("correctly rounded") << QByteArray("300.00000000000004") << 0.30000000000000004;
     QTest::newRow("scientific") << QByteArray("1e-9") << 1e-12;
     QTest::newRow("comma") << QByteArray("1,5") << 0.0;
-    QTest::newRow("no number") << QByteArray("soon") << 0.0;
     QTest::newRow("out of range") << QByteArray("1e999") << 0.0;
 }
 
@@ -89,29 +81,19 @@ void ReportValuesTest::values_data()
                         bool found = false) {
         QTest::newRow(name) << type << QByteArray(unit) << QByteArray(text) << value << found;
     };
-    row("real", 8, "Code='1' Factor='0'", "3.3", 3.3);
     row("real with prefix", 8, "Code='1' Factor='-3'", "12.3", 0.0123);
-    row("real of any power", 8, "Code='1' Factor='5'", "1.5", 150000.0);
     row("real out of range", 8, "Factor='0'", "1e999", 0.0, true);
     row("real, no number", 8, "Factor='0'", "3,3", 0.0, true);
     row("real, empty", 8, "Factor='0'", "", 0.0);
-    row("infinite", 8, "Factor='-3'", "-inf", -std::numeric_limits<double>::infinity());
-    row("integer", 7, "Code='0' Factor='0'", "42", 42LL);
-    row("integer of 64 bits", 7, "Factor='0'", "9223372036854775807", 9223372036854775807LL);
-    row("unsigned integer", 7, "Factor='0'", "18446744073709551615", 18446744073709551615ULL);
     row("integer with prefix", 7, "Factor='3'", "9007199254740.993", 9007199254740993LL);
     row("integer with small prefix", 7, "Factor='-3'", "7000", 7LL);
-    row("integer, empty, with prefix", 7, "Factor='3'", "", 0LL);
     row("integer, only a sign", 7, "Factor='3'", "-", 0LL, true);
     row("integer of huge power", 7, "Factor='2147483647'", "1", 0LL, true);
     row("fraction of an integer", 7, "Factor='0'", "2.5", 2.5);
-    row("hexadecimal", 7, "Code='25' Factor='0'", "ff", 255LL);
-    row("hexadecimal, real", 8, "Code='25' Factor='3'", "ff", 255LL);
     row("hexadecimal, 64 bits", 7, "Code='25' Factor='0'", "ffffffffffffffff", -1LL);
     row("hexadecimal, too long", 7, "Code='25' Factor='0'", "1ffffffffffffffff", 0LL, true);
     row("binary", 7, "Code='26' Factor='0'", "101", 5LL);
     row("binary, other digit", 7, "Code='26' Factor='0'", "102x", 0LL, true);
-    row("text", 9, "Code='0' Factor='0'", " a &lt; b\n", u" a < b\n"_s);
     row("text, empty", 9, "Code='0' Factor='0'", "", u""_s);
 }
 
@@ -148,26 +130,19 @@ void ReportValuesTest::limits_data()
         return Property("Upper", text) + Property("CompUpper", op);
     };
     const QVariant none;
-    row("none", Limits(8, "Code='1' Factor='0'"), none, none, u" "_s);
     row("both", Limits(8, "Factor='-3'", lower("10", "&lt;=") + upper("15.5", "&lt;")), 0.01, 0.0155,
         u"<= <"_s);
-    row("lower only", Limits(8, "Factor='3'", lower("1", "&gt;")), 1000.0, none, u"> "_s);
     row("nominal", Limits(8, "Factor='-3'", Property("Nominal", "12.3")), none, none, u" "_s, 0.0123);
     row("not a number", Limits(8, "Factor='0'", lower("x", "&lt;")), 0.0, none, u"< "_s, none, true);
     row("unknown operator", Limits(8, "Factor='0'", lower("1", "about")), none, none, u" "_s, none, true);
-    row("integer", Limits(7, "Factor='0'", lower("-5", "&lt;=") + upper("7", "==")), -5LL, 7LL, u"<= =="_s);
     row("integer, truncated", Limits(7, "Factor='0'", lower("-1.9", "&lt;")), -1LL, none, u"< "_s, none,
         true);
     row("integer beyond 32 bits", Limits(7, "Factor='0'", upper("5000000000", "&lt;")), none, 2147483647LL,
         u" <"_s, none, true);
     row("integer, not a number", Limits(7, "Factor='0'", upper("nan", "&lt;")), none, 0LL, u" <"_s, none,
         true);
-    row("hexadecimal", Limits(7, "Code='25' Factor='0'", lower("10", "&lt;=") + upper("ffffffff", "&lt;=")),
-        16LL, 4294967295LL, u"<= <="_s);
-    row("hexadecimal, real", Limits(8, "Code='25' Factor='3'", lower("10", "&lt;=")), 16.0, none, u"<= "_s);
     row("hexadecimal beyond 32 bits", Limits(7, "Code='25' Factor='0'", upper("1000000ff", "&lt;")), none,
         255LL, u" <"_s, none, true);
-    row("binary", Limits(7, "Code='26' Factor='0'", upper("110", "!=")), none, 6LL, u" !="_s);
     row("text", Limits(9, "Code='0' Factor='0'", lower("V1.2", "==")), u"V1.2"_s, none, u"== "_s);
 }
 
@@ -237,9 +212,9 @@ void ReportValuesTest::propertyText_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("found");
     QTest::newRow("escapes") << QByteArray("a &amp; b &#65;&lt;") << u"a & b A<"_s << false;
-    QTest::newRow("blanks") << QByteArray("  ") << u"  "_s << false;
     QTest::newRow("long") << QByteArray(100000, 'x') + "&amp;" << QString(100000, u'x') + u'&' << false;
     QTest::newRow("line ends") << QByteArray("a\nb\r\nc") << u"a\nb\nc"_s << false;
+    QTest::newRow("control byte is removed") << QByteArray("a\022b\022") << u"ab"_s << false;
     QTest::newRow("section") << QByteArray("<![CDATA[<a>]]>") << u"<a>"_s << false;
     QTest::newRow("comment first") << QByteArray("<!-- c -->") << QString() << false;
     QTest::newRow("pieces") << QByteArray("one<!-- c -->two") << u"one"_s << true;
@@ -254,16 +229,6 @@ void ReportValuesTest::propertyText()
     const Reading reading = Read(Report("<UUTTest>" + Property("Description", written) + "</UUTTest>"));
     QCOMPARE(reading.test->GetResultDescription(), text);
     QVERIFY2(!reading.findings.isEmpty() == found, qPrintable(reading.Texts()));
-}
-
-void ReportValuesTest::controlByteIsRemoved()
-{
-    const Reading reading = Read(Report("<UUTTest>" +
-                                        Property("Description", "a\x12"
-                                                                "b\x12") +
-                                        "</UUTTest>"));
-    QCOMPARE(reading.test->GetResultDescription(), u"ab"_s);
-    QCOMPARE(reading.Texts(), QString());
 }
 
 QTEST_GUILESS_MAIN(ReportValuesTest)

@@ -156,29 +156,27 @@ QString Difference(const QStringList& expected, const QStringList& actual)
     return {};
 }
 
-const QList<double> unusualNumbers{
-    0.0,
-    -0.0,
-    1.0,
-    -1.5,
-    0.1,
-    0.1 + 0.2,
-    1.0 / 3.0,
-    1e-7,
-    123456789.12345679,
-    1e15,
-    1e16,
-    9007199254740993.0,
-    6.02214076e23,
-    1.602176634e-19,
-    std::numeric_limits<double>::min(),
-    std::numeric_limits<double>::denorm_min(),
-    std::numeric_limits<double>::max(),
-    -std::numeric_limits<double>::max(),
-    std::numeric_limits<double>::infinity(),
-    -std::numeric_limits<double>::infinity(),
-    std::numeric_limits<double>::quiet_NaN(),
-};
+const QList<double> unusualNumbers{0.0,
+                                   -0.0,
+                                   1.0,
+                                   -1.5,
+                                   0.1,
+                                   0.1 + 0.2,
+                                   1.0 / 3.0,
+                                   1e-7,
+                                   123456789.12345679,
+                                   1e15,
+                                   1e16,
+                                   9007199254740993.0,
+                                   6.02214076e23,
+                                   1.602176634e-19,
+                                   std::numeric_limits<double>::min(),
+                                   std::numeric_limits<double>::denorm_min(),
+                                   std::numeric_limits<double>::max(),
+                                   -std::numeric_limits<double>::max(),
+                                   std::numeric_limits<double>::infinity(),
+                                   -std::numeric_limits<double>::infinity(),
+                                   std::numeric_limits<double>::quiet_NaN()};
 
 void WriteNumbers(ProgramWriter& writer, RunWriter& run)
 {

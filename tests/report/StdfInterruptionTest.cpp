@@ -15,7 +15,7 @@ using LotModels::SimpleUnit;
 
 namespace {
 
-bool Append(const LotModels::UnitSpec& unit, const QString& fileName)
+bool Append(const LotModels::UnitData& unit, const QString& fileName)
 {
     CExportServiceReport service;
     service.SetFormat(u"STDF"_s);

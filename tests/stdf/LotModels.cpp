@@ -21,9 +21,11 @@
 
 namespace ZYN::LotModels {
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-QSharedPointer<ValidationInterface> MakeValidation(const LimitsSpec& limits)
+QSharedPointer<ValidationInterface> MakeValidation(const LimitsData& limits)
 {
     const QByteArray lower = limits.lowerOperator.toUtf8();
     const QByteArray upper = limits.upperOperator.toUtf8();
@@ -48,45 +50,45 @@ TestResult* AddResult(TestResultSet* set, const QSharedPointer<TestComponent>& c
     return result;
 }
 
-void AddMeasurement(const MeasurementSpec& spec, long id, const QSharedPointer<TestStep>& step,
+void AddMeasurement(const MeasurementData& wanted, long id, const QSharedPointer<TestStep>& step,
                     TestResultSet* set)
 {
     const auto measurement =
-        QSharedPointer<TestMeasurement>::create(id, spec.name, spec.kind, step.get(), 0U, -1L);
-    measurement->SetIdentString(spec.ident);
+        QSharedPointer<TestMeasurement>::create(id, wanted.name, wanted.kind, step.get(), 0U, -1L);
+    measurement->SetIdentString(wanted.ident);
     step->AddMeasurement(measurement);
-    if (!spec.hasResult)
+    if (!wanted.hasResult)
         return;
-    TestResult* const result = AddResult(set, measurement, spec.result);
-    if (spec.value.isValid())
-        result->SetValue(spec.value);
-    if (spec.limits)
-        result->SetValidation(MakeValidation(*spec.limits));
+    TestResult* const result = AddResult(set, measurement, wanted.result);
+    if (wanted.value.isValid())
+        result->SetValue(wanted.value);
+    if (wanted.limits)
+        result->SetValidation(MakeValidation(*wanted.limits));
 }
 
-void AddResultSet(const UnitSpec& unit, UUTTest* test)
+void AddResultSet(const UnitData& unit, UUTTest* test)
 {
     const auto program = QSharedPointer<TestProgram>::create(1L, unit.program, 0UL);
     program->SetVersion(unit.version);
     auto* const set = new TestResultSet(program, nullptr);
     AddResult(set, program, unit.result);
     long id = 1;
-    for (const GroupSpec& groupSpec : unit.groups) {
-        const auto group = QSharedPointer<TestGroup>::create(id++, groupSpec.name, program.get(), 0U, -1L,
+    for (const GroupData& groupData : unit.groups) {
+        const auto group = QSharedPointer<TestGroup>::create(id++, groupData.name, program.get(), 0U, -1L,
                                                              ZYN_GROUP_USER, nullptr);
         program->AddGroup(group);
-        for (const StepSpec& stepSpec : groupSpec.steps) {
+        for (const StepData& stepData : groupData.steps) {
             const auto step =
-                QSharedPointer<TestStep>::create(id++, stepSpec.name, group.get(), 0U, -1L, QString());
+                QSharedPointer<TestStep>::create(id++, stepData.name, group.get(), 0U, -1L, QString());
             group->AddStep(step);
-            for (const MeasurementSpec& spec : stepSpec.measurements)
-                AddMeasurement(spec, id++, step, set);
+            for (const MeasurementData& wanted : stepData.measurements)
+                AddMeasurement(wanted, id++, step, set);
         }
     }
     test->AssignResultSet(set);
 }
 
-QSharedPointer<UUTTest> MakeItem(const UnitSpec& unit)
+QSharedPointer<UUTTest> MakeItem(const UnitData& unit)
 {
     auto test = QSharedPointer<UUTTest>::create(1L, QString());
     const auto uut = QSharedPointer<UnitUnderTest>::create(1L, QString());
@@ -107,7 +109,7 @@ QSharedPointer<UUTTest> MakeItem(const UnitSpec& unit)
 
 } // namespace
 
-QSharedPointer<UUTTest> MakeTest(const UnitSpec& unit)
+QSharedPointer<UUTTest> MakeTest(const UnitData& unit)
 {
     QSharedPointer<UUTTest> test = MakeItem(unit);
     test->SetProductionLot(QSharedPointer<ProductionLot>::create(1L, unit.lot));
@@ -118,36 +120,35 @@ QSharedPointer<UUTTest> MakeTest(const UnitSpec& unit)
     workSpace->Login(0, QString());
     session->SetWorkSpace(workSpace);
     test->SetSession(session);
-    for (const UnitSpec& item : unit.items) {
-        UnitSpec spec = item;
-        spec.program = unit.program;
-        spec.version = unit.version;
-        test->AddUUTTest(MakeItem(spec));
+    for (const UnitData& item : unit.items) {
+        UnitData wanted = item;
+        wanted.program = unit.program;
+        wanted.version = unit.version;
+        test->AddUUTTest(MakeItem(wanted));
     }
     return test;
 }
 
-UnitSpec SimpleUnit(const QString& ident, int tests)
+UnitData SimpleUnit(const QString& ident, int tests)
 {
-    StepSpec step{QStringLiteral("Supply"), {}};
+    StepData step{u"Supply"_s, {}};
     for (int number = 1; number <= tests; ++number) {
-        LimitsSpec limits{true, QStringLiteral("<="), QStringLiteral("<="), 0.001, 0.5,
-                          -3,   MeasurementUnit::Volt};
-        step.measurements.append({QString::number(number), QStringLiteral("Rail %1").arg(number),
-                                  ZYN_ADDRESS_REAL, 0.0123 * number, limits, ZYN_RESULT_PASSED, true});
+        LimitsData limits{true, u"<="_s, u"<="_s, 0.001, 0.5, -3, MeasurementUnit::Volt};
+        step.measurements.append({QString::number(number), u"Rail %1"_s.arg(number), ZYN_ADDRESS_REAL,
+                                  0.0123 * number, limits, ZYN_RESULT_PASSED, true});
     }
-    UnitSpec unit;
+    UnitData unit;
     unit.ident = ident;
-    unit.product = QStringLiteral("Motor board");
-    unit.lot = QStringLiteral("LOT-1");
-    unit.machine = QStringLiteral("TESTER-3");
-    unit.user = QStringLiteral("Anna");
-    unit.program = QStringLiteral("motor.tp");
-    unit.version = QStringLiteral("1.2");
+    unit.product = u"Motor board"_s;
+    unit.lot = u"LOT-1"_s;
+    unit.machine = u"TESTER-3"_s;
+    unit.user = u"Anna"_s;
+    unit.program = u"motor.tp"_s;
+    unit.version = u"1.2"_s;
     unit.start = QDateTime({2024, 5, 17}, {8, 30, 0}, Qt::UTC);
     unit.stop = unit.start.addSecs(12);
     unit.seconds = 12.345;
-    unit.groups = {{QStringLiteral("Power"), {step}}};
+    unit.groups = {{u"Power"_s, {step}}};
     return unit;
 }
 

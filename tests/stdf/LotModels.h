@@ -18,7 +18,7 @@ class UUTTest;
 /// are compared with.
 namespace ZYN::LotModels {
 
-struct LimitsSpec {
+struct LimitsData {
     bool real = true; ///< else integer limits
     QString lowerOperator;
     QString upperOperator;
@@ -28,27 +28,27 @@ struct LimitsSpec {
     int unit = 0;
 };
 
-struct MeasurementSpec {
+struct MeasurementData {
     QString ident;
     QString name;
     EN_ZYN_ADDRESS kind = ZYN_ADDRESS_REAL;
     QVariant value;
-    std::optional<LimitsSpec> limits;
+    std::optional<LimitsData> limits;
     EN_ZYN_RESULT result = ZYN_RESULT_PASSED;
     bool hasResult = true;
 };
 
-struct StepSpec {
+struct StepData {
     QString name;
-    QList<MeasurementSpec> measurements;
+    QList<MeasurementData> measurements;
 };
 
-struct GroupSpec {
+struct GroupData {
     QString name;
-    QList<StepSpec> steps;
+    QList<StepData> steps;
 };
 
-struct UnitSpec {
+struct UnitData {
     QString ident;
     QString product;
     QString lot;
@@ -61,13 +61,13 @@ struct UnitSpec {
     EN_ZYN_RESULT result = ZYN_RESULT_PASSED;
     double seconds = 0.0;
     bool hasResultSet = true;
-    QList<GroupSpec> groups;
-    QList<UnitSpec> items; ///< only ident, product, times, result, duration and groups count
+    QList<GroupData> groups;
+    QList<UnitData> items; ///< only ident, product, times, result, duration and groups count
 };
 
-QSharedPointer<UUTTest> MakeTest(const UnitSpec& unit);
+QSharedPointer<UUTTest> MakeTest(const UnitData& unit);
 
 /// A unit of lot "LOT-1" with one group of `tests` real measurements in milli.
-UnitSpec SimpleUnit(const QString& ident, int tests = 3);
+UnitData SimpleUnit(const QString& ident, int tests = 3);
 
 } // namespace ZYN::LotModels
