@@ -121,6 +121,16 @@ double CImportServiceReport_Private::Milliseconds(QStringView text)
     return seconds;
 }
 
+void CImportServiceReport_Private::NoteUnknownProperty(QStringView name, QLatin1StringView element)
+{
+    AddFinding(tr("property '%1' of '%2' is unknown, not read").arg(name, element));
+}
+
+void CImportServiceReport_Private::NoteStrayText(QLatin1StringView element)
+{
+    AddFinding(tr("text in '%1' outside of a property or behind its first piece, not read").arg(element));
+}
+
 void CImportServiceReport_Private::Add(const QString& text, bool isError)
 {
     if (findings.size() < mostFindings)

@@ -75,6 +75,8 @@ private:
     /// \param emptyIsGood no finding for an empty text, which reads as 0 too
     int Integer(QStringView text, bool emptyIsGood = false);
     double Milliseconds(QStringView text);
+    void NoteUnknownProperty(QStringView name, QLatin1StringView element);
+    void NoteStrayText(QLatin1StringView element);
     /// Notes something that is wrong with the document.
     void AddFinding(const QString& text) { Add(text, true); }
     /// Notes something that the document says well and the model cannot take over.
@@ -116,7 +118,7 @@ bool CImportServiceReport_Private::ReadElement(QLatin1StringView element, const 
                 reader->readNext();
                 const QStringView text = reader->isCharacters() ? reader->text() : QStringView();
                 if (!onProperty(name, text, attributes))
-                    AddFinding(tr("property '%1' of '%2' is unknown, not read").arg(name, element));
+                    NoteUnknownProperty(name, element);
             } else if (!onChild(reader->name())) {
                 SkipElement(element);
             }
@@ -127,8 +129,7 @@ bool CImportServiceReport_Private::ReadElement(QLatin1StringView element, const 
             break;
         case QXmlStreamReader::Characters:
             if (!reader->isWhitespace())
-                AddFinding(tr("text in '%1' outside of a property or behind its first piece, not read")
-                               .arg(element));
+                NoteStrayText(element);
             break;
         default:
             break;

@@ -44,14 +44,6 @@
         <translation>es gibt mehr, das nicht aufgeführt ist</translation>
     </message>
     <message>
-        <source>property &apos;%1&apos; of &apos;%2&apos; is unknown, not read</source>
-        <translation>Eigenschaft »%1« von »%2« ist unbekannt, nicht gelesen</translation>
-    </message>
-    <message>
-        <source>text in &apos;%1&apos; outside of a property or behind its first piece, not read</source>
-        <translation>Text in »%1« außerhalb einer Eigenschaft oder hinter deren erstem Stück, nicht gelesen</translation>
-    </message>
-    <message>
         <source>&apos;%1&apos; of a unit that has no name yet, not read</source>
         <translation>»%1« eines Prüflings, der noch keinen Namen hat, nicht gelesen</translation>
     </message>
@@ -84,12 +76,24 @@
         <translation>für Datentyp %1 sind keine Grenzen bekannt</translation>
     </message>
     <message>
-        <source>limits that are no numbers, do not fit 32 bits or have an unknown operator</source>
-        <translation>Grenzen, die keine Zahlen sind, nicht in 32 Bit passen oder einen unbekannten Operator haben</translation>
-    </message>
-    <message>
         <source>value &apos;%1&apos; is not a number, read as 0</source>
         <translation>Wert »%1« ist keine Zahl, als 0 gelesen</translation>
+    </message>
+    <message>
+        <source>limits that are no numbers or have an unknown operator</source>
+        <translation>Grenzen, die keine Zahlen sind oder einen unbekannten Operator haben</translation>
+    </message>
+    <message>
+        <source>limits that do not fit 32 bits, changed to such that do</source>
+        <translation>Grenzen, die nicht in 32 Bit passen, passend gemacht</translation>
+    </message>
+    <message>
+        <source>property &apos;%1&apos; of &apos;%2&apos; is unknown, not read</source>
+        <translation>Eigenschaft »%1« von »%2« ist unbekannt, nicht gelesen</translation>
+    </message>
+    <message>
+        <source>text in &apos;%1&apos; outside of a property or behind its first piece, not read</source>
+        <translation>Text in »%1« außerhalb einer Eigenschaft oder hinter deren erstem Stück, nicht gelesen</translation>
     </message>
 </context>
 <context>
