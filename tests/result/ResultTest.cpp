@@ -1,22 +1,17 @@
 /// Outcomes that are derived: of a result from its value, of components from their children, of a unit
-/// from its runs and its panel items.
+/// from its runs and its panel items. And what a result keeps of the values and times that it is given.
 
-#include <ZYNCommon/TestComponentFactory.h>
-#include <ZYNCommon/TestGroup.h>
-#include <ZYNCommon/TestMeasurement.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/TestResult.h>
-#include <ZYNCommon/TestResultSet.h>
-#include <ZYNCommon/TestStep.h>
+#include "support/SampleProgram.h"
+
 #include <ZYNCommon/UUTTest.h>
-#include <ZYNCommon/ValidationInterface.h>
 
+#include <QtCore/QTimeZone>
 #include <QtTest/QTest>
 
-#include <initializer_list>
 #include <limits>
 
 using namespace ZYN;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -27,28 +22,14 @@ constexpr EN_ZYN_RESULT Code(int code)
     return static_cast<EN_ZYN_RESULT>(code);
 }
 
-QSharedPointer<ValidationInterface> Interval(double lower, double upper)
-{
-    return QSharedPointer<ValidationInterface>(TestComponentFactory::CreateValidationReal(
-        MeasurementUnit::Volt, "<=", "<=", lower, upper, -1, -1, -1, -1, -1, -1, QVariant(),
-        std::numeric_limits<double>::quiet_NaN()));
-}
-
 /// A program of one group with two steps and a run of it; measurements are added with their code.
 struct Run {
-    QSharedPointer<TestProgram> program{new TestProgram(1, QStringLiteral("program"), 0)};
-    QSharedPointer<TestGroup> group{
-        new TestGroup(7, QStringLiteral("group"), nullptr, 0, -1, ZYN_GROUP_USER, nullptr)};
-    QSharedPointer<TestStep> step{new TestStep(1, QStringLiteral("step"), nullptr, 0, -1, QString())};
-    QSharedPointer<TestStep> other{new TestStep(2, QStringLiteral("other"), nullptr, 0, -1, QString())};
+    SampleModels::ProgramWriter writer{1, u"program"_s};
+    QSharedPointer<TestProgram> program = writer.program;
+    QSharedPointer<TestGroup> group = writer.Group(7, u"group"_s);
+    QSharedPointer<TestStep> step = writer.Step(1, u"step"_s);
+    QSharedPointer<TestStep> other = writer.Step(2, u"other"_s);
     TestResultSet* set = new TestResultSet(program, nullptr); // owned by the unit
-
-    Run()
-    {
-        program->AddGroup(group);
-        group->AddStep(step);
-        group->AddStep(other);
-    }
 
     TestResult* Add(const QSharedPointer<TestComponent>& component) const
     {
@@ -60,7 +41,7 @@ struct Run {
     void Measure(TestStep* parent, int code) const
     {
         const auto measurement = QSharedPointer<TestMeasurement>::create(
-            parent->GetMeasurementCount(), QStringLiteral("m"), ZYN_ADDRESS_REAL, nullptr, 0u, -1);
+            parent->GetMeasurementCount(), u"m"_s, ZYN_ADDRESS_REAL, nullptr, 0u, -1);
         parent->AddMeasurement(measurement);
         Add(measurement)->SetResult(Code(code));
     }
@@ -68,7 +49,7 @@ struct Run {
 
 } // namespace
 
-class VerdictTest : public QObject {
+class ResultTest : public QObject {
     Q_OBJECT
 private slots:
     void ofAValue_data();
@@ -77,11 +58,12 @@ private slots:
     void ofChildren();
     void whatWasSetCounts();
     void ofAUnit();
-    void texts_data();
-    void texts();
+    void keptValues_data();
+    void keptValues();
+    void times();
 };
 
-void VerdictTest::ofAValue_data()
+void ResultTest::ofAValue_data()
 {
     QTest::addColumn<QVariant>("value");
     QTest::addColumn<bool>("withLimits");
@@ -93,25 +75,23 @@ void VerdictTest::ofAValue_data()
     QTest::newRow("nothing measured") << QVariant() << true << 0;
 }
 
-void VerdictTest::ofAValue()
+void ResultTest::ofAValue()
 {
     QFETCH(bool, withLimits);
     QFETCH(QVariant, value);
     TestResult result(nullptr);
     if (withLimits)
-        result.SetValidation(Interval(0.0, 2.0));
+        result.SetValidation(SampleModels::RealLimits(MeasurementUnit::Volt, 0.0, 2.0));
     result.SetValue(value);
     QTEST(int(result.GetResult()), "code");
 }
 
-void VerdictTest::ofChildren_data()
+void ResultTest::ofChildren_data()
 {
     QTest::addColumn<Codes>("codes");
     QTest::addColumn<int>("verdict");
     QTest::newRow("none") << Codes{} << 0;
-    QTest::newRow("not tested") << Codes{0, 0} << 0;
     QTest::newRow("pass") << Codes{1} << 1;
-    QTest::newRow("pass and not tested") << Codes{0, 1, 0} << 1;
     QTest::newRow("pass and done") << Codes{6, 1} << 1;
     QTest::newRow("done") << Codes{6, 0} << 6;
     QTest::newRow("unknown positive code") << Codes{42} << 6;
@@ -121,7 +101,7 @@ void VerdictTest::ofChildren_data()
     QTest::newRow("unknown negative code") << Codes{1, -2, -1} << -2;
 }
 
-void VerdictTest::ofChildren()
+void ResultTest::ofChildren()
 {
     QFETCH(Codes, codes);
     Run run;
@@ -142,13 +122,13 @@ void VerdictTest::ofChildren()
     QFETCH(int, verdict);
     const bool failed = verdict < 0;
     QCOMPARE(run.set->GetFaildStepCount(), int(failed));
-    QCOMPARE(run.set->GetFailedTestGroups(), failed ? QList<QString>{QStringLiteral("7")} : QList<QString>{});
+    QCOMPARE(run.set->GetFailedTestGroups(), failed ? QList<QString>{u"7"_s} : QList<QString>{});
     QCOMPARE(run.set->GetFailedCount(run.group.data()), int(failed));
     QCOMPARE(run.set->GetFailedCount(run.step.data()),
              int(std::count_if(codes.begin(), codes.end(), [](int code) { return code < 0; })));
 }
 
-void VerdictTest::whatWasSetCounts()
+void ResultTest::whatWasSetCounts()
 {
     Run run;
     UUTTest unit(1, QString());
@@ -160,10 +140,10 @@ void VerdictTest::whatWasSetCounts()
     QCOMPARE(run.set->GetFaildStepCount(), 0);
     unit.SetResult(Code(-77));
     QCOMPARE(unit.GetResult(), Code(-77));
-    QCOMPARE(unit.GetResultString(), QStringLiteral("CODE -77"));
+    QCOMPARE(unit.GetResultString(), u"CODE -77"_s);
 }
 
-void VerdictTest::ofAUnit()
+void ResultTest::ofAUnit()
 {
     UUTTest panel(1, QString());
     QCOMPARE(panel.GetResult(), ZYN_RESULT_NOT_TESTED);
@@ -173,33 +153,67 @@ void VerdictTest::ofAUnit()
     run.Measure(run.step.data(), 1);
     QCOMPARE(panel.GetResult(), ZYN_RESULT_PASSED);
     for (const int code : {1, -1, -5}) {
-        const auto item = QSharedPointer<UUTTest>::create(2, QString());
-        item->SetResult(Code(code));
-        panel.AddUUTTest(item);
+        panel.AddUUTTest(QSharedPointer<UUTTest>::create(2, QString()));
+        panel.GetUUTTests().last()->SetResult(Code(code));
     }
     panel.AddUUTTest(nullptr);
-    QCOMPARE(panel.GetUUTTests().size(), 3);
-    QCOMPARE(panel.GetResultString(), QStringLiteral("ABORTED"));
+    QCOMPARE(panel.GetResultString(), u"ABORTED"_s);
 }
 
-void VerdictTest::texts_data()
+void ResultTest::keptValues_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("aborted") << -5 << QStringLiteral("ABORTED");
-    QTest::newRow("error") << -3 << QStringLiteral("ERROR");
-    QTest::newRow("fail") << -1 << QStringLiteral("FAIL");
-    QTest::newRow("not tested") << 0 << QStringLiteral("NOT TESTED");
-    QTest::newRow("pass") << 1 << QStringLiteral("PASS");
-    QTest::newRow("done") << 6 << QStringLiteral("DONE");
-    QTest::newRow("unknown") << 42 << QStringLiteral("CODE 42");
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QVariant>("given");
+    QTest::addColumn<QVariant>("kept");
+    const auto row = [](const char* name, int type, const QVariant& given, const QVariant& kept) {
+        QTest::newRow(name) << type << given << kept;
+    };
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    const qlonglong large = 9007199254740993; // no double
+    row("whole real as integer", ZYN_ADDRESS_INTEGER, 255.0, 255ll);
+    row("negative", ZYN_ADDRESS_INTEGER, -1.0, -1ll);
+    row("fraction", ZYN_ADDRESS_INTEGER, 2.5, 2.5);
+    row("too large for 64 bits", ZYN_ADDRESS_INTEGER, 9223372036854775808.0, 9223372036854775808.0);
+    row("infinite", ZYN_ADDRESS_INTEGER, infinity, infinity);
+    row("integer", ZYN_ADDRESS_INTEGER, large, large);
+    row("boolean", ZYN_ADDRESS_INTEGER, true, 1);
+    row("whole real as real", ZYN_ADDRESS_REAL, 255.0, 255.0);
 }
 
-void VerdictTest::texts()
+void ResultTest::keptValues()
 {
-    QFETCH(int, code);
-    QTEST(TestResult::ResultToString(Code(code)), "text");
+    QFETCH(int, type);
+    QFETCH(QVariant, given);
+    QFETCH(QVariant, kept);
+    SampleModels::ProgramWriter writer(1, QString());
+    const QSharedPointer<TestComponent> parents[] = {writer.program, writer.Group(2, QString()),
+                                                     writer.Step(3, QString())};
+    for (const auto& parent : parents) {
+        TestResult result(parent);
+        result.SetValue(given);
+        QVERIFY(!result.GetValue().isValid());
+    }
+    TestResult result(writer.Measurement(4, QString(), static_cast<EN_ZYN_ADDRESS>(type)));
+    result.SetValue(given);
+    QCOMPARE(result.GetValue(), kept);
+    QCOMPARE(result.GetValue().typeId(), kept.typeId());
 }
 
-QTEST_APPLESS_MAIN(VerdictTest)
-#include "VerdictTest.moc"
+void ResultTest::times()
+{
+    const QDate day(2024, 2, 29);
+    TestResult result(nullptr);
+    result.SetTime(QDateTime(day, QTime(23, 59, 1), Qt::OffsetFromUTC, 5400));
+    QCOMPARE(result.GetTimeString(), u"2024-02-29T23:59:01+01:30"_s);
+    result.SetTime(QDateTime(day, QTime(1, 2, 3), QTimeZone("UTC-05:00")));
+    QCOMPARE(result.GetTimeString(), u"2024-02-29T01:02:03-05:00"_s);
+    result.SetTime(QDateTime(day, QTime(1, 2, 3, 40), Qt::UTC));
+    QCOMPARE(result.GetTimeString(), u"2024-02-29T01:02:03.040Z"_s);
+    result.SetTime(QDateTime());
+    QCOMPARE(result.GetTimeString(), QString());
+    result.SetTimeString(u" yesterday "_s);
+    QCOMPARE(result.GetTimeString(), u" yesterday "_s);
+}
+
+QTEST_APPLESS_MAIN(ResultTest)
+#include "ResultTest.moc"
