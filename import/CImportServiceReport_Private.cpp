@@ -38,7 +38,9 @@ bool CImportServiceReport_Private::Import(UUTTest* uutTest)
         findings.append({0, 0, tr("the file could not be read to its end: %1").arg(readError)});
 
     DropDocument();
-    reader = std::make_unique<QXmlStreamReader>(*bytes);
+    document.setData(*bytes);
+    document.open(QIODevice::ReadOnly);
+    reader = std::make_unique<QXmlStreamReader>(&document);
     ReadDocument(uutTest);
     if (reader->hasError())
         AddFinding(reader->errorString());
@@ -54,6 +56,8 @@ void CImportServiceReport_Private::DropDocument()
     group.reset();
     program.reset();
     reader.reset();
+    document.close();
+    document.setData(QByteArray());
 }
 
 void CImportServiceReport_Private::ReadDocument(UUTTest* uutTest)

@@ -5,6 +5,7 @@
 
 #include <ZYNPersistence/CImportServiceReport.h>
 
+#include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
 
 #include <memory>
@@ -37,6 +38,9 @@ public:
     bool ReadSubUnitTests(UUTTest* uutTest);
     bool ReadSubUnitTest(UUTTest* uutTest);
 
+    /// The document; the reader takes it in small pieces, where the whole of it decoded would take twice the
+    /// file's size.
+    QBuffer document;
     std::unique_ptr<QXmlStreamReader> reader;
     QList<ImportFinding> findings;
 
