@@ -112,7 +112,7 @@ quint8 ParameterFlags(const Judgement& judgement)
     return static_cast<quint8>(Bit(3, !judgement.highPass) | Bit(4, !judgement.lowPass));
 }
 
-/// OPT_FLAG: RES_SCAL not valid (0), no low and no high specification limit (2, 3), no low limit (6), no
+/// OPT_FLAG: RES_SCAL not valid (0), LO_SPEC and HI_SPEC not valid (2, 3), no low limit (6), no
 /// high limit (7).
 quint8 OptionalFlags(const Judgement& judgement)
 {

@@ -29,8 +29,8 @@ public:
     QSharedPointer<Station> GetStation() const;
     /// The component's result; null when the set holds none (or for null). Constant time.
     TestResult* GetResult(const TestComponent* component) const;
-    /// Takes ownership; null and a result that belongs to a set already are ignored. Of several results of one component the last one counts, all
-    /// are kept until the set is destroyed.
+    /// Takes ownership; null and a result that belongs to a set already are ignored. Of several results of
+    /// one component the last one counts, all are kept until the set is destroyed.
     void AddResult(TestResult* result);
     /// All results in the order in which they were added.
     const QList<TestResult*>& GetResults() const;
