@@ -141,7 +141,7 @@ constexpr Item resultSetReportItems[] = {{"TestResultSet"_L1, Item::Once, &resul
 /// The report of a result set alone.
 constexpr Element resultSetReport{resultSetReportItems, version};
 constexpr Item documentItems[] = {{"TestReport"_L1, Item::Once, &report}};
-constexpr Element document{documentItems};
+constexpr Element wholeDocument{documentItems};
 constexpr Element propertyElement{};
 
 /// Goes through a document with the element it is in, and all elements around that.
@@ -150,7 +150,7 @@ public:
     explicit Walk(const QByteArray& bytes)
         : m_reader(bytes)
     {
-        m_open.push_back({&document, "document"_L1});
+        m_open.push_back({&wholeDocument, "document"_L1});
     }
 
     QList<ImportFinding> Run()
