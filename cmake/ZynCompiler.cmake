@@ -7,6 +7,12 @@ if(ZYN_SANITIZE)
   add_compile_options(-fsanitize=${ZYN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${ZYN_SANITIZE})
 endif()
+if(ZYN_BUILD_FUZZERS)
+  # The library's own code is what the fuzzers are led by. A container's index is checked by the container:
+  # the sanitizers do not see one that stays inside the memory that it has in reserve.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+  add_compile_definitions(QT_FORCE_ASSERTS)
+endif()
 
 # A library depends on what it uses, not on all that its Qt modules bring along.
 add_link_options(LINKER:--as-needed)
