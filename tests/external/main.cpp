@@ -15,44 +15,30 @@ using namespace ZYN;
 
 namespace {
 
-QSharedPointer<TestProgram> MakeProgram()
+/// The results of a run of one measurement.
+TestResultSet* MakeResults()
 {
     const auto program = QSharedPointer<TestProgram>::create(1, "Board test", 0);
     const auto group =
         QSharedPointer<TestGroup>::create(2, "Supply", program.data(), 10, 0, MainTests, nullptr);
     const auto step = QSharedPointer<TestStep>::create(3, "Rails", group.data(), 11, 0, "");
-    const auto measurement =
-        QSharedPointer<TestMeasurement>::create(4, "Rail 5 V", Decimal, step.data(), 12, 0);
-    measurement->control.validation.reset(
-        TestComponentFactory::CreateValidationReal(1, ">=", "<=", 4.75, 5.25, 0, 0, 0, 0, 0, 0, {}, 0));
-    step->AddMeasurement(measurement);
-    group->AddStep(step);
+    const auto rail = QSharedPointer<TestMeasurement>::create(4, "Rail 5 V", Decimal, step.data(), 12, 0);
+    rail->control.Validation.reset(TestComponentFactory::CreateValidationReal(1, ">=", "<=", 4.75, 5.25, 0, 0,
+                                                                              0, 0, 0, 0, QVariant(), 0));
+    rail->own = Good;
     program->AddGroup(group);
-    return program;
-}
+    group->AddStep(step);
+    step->AddMeasurement(rail);
 
-TestResult* AddResult(TestResultSet* set, QSharedPointer<TestComponent> component)
-{
-    auto* const result = new TestResult(component);
-    result->SetResult(Good);
-    set->AddResult(result);
-    return result;
-}
-
-TestResultSet* MakeResults()
-{
-    const QSharedPointer<TestProgram> program = MakeProgram();
-    const QSharedPointer<TestGroup> group = program->GetGroupForIndex(0);
-    const QSharedPointer<TestStep> step = group->GetStepForIndex(0);
-    const QSharedPointer<TestMeasurement> measurement = step->GetMeasurementForIndex(0);
     auto* const set = new TestResultSet(program, {});
-    AddResult(set, program);
-    AddResult(set, group);
-    AddResult(set, step);
-    TestResult* const measured = AddResult(set, measurement);
-    measured->SetValue(4.875);
-    measured->SetValidation(measurement->GetValidationCtrl()->GetValidation());
-    measurement->own = Good;
+    for (const QSharedPointer<TestComponent>& component :
+         std::initializer_list<QSharedPointer<TestComponent>>{program, group, step, rail}) {
+        auto* const result = new TestResult(component);
+        result->SetResult(Good);
+        set->AddResult(result);
+    }
+    set->GetResult(rail.data())->SetValue(4.875);
+    set->GetResult(rail.data())->SetValidation(rail->control.Validation);
     return set;
 }
 
@@ -64,8 +50,7 @@ bool Check(const QString& fileName, bool exported, const QList<QByteArray>& text
     bool good = exported;
     for (const QByteArray& text : texts)
         good = good && content.contains(text);
-    printf("%s: %lld bytes, %s\n", qPrintable(fileName), static_cast<long long>(content.size()),
-           good ? "good" : "BAD");
+    qInfo("%s: %lld bytes, %s", qPrintable(fileName), content.size(), good ? "good" : "BAD");
     return good;
 }
 
@@ -99,12 +84,16 @@ int main()
     CExportServiceTestPlan plan(false);
     plan.SetOutputFileName("out.tpl");
     const QSharedPointer<TestProgram> program = test.GetResultSets().first()->GetTestProgram();
-    good &= Check("out.tpl", plan.Export(program.data()) && plan.OutputComplete(), {"c4", "4.75"});
+    good &= Check("out.tpl", plan.Export(program.data()) && plan.OutputComplete(), {"Ident=\"4\"", "4.75"});
 
     CImportServiceReport import;
     import.SetInputFileName("out.zyr");
     UUTTest read(0, "");
-    good &= import.Import(&read) && import.GetFindings().isEmpty();
+    good &= import.Import(&read);
+    for (const ImportFinding& finding : import.GetFindings()) {
+        qWarning("line %lld: %s", finding.line, qPrintable(finding.text));
+        good = false;
+    }
     good &= WriteReport(&read, "XML", "again.zyr", all);
     return good ? 0 : 1;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Property.h"
+
 #include <QtCore/QList>
 #include <QtCore/QSharedPointer>
 #include <QtCore/QString>
@@ -18,49 +20,28 @@ enum EN_ZYN_RESULT : int { Bad = -2, Untested = 0, Good = 2 };
 enum EN_ZYN_GROUP : int { MainTests = 0, Preparation = 4 };
 enum EN_ZYN_ADDRESS : int { Nothing = 0, Whole = 11, Decimal = 12, Words = 13 };
 
+/// This model shows values as they are.
 class ValueDisplay {
 public:
-    enum ScaleFactor : int { Plain = 0, Thousandth = -3 };
-    explicit ValueDisplay(ScaleFactor factor = Plain)
-        : factor(factor)
-    {
-    }
-    QString ToString(const QVariant& value) const
-    {
-        return factor == Plain ? StaticToString(value)
-                               : StaticToString(value.toDouble() * std::pow(10.0, -int(factor)));
-    }
+    enum ScaleFactor : int { Plain = 0 };
+    explicit ValueDisplay(ScaleFactor = Plain) {}
+    QString ToString(const QVariant& value) const { return value.toString(); }
     static QString StaticToString(const QVariant& value) { return value.toString(); }
-    ScaleFactor GetScaleFactor() const { return factor; }
-    QString GetScaleString() const { return ScaleFactorToString(factor); }
-    static QString ScaleFactorToString(ScaleFactor factor)
-    {
-        return factor == Thousandth ? QStringLiteral("m") : QString();
-    }
-
-private:
-    ScaleFactor factor;
+    ScaleFactor GetScaleFactor() const { return Plain; }
+    QString GetScaleString() const { return {}; }
+    static QString ScaleFactorToString(ScaleFactor) { return {}; }
 };
 
 class LimitOperator {
 public:
     enum Code : int { NoLimit, NotBelow, NotAbove };
-    LimitOperator() = default;
-    explicit LimitOperator(Code code)
-        : code(code)
-    {
-    }
-    QString ToString() const
-    {
-        return code == NoLimit ? QString() : code == NotBelow ? QStringLiteral(">=") : QStringLiteral("<=");
-    }
+    QString ToString() const { return QStringList{QString(), ">=", "<="}.at(code); }
     Code code = NoLimit;
 };
 
 class MeasurementUnit {
 public:
-    QString ToString() const { return text; }
-    QString text;
+    QString ToString() const { return number == 1 ? "V" : QString(); }
     int number = 0;
 };
 
@@ -73,78 +54,56 @@ public:
     }
 };
 
+/// Limits of any kind of value.
 class ValidationInterface {
 public:
+    ValidationInterface(int unit, const char* hasLower, const char* hasUpper, QVariant lower, QVariant upper)
+        : LowerLimit(hasLower && *hasLower ? std::move(lower) : QVariant())
+        , UpperLimit(hasUpper && *hasUpper ? std::move(upper) : QVariant())
+        , measurementUnit{unit}
+    {
+    }
     virtual ~ValidationInterface() = default;
-    virtual ValueDisplay* GetValueDisplay() const = 0;
-    virtual bool HasLowerLimit() const = 0;
-    virtual bool HasUpperLimit() const = 0;
-    virtual QVariant GetLowerLimit() const = 0;
-    virtual QVariant GetUpperLimit() const = 0;
-    virtual QString GetLowerLimitText() const = 0;
-    virtual QString GetUpperLimitText() const = 0;
-    virtual LimitOperator GetLowerOperator() const = 0;
-    virtual LimitOperator GetUpperOperator() const = 0;
-
-    bool inverted = false;
-};
-
-/// Limits of any kind of value.
-class Limits : public ValidationInterface {
-public:
-    Limits(int unit, const char* lowerOperator, const char* upperOperator, QVariant lower, QVariant upper)
-        : lower(std::move(lower))
-        , upper(std::move(upper))
-        , hasLower(lowerOperator && *lowerOperator)
-        , hasUpper(upperOperator && *upperOperator)
-    {
-        measurementUnit.number = unit;
-        measurementUnit.text = unit == 1 ? QStringLiteral("V") : QString();
-    }
     /// None: the formats accept a validation without a display.
-    ValueDisplay* GetValueDisplay() const override { return nullptr; }
-    bool HasLowerLimit() const override { return hasLower; }
-    bool HasUpperLimit() const override { return hasUpper; }
-    QVariant GetLowerLimit() const override { return lower; }
-    QVariant GetUpperLimit() const override { return upper; }
-    QString GetLowerLimitText() const override { return hasLower ? lower.toString() : QString(); }
-    QString GetUpperLimitText() const override { return hasUpper ? upper.toString() : QString(); }
-    LimitOperator GetLowerOperator() const override
+    ValueDisplay* GetValueDisplay() const { return nullptr; }
+    bool HasLowerLimit() const { return LowerLimit.isValid(); }
+    bool HasUpperLimit() const { return UpperLimit.isValid(); }
+    QString GetLowerLimitText() const { return LowerLimit.toString(); }
+    QString GetUpperLimitText() const { return UpperLimit.toString(); }
+    LimitOperator GetLowerOperator() const
     {
-        return hasLower ? LimitOperator(LimitOperator::NotBelow) : LimitOperator();
+        return {HasLowerLimit() ? LimitOperator::NotBelow : LimitOperator::NoLimit};
     }
-    LimitOperator GetUpperOperator() const override
+    LimitOperator GetUpperOperator() const
     {
-        return hasUpper ? LimitOperator(LimitOperator::NotAbove) : LimitOperator();
+        return {HasUpperLimit() ? LimitOperator::NotAbove : LimitOperator::NoLimit};
     }
-
+    ANSWER(QVariant, LowerLimit)
+    ANSWER(QVariant, UpperLimit)
     MeasurementUnit measurementUnit;
-
-private:
-    QVariant lower;
-    QVariant upper;
-    bool hasLower;
-    bool hasUpper;
+    bool inverted = false;
 };
 
 class TestComponentFactory {
 public:
+    template <class... Rest>
     static ValidationInterface* CreateValidationInt(int unit, const char* lowerOperator,
-                                                    const char* upperOperator, int lower, int upper, long,
-                                                    long, long, long, long, long)
+                                                    const char* upperOperator, int lower, int upper, Rest...)
     {
-        return new Limits(unit, lowerOperator, upperOperator, lower, upper);
+        return new ValidationInterface(unit, lowerOperator, upperOperator, lower, upper);
     }
+    template <class... Rest>
     static ValidationInterface* CreateValidationReal(int unit, const char* lowerOperator,
                                                      const char* upperOperator, double lower, double upper,
-                                                     long, long, long, long, long, long, QVariant, double)
+                                                     Rest...)
     {
-        return new Limits(unit, lowerOperator, upperOperator, lower, upper);
+        return new ValidationInterface(unit, lowerOperator, upperOperator, lower, upper);
     }
+    template <class... Rest>
     static ValidationInterface* CreateValidationString(int unit, const char* lowerOperator,
-                                                       const QString& text, long, long, long, long)
+                                                       const QString& text, Rest...)
     {
-        return new Limits(unit, lowerOperator, nullptr, text, QVariant());
+        return new ValidationInterface(unit, lowerOperator, nullptr, text, {});
     }
 };
 
