@@ -14,6 +14,8 @@
 #include <QtGui/QTextDocument>
 #include <QtPrintSupport/QPrinter>
 
+#include <mutex>
+
 namespace ZYN {
 
 namespace {
@@ -110,6 +112,9 @@ void CReportBuilderPDF::Print()
         qCWarning(logPdf, "A PDF report needs a QGuiApplication for its fonts; no file is made.");
         return;
     }
+    // Qt makes its support of printers at the first use, and two threads at once make it twice.
+    static std::mutex onePrinter;
+    const std::lock_guard lock(onePrinter);
     // Emptied first: what stands there afterwards is then the printer's.
     if (QFile file(outputFileName); !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         qCWarning(logPdf, "Cannot write the PDF report: %ls", qUtf16Printable(file.errorString()));
