@@ -45,6 +45,8 @@ set(CPACK_DEBIAN_TOOL_PACKAGE_NAME zyn)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION electronics)
 # A PDF report without a font is empty.
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "fonts-dejavu-core | fonts-liberation | fonts-freefont-ttf")
+# Qt's own messages, for instance about broken XML, in the user's language.
+set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "qt6-translations-l10n")
 set(CPACK_COMPONENT_TOOL_DEPENDS Runtime)
 set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test results
 ${about}

@@ -1,5 +1,7 @@
 #include "Checker.h"
 
+#include "Texts.h"
+
 namespace ZYN::Stdf {
 
 namespace {
@@ -14,7 +16,7 @@ constexpr uint abnormalEnd = 1U << 2;
 
 QString Place(uint head, uint site)
 {
-    return QStringLiteral("head %1, site %2").arg(QString::number(head), QString::number(site));
+    return Texts::tr("head %1, site %2").arg(QString::number(head), QString::number(site));
 }
 
 } // namespace
@@ -47,38 +49,37 @@ void Checker::Take(const RawRecord& raw, const Record& record)
 void Checker::TakeFar(const RawRecord& raw, const Record& record)
 {
     if (expected == Expected::Far && raw.offset != 0)
-        AddRemark(raw.offset, QStringLiteral("a further stream begins here"));
+        AddRemark(raw.offset, Texts::tr("a further stream begins here"));
     else if (raw.offset != 0) {
-        AddRemark(raw.offset, QStringLiteral("a further stream begins here; the one before has no MRR"));
+        AddRemark(raw.offset, Texts::tr("a further stream begins here; the one before has no MRR"));
         EndStream(raw.offset);
     }
     if (record.values.size() < 2 || !record.problem.isEmpty())
-        AddFault(raw.offset, QStringLiteral("FAR: it has two bytes of data, not %1").arg(raw.body.size()));
+        AddFault(raw.offset, Texts::tr("FAR: it has two bytes of data, not %1").arg(raw.body.size()));
     else if (record.Number("STDF_VER") != 4)
-        AddFault(raw.offset, QStringLiteral("FAR: version %1 instead of 4").arg(record.Number("STDF_VER")));
+        AddFault(raw.offset, Texts::tr("FAR: version %1 instead of 4").arg(record.Number("STDF_VER")));
     else if (record.Number("CPU_TYPE") == vaxProcessor)
-        AddRemark(raw.offset,
-                  QStringLiteral("FAR: real numbers are in the VAX format and are not understood"));
+        AddRemark(raw.offset, Texts::tr("FAR: real numbers are in the VAX format and are not understood"));
     else if (record.Number("CPU_TYPE") > lastKnownProcessor)
-        AddFault(raw.offset, QStringLiteral("FAR: unknown CPU_TYPE %1").arg(record.Number("CPU_TYPE")));
+        AddFault(raw.offset, Texts::tr("FAR: unknown CPU_TYPE %1").arg(record.Number("CPU_TYPE")));
     expected = Expected::Mir;
 }
 
 void Checker::TakeInOrder(const Record& record)
 {
-    const QString name = record.type ? QLatin1StringView(record.type->name) : QStringLiteral("a record");
+    const QString name = record.type ? QLatin1StringView(record.type->name) : Texts::tr("a record");
     if (expected == Expected::Far) {
         AddFault(record.offset, record.offset == 0
-                                    ? QStringLiteral("the file begins with %1, not with a FAR").arg(name)
-                                    : QStringLiteral("%1 follows the MRR").arg(name));
+                                    ? Texts::tr("the file begins with %1, not with a FAR").arg(name)
+                                    : Texts::tr("%1 follows the MRR").arg(name));
         expected = record.offset == 0 ? Expected::Mir : Expected::Nothing;
     }
     if (record.Is("MIR")) {
         if (expected == Expected::Anything)
-            AddFault(record.offset, QStringLiteral("a second MIR"));
+            AddFault(record.offset, Texts::tr("a second MIR"));
         expected = Expected::Anything;
     } else if (expected == Expected::Mir && !record.Is("ATR")) {
-        AddFault(record.offset, QStringLiteral("%1 where the MIR is expected").arg(name));
+        AddFault(record.offset, Texts::tr("%1 where the MIR is expected").arg(name));
         expected = Expected::Anything;
     }
 
@@ -101,7 +102,7 @@ void Checker::BeginPart(const Record& record)
     const HeadAndSite place{record.Number("HEAD_NUM"), record.Number("SITE_NUM")};
     if (openParts.contains(place))
         AddFault(record.offset,
-                 QStringLiteral("PIR: the part at %1 from offset %2 has no PRR")
+                 Texts::tr("PIR: the part at %1 from offset %2 has no PRR")
                      .arg(Place(place.first, place.second), QString::number(openParts.value(place).offset)));
     openParts.insert(place, {record.offset, 0});
 }
@@ -111,7 +112,7 @@ void Checker::TakeTest(const Record& record)
     const auto part = openParts.find({record.Number("HEAD_NUM"), record.Number("SITE_NUM")});
     if (part == openParts.end())
         AddFault(record.offset,
-                 QStringLiteral("%1: test %2 at %3 belongs to no part: there is no PIR before it")
+                 Texts::tr("%1: test %2 at %3 belongs to no part: there is no PIR before it")
                      .arg(QLatin1StringView(record.type->name), QString::number(record.Number("TEST_NUM")),
                           Place(record.Number("HEAD_NUM"), record.Number("SITE_NUM"))));
     else
@@ -123,15 +124,15 @@ void Checker::EndPart(const Record& record)
     const HeadAndSite place{record.Number("HEAD_NUM"), record.Number("SITE_NUM")};
     const auto part = openParts.constFind(place);
     if (part == openParts.constEnd()) {
-        AddFault(
-            record.offset,
-            QStringLiteral("PRR: there is no PIR before it at %1").arg(Place(place.first, place.second)));
+        AddFault(record.offset,
+                 Texts::tr("PRR: there is no PIR before it at %1").arg(Place(place.first, place.second)));
     } else {
         // The field holds 16 bits; a tester may leave tests out of the file, but not have more in it.
         const uint stated = record.Number("NUM_TEST");
         if (part->tests <= 0xffff && stated < part->tests)
-            AddFault(record.offset, QStringLiteral("PRR: NUM_TEST is %1, the part has %2 tests")
-                                        .arg(QString::number(stated), QString::number(part->tests)));
+            AddFault(record.offset,
+                     Texts::tr("PRR: NUM_TEST is %1, the part has %n tests", nullptr, int(part->tests))
+                         .arg(stated));
         openParts.erase(part);
     }
     Counts& counts = counted[place];
@@ -152,19 +153,19 @@ void Checker::TakeCounts(const Record& record)
         }
     }
     if (record.Number("PART_CNT") != seen.parts)
-        AddFault(record.offset,
-                 QStringLiteral("PCR: PART_CNT is %1, there are %2 parts")
-                     .arg(QString::number(record.Number("PART_CNT")), QString::number(seen.parts)));
+        AddFault(record.offset, Texts::tr("PCR: PART_CNT is %1, there are %n parts", nullptr, int(seen.parts))
+                                    .arg(record.Number("PART_CNT")));
     const QVariant good = record.Value("GOOD_CNT");
     if (good.isValid() && good.toUInt() != unknownCount && good.toUInt() > seen.good)
-        AddFault(record.offset, QStringLiteral("PCR: GOOD_CNT is %1, only %2 parts have passed")
-                                    .arg(QString::number(good.toUInt()), QString::number(seen.good)));
+        AddFault(record.offset,
+                 Texts::tr("PCR: GOOD_CNT is %1, only %n parts have passed", nullptr, int(seen.good))
+                     .arg(good.toUInt()));
 }
 
 void Checker::EndStream(qint64 offset)
 {
     for (auto part = openParts.constBegin(); part != openParts.constEnd(); ++part)
-        AddFault(offset, QStringLiteral("the part at %1 from offset %2 has no PRR")
+        AddFault(offset, Texts::tr("the part at %1 from offset %2 has no PRR")
                              .arg(Place(part.key().first, part.key().second), QString::number(part->offset)));
     openParts.clear();
     counted.clear();
@@ -176,16 +177,15 @@ void Checker::Finish(const Reader& reader)
     if (const auto& fault = reader.GetFault())
         AddFault(fault->offset, fault->text);
     else if (end == 0)
-        AddFault(0, QStringLiteral("the file is empty"));
+        AddFault(0, Texts::tr("the file is empty"));
     else if (expected == Expected::Mir || expected == Expected::Anything)
-        AddFault(end, QStringLiteral("the file ends without an MRR"));
+        AddFault(end, Texts::tr("the file ends without an MRR"));
     EndStream(end);
     for (auto unknown = unknownTypes.constBegin(); unknown != unknownTypes.constEnd(); ++unknown)
-        AddRemark(0, QStringLiteral("%1 records of the unknown type %2, subtype %3")
-                         .arg(QString::number(*unknown), QString::number(unknown.key().first),
-                              QString::number(unknown.key().second)));
+        AddRemark(0, Texts::tr("%n records of the unknown type %1, subtype %2", nullptr, int(*unknown))
+                         .arg(QString::number(unknown.key().first), QString::number(unknown.key().second)));
     if (faults > MaximumFindings)
-        AddFault(end, QStringLiteral("and more: %1 faults in all").arg(faults));
+        AddFault(end, Texts::tr("and more: %n faults in all", nullptr, int(faults)));
 }
 
 } // namespace ZYN::Stdf

@@ -1,5 +1,7 @@
 #include "Decoder.h"
 
+#include "Texts.h"
+
 #include <QtCore/QtEndian>
 
 #include <bit>
@@ -204,13 +206,13 @@ Record Decode(const RawRecord& raw, bool bigEndian)
                                      : TakeValue(cursor, field.kind);
         if (cursor.Failed()) {
             record.problem =
-                QStringLiteral("the record ends inside the field %1").arg(QLatin1StringView(field.name));
+                Texts::tr("the record ends inside the field %1").arg(QLatin1StringView(field.name));
             return record;
         }
         record.values.append(std::move(value));
     }
     if (!cursor.AtEnd())
-        record.problem = QStringLiteral("%1 bytes follow the last field").arg(cursor.Left());
+        record.problem = Texts::tr("%n bytes follow the last field", nullptr, int(cursor.Left()));
     return record;
 }
 

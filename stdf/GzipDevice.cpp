@@ -1,5 +1,7 @@
 #include "GzipDevice.h"
 
+#include "Texts.h"
+
 #include <zlib.h>
 
 #include <limits>
@@ -19,7 +21,7 @@ GzipDevice::GzipDevice(QIODevice* sourceDevice)
     , stream(std::make_unique<z_stream_s>())
 {
     if (inflateInit2(stream.get(), gzipWindow) != Z_OK)
-        Fail(QStringLiteral("not enough memory to decompress"));
+        Fail(Texts::tr("not enough memory to decompress"));
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
 
@@ -57,7 +59,7 @@ qint64 GzipDevice::readData(char* data, qint64 maxSize)
     while (!failed && stream->avail_out > 0) {
         if (!Refill()) {
             if (insideMember)
-                Fail(QStringLiteral("the gzip data breaks off"));
+                Fail(Texts::tr("the gzip data breaks off"));
             break;
         }
         insideMember = true;
@@ -66,7 +68,7 @@ qint64 GzipDevice::readData(char* data, qint64 maxSize)
             insideMember = false;
             inflateReset(stream.get());
         } else if (state != Z_OK && state != Z_BUF_ERROR) {
-            Fail(QStringLiteral("the gzip data is damaged"));
+            Fail(Texts::tr("the gzip data is damaged"));
         }
     }
     const qint64 count = wanted - stream->avail_out;

@@ -1,6 +1,7 @@
 #include "Reader.h"
 
 #include "GzipDevice.h"
+#include "Texts.h"
 
 #include <QtCore/QIODevice>
 #include <QtCore/QtEndian>
@@ -45,7 +46,7 @@ bool Reader::Next(RawRecord& record)
     if (header.isEmpty())
         return gzip && gzip->HasFailed() ? Fail({}) : false;
     if (header.size() < headerSize)
-        return Fail(QStringLiteral("the file ends inside a record header"));
+        return Fail(Texts::tr("the file ends inside a record header"));
     if (offset == 0)
         RecogniseByteOrder(header);
 
@@ -56,7 +57,7 @@ bool Reader::Next(RawRecord& record)
     record.subType = static_cast<quint8>(header.at(3));
     record.body = source->read(length);
     if (record.body.size() < length)
-        return Fail(QStringLiteral("the file ends inside a record: type %1, subtype %2, %3 of %4 bytes")
+        return Fail(Texts::tr("the file ends inside a record: type %1, subtype %2, %3 of %4 bytes")
                         .arg(QString::number(record.type), QString::number(record.subType),
                              QString::number(record.body.size()), QString::number(length)));
     offset += headerSize + length;

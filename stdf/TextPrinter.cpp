@@ -1,5 +1,7 @@
 #include "TextPrinter.h"
 
+#include "Texts.h"
+
 #include <QtCore/QDateTime>
 
 #include <utility>
@@ -36,12 +38,19 @@ QString LimitText(const std::optional<float>& limit)
     return limit ? QString::number(static_cast<double>(*limit), 'g', 6) : QStringLiteral("-");
 }
 
-/// Columns of fixed width: negative widths are filled on the left.
-QString Row(std::initializer_list<std::pair<QString, int>> cells)
+/// A column of a table, at least as wide as its title. Negative widths are filled on the left.
+struct Column {
+    QString title;
+    int width;
+};
+
+QString Row(const QList<Column>& columns, const QStringList& cells)
 {
     QString line;
-    for (const auto& [text, width] : cells) {
-        line += width < 0 ? text.rightJustified(-width) : text.leftJustified(width);
+    for (qsizetype i = 0; i < columns.size(); ++i) {
+        const auto& [title, width] = columns.at(i);
+        const int least = qMax(qAbs(width), int(title.size()));
+        line += width < 0 ? cells.at(i).rightJustified(least) : cells.at(i).leftJustified(least);
         line += QStringLiteral("  ");
     }
     while (line.endsWith(u' '))
@@ -49,12 +58,34 @@ QString Row(std::initializer_list<std::pair<QString, int>> cells)
     return line;
 }
 
+QString Titles(const QList<Column>& columns)
+{
+    QStringList titles;
+    for (const Column& column : columns)
+        titles += column.title;
+    return Row(columns, titles);
+}
+
+QList<Column> PartColumns()
+{
+    return {{Texts::tr("Part"), -6},      {Texts::tr("Site"), -6},     {Texts::tr("Verdict"), 7},
+            {Texts::tr("Hard bin"), -8},  {Texts::tr("Soft bin"), -8}, {Texts::tr("Tests"), -6},
+            {Texts::tr("Time [s]"), -10}, {Texts::tr("Ident"), 0}};
+}
+
+QList<Column> TestColumns()
+{
+    return {{Texts::tr("Test"), -6},       {Texts::tr("Runs"), -6},        {Texts::tr("Failed"), -6},
+            {Texts::tr("Low limit"), -13}, {Texts::tr("High limit"), -13}, {Texts::tr("Unit"), 6},
+            {Texts::tr("Scale"), -5},      {Texts::tr("Name"), 0}};
+}
+
 QString BinLine(const Record& bin, const QString& kind, const char* number, const char* count,
                 const char* verdict, const char* name)
 {
-    return QStringLiteral("%1 bin %2: %3 parts %4 %5")
-        .arg(kind, QString::number(bin.Number(number)), QString::number(bin.Number(count)), bin.Text(verdict),
-             bin.Text(name))
+    return QStringLiteral("%1 %2: %3 %4 %5")
+        .arg(kind, QString::number(bin.Number(number)),
+             Texts::tr("%n parts", nullptr, int(bin.Number(count))), bin.Text(verdict), bin.Text(name))
         .trimmed();
 }
 
@@ -82,32 +113,33 @@ void TextPrinter::Take(const RawRecord& raw, const Record& record)
     else if (record.Is("PRR"))
         PrintPart(record);
     else if (record.Is("HBR"))
-        closing += BinLine(record, QStringLiteral("Hard"), "HBIN_NUM", "HBIN_CNT", "HBIN_PF", "HBIN_NAM");
+        closing += BinLine(record, Texts::tr("Hard bin"), "HBIN_NUM", "HBIN_CNT", "HBIN_PF", "HBIN_NAM");
     else if (record.Is("SBR"))
-        closing += BinLine(record, QStringLiteral("Soft"), "SBIN_NUM", "SBIN_CNT", "SBIN_PF", "SBIN_NAM");
+        closing += BinLine(record, Texts::tr("Soft bin"), "SBIN_NUM", "SBIN_CNT", "SBIN_PF", "SBIN_NAM");
     else if (record.Is("PCR"))
         closing +=
-            QStringLiteral("Counted: %1 parts, %2 good")
+            Texts::tr("Counted: %1 parts, %2 good")
                 .arg(Count(record.Number("PART_CNT")),
                      Count(record.Value("GOOD_CNT").isValid() ? record.Number("GOOD_CNT") : unknownCount));
     else if (record.Is("MRR"))
-        closing += QStringLiteral("Finished: ") + Time(record.Number("FINISH_T"));
+        closing += Texts::tr("Finished: %1").arg(Time(record.Number("FINISH_T")));
 }
 
 void TextPrinter::PrintHeader(const Record& mir)
 {
-    static constexpr std::pair<const char*, const char*> rows[] = {
-        {"Lot", "LOT_ID"},       {"Sublot", "SBLOT_ID"},   {"Product", "PART_TYP"},
-        {"Machine", "NODE_NAM"}, {"Tester", "TSTR_TYP"},   {"Program", "JOB_NAM"},
-        {"Revision", "JOB_REV"}, {"Operator", "OPER_NAM"}, {"Facility", "FACIL_ID"}};
+    const std::pair<QString, QString> rows[] = {
+        {Texts::tr("Lot"), mir.Text("LOT_ID")},        {Texts::tr("Sublot"), mir.Text("SBLOT_ID")},
+        {Texts::tr("Product"), mir.Text("PART_TYP")},  {Texts::tr("Machine"), mir.Text("NODE_NAM")},
+        {Texts::tr("Tester"), mir.Text("TSTR_TYP")},   {Texts::tr("Program"), mir.Text("JOB_NAM")},
+        {Texts::tr("Revision"), mir.Text("JOB_REV")},  {Texts::tr("Operator"), mir.Text("OPER_NAM")},
+        {Texts::tr("Facility"), mir.Text("FACIL_ID")}, {Texts::tr("Started"), Time(mir.Number("START_T"))}};
     if (partsBegun)
         print({});
     partsBegun = false;
-    for (const auto& [title, field] : rows) {
-        if (const QString text = mir.Text(field); !text.isEmpty())
-            print(Row({{QLatin1StringView(title), 10}, {text, 0}}));
+    for (const auto& [title, text] : rows) {
+        if (!text.isEmpty())
+            print(Row({{{}, 10}, {{}, 0}}, {title, text}));
     }
-    print(Row({{QStringLiteral("Started"), 10}, {Time(mir.Number("START_T")), 0}}));
 }
 
 void TextPrinter::PrintPart(const Record& prr)
@@ -117,25 +149,15 @@ void TextPrinter::PrintPart(const Record& prr)
         return;
     if (!std::exchange(partsBegun, true)) {
         print({});
-        print(Row({{QStringLiteral("Part"), -6},
-                   {QStringLiteral("Site"), -6},
-                   {QStringLiteral("Verdict"), 7},
-                   {QStringLiteral("Hard bin"), -8},
-                   {QStringLiteral("Soft bin"), -8},
-                   {QStringLiteral("Tests"), -6},
-                   {QStringLiteral("Time [s]"), -10},
-                   {QStringLiteral("Ident"), 0}}));
+        print(Titles(PartColumns()));
     }
     const uint softBin = prr.Value("SOFT_BIN").isValid() ? prr.Number("SOFT_BIN") : noSoftBin;
     const QString site = QStringLiteral("%1/%2").arg(prr.Number("HEAD_NUM")).arg(prr.Number("SITE_NUM"));
-    print(Row({{QString::number(parts), -6},
-               {site, -6},
-               {Verdict(prr.Number("PART_FLG")), 7},
-               {QString::number(prr.Number("HARD_BIN")), -8},
-               {softBin == noSoftBin ? QStringLiteral("-") : QString::number(softBin), -8},
-               {QString::number(prr.Number("NUM_TEST")), -6},
-               {QString::number(prr.Number("TEST_T") / 1000.0, 'f', 3), -10},
-               {prr.Text("PART_ID"), 0}}));
+    print(Row(PartColumns(), {QString::number(parts), site, Verdict(prr.Number("PART_FLG")),
+                              QString::number(prr.Number("HARD_BIN")),
+                              softBin == noSoftBin ? QStringLiteral("-") : QString::number(softBin),
+                              QString::number(prr.Number("NUM_TEST")),
+                              QString::number(prr.Number("TEST_T") / 1000.0, 'f', 3), prr.Text("PART_ID")}));
 }
 
 void TextPrinter::TakeTest(const Record& test)
@@ -152,25 +174,15 @@ void TextPrinter::PrintTests()
     if (tests.isEmpty())
         return;
     print({});
-    print(Row({{QStringLiteral("Test"), -6},
-               {QStringLiteral("Runs"), -6},
-               {QStringLiteral("Failed"), -6},
-               {QStringLiteral("Low limit"), -13},
-               {QStringLiteral("High limit"), -13},
-               {QStringLiteral("Unit"), 6},
-               {QStringLiteral("Scale"), -5},
-               {QStringLiteral("Name"), 0}}));
+    const QList<Column> columns = TestColumns();
+    print(Titles(columns));
     for (auto test = tests.constBegin(); test != tests.constEnd(); ++test) {
         if (failedOnly && test->failed == 0)
             continue;
-        print(Row({{QString::number(test.key().first), -6},
-                   {QString::number(test->runs), -6},
-                   {QString::number(test->failed), -6},
-                   {LimitText(test->settings.lowLimit), -13},
-                   {LimitText(test->settings.highLimit), -13},
-                   {test->settings.unit, 6},
-                   {QString::number(test->settings.resultScale), -5},
-                   {test->settings.text, 0}}));
+        print(Row(columns, {QString::number(test.key().first), QString::number(test->runs),
+                            QString::number(test->failed), LimitText(test->settings.lowLimit),
+                            LimitText(test->settings.highLimit), test->settings.unit,
+                            QString::number(test->settings.resultScale), test->settings.text}));
     }
 }
 
@@ -183,12 +195,12 @@ void TextPrinter::Finish(const Reader& reader)
     QStringList counts;
     for (auto record = records.constBegin(); record != records.constEnd(); ++record)
         counts += QStringLiteral("%1 %2").arg(QString::number(*record), record.key());
-    print(QStringLiteral("STDF V4, %1%2; records: %3")
-              .arg(reader.IsBigEndian() ? QStringLiteral("big-endian") : QStringLiteral("little-endian"),
+    print(Texts::tr("STDF V4, %1%2; records: %3")
+              .arg(reader.IsBigEndian() ? Texts::tr("big-endian") : Texts::tr("little-endian"),
                    reader.IsCompressed() ? QStringLiteral(", gzip") : QString(),
-                   counts.isEmpty() ? QStringLiteral("none") : counts.join(QStringLiteral(", "))));
+                   counts.isEmpty() ? Texts::tr("none") : counts.join(QStringLiteral(", "))));
     if (const auto& fault = reader.GetFault())
-        print(QStringLiteral("Damaged at offset %1: %2").arg(QString::number(fault->offset), fault->text));
+        print(Texts::tr("Damaged at offset %1: %2").arg(QString::number(fault->offset), fault->text));
 }
 
 } // namespace ZYN::Stdf

@@ -1,6 +1,7 @@
 #include "BinningFile.h"
 
 #include "Terminal.h"
+#include "Texts.h"
 
 #include <ZYNIni/IniReader.h>
 #include <ZYNPersistence/BinningReader.h>
@@ -55,7 +56,7 @@ std::optional<Finding> ReadBinning(const QString& path, Binning* binning)
     IniReader ini(&file);
     if (!ini.read()) {
         const QString text = ini.getErrorText().isEmpty() ? file.errorString() : ini.getErrorText();
-        return Finding{.line = ini.getErrorLine(), .text = QStringLiteral("cannot be read as INI: ") + text};
+        return Finding{.line = ini.getErrorLine(), .text = Texts::tr("cannot be read as INI: %1").arg(text)};
     }
     QString text;
     *binning = BinningReader::read(path, text);
@@ -80,8 +81,7 @@ std::optional<Problem> ShowBinning(const QString& path, const QString& name, con
         return Problem{name, finding->line, finding->text, {}};
     if (options.failedOnly)
         return std::nullopt; // nothing in it was tested
-    Print(Paint(Harmless(name), Style::Bold) +
-          QStringLiteral("  binning definition, %1 bins\n").arg(binning.bins.size()));
+    PrintTitle(name, Texts::tr("binning definition, %n bins", nullptr, int(binning.bins.size())));
     int width = 0;
     for (const BinDefinition& bin : std::as_const(binning.bins))
         width = qMax(width, Columns(Harmless(bin.name)));
@@ -89,7 +89,8 @@ std::optional<Problem> ShowBinning(const QString& path, const QString& name, con
         const bool isFail = bin.result == BinResult::Fail;
         Print(QStringLiteral("%1  %2  %3  %4\n")
                   .arg(PadLeft(QString::number(bin.id), 10), PadRight(Harmless(bin.name), width),
-                       TypeText(bin), Paint(ResultText(bin), isFail ? Style::Bad : Style::Good)));
+                       bin.type == BinType::Hard ? Texts::tr("hard") : Texts::tr("soft"),
+                       Paint(ResultText(bin), isFail ? Style::Bad : Style::Good)));
     }
     return std::nullopt;
 }

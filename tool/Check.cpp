@@ -4,6 +4,8 @@
 #include "Parallel.h"
 #include "Progress.h"
 #include "Terminal.h"
+#include "Texts.h"
+#include "Usage.h"
 
 #include <CLI/CLI.hpp>
 
@@ -37,7 +39,7 @@ void PrintFinding(const Input& input, const Finding& finding)
     if (finding.column > 0)
         place += QString::number(finding.column) + QLatin1Char(':');
     Print(Harmless(place) + QLatin1Char(' ') +
-          (finding.isError ? QString() : Paint(QStringLiteral("note: "), Style::Odd)) +
+          (finding.isError ? QString() : Paint(Texts::tr("note:") + QLatin1Char(' '), Style::Odd)) +
           Harmless(finding.text) + QLatin1Char('\n'));
 }
 
@@ -74,7 +76,7 @@ int Run(const Arguments& arguments, const Manners& manners)
         }
         faulty += isFaulty;
         if (manners.verbose && !isFaulty)
-            PrintNote(inputs.at(i).name + QStringLiteral(": good"));
+            PrintNote(Texts::tr("%1: good").arg(inputs.at(i).name));
     }
     FlushOutput(); // before the problems, on a terminal
     for (const Problem& problem : problems)
@@ -86,17 +88,20 @@ int Run(const Arguments& arguments, const Manners& manners)
 
 Command CheckCommand(CLI::App& app, const Manners& manners)
 {
-    CLI::App* const check =
-        app.add_subcommand("check", "Check whether files are well formed, known and complete");
+    CLI::App* const check = app.add_subcommand(
+        "check", Texts::tr("Check whether files are well formed, known and complete").toStdString());
     const auto arguments = std::make_shared<Arguments>();
-    check->add_option("FILE", arguments->inputs, "Files, folders, or - for standard input")->required();
-    check->add_flag("--json", arguments->json, "For programs: one JSON object a finding and line");
-    check->footer(
-        "Prints one finding a line as FILE:LINE:COLUMN: text (STDF: FILE:offset N: text) and exits with\n"
-        "1 if any is an error.\n"
-        "Examples:\n"
-        "  zyn check lot/\n"
-        "  zyn check --json bins.ini | jq .line");
+    check
+        ->add_option("FILE", arguments->inputs,
+                     Texts::tr("Files, folders, or - for standard input").toStdString())
+        ->type_name({})
+        ->required();
+    check->add_flag("--json", arguments->json,
+                    Texts::tr("For programs: one JSON object a finding and line").toStdString());
+    check->footer(Footer(
+        Texts::tr("Prints one finding a line as FILE:LINE:COLUMN: text (STDF: FILE:offset N: text) and\n"
+                  "exits with 1 if any is an error."),
+        {"zyn check lot/", "zyn check --json bins.ini | jq .line"}));
     return {check, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

@@ -5,6 +5,8 @@
 #include "Progress.h"
 #include "ReportFile.h"
 #include "SafeOutput.h"
+#include "Texts.h"
+#include "Usage.h"
 
 #include <CLI/CLI.hpp>
 #include <ZYNCommon/UUTTest.h>
@@ -56,17 +58,17 @@ bool IsLotFile(const Arguments& arguments, const QString& format)
 int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inputs)
 {
     if (arguments.file.empty() == arguments.folder.empty())
-        return WrongUsage(command, QStringLiteral("one place for the output is needed"),
-                          QStringLiteral("give -o FILE or -d FOLDER"));
+        return WrongUsage(command, Texts::tr("one place for the output is needed"),
+                          Texts::tr("give -o FILE or -d FOLDER"));
     if (format.isEmpty())
-        return WrongUsage(command, QStringLiteral("the format is not clear"),
-                          QStringLiteral("add -f FORMAT; zyn formats lists them"));
+        return WrongUsage(command, Texts::tr("the format is not clear"),
+                          Texts::tr("add -f FORMAT; zyn formats lists them"));
     if (!CExportServiceReport::ValidFormat(format))
-        return WrongUsage(command, QStringLiteral("there is no format '%1'").arg(format),
-                          QStringLiteral("zyn formats lists them"));
+        return WrongUsage(command, Texts::tr("there is no format '%1'").arg(format),
+                          Texts::tr("zyn formats lists them"));
     if (!arguments.file.empty() && inputs > 1 && !IsLotFile(arguments, format))
-        return WrongUsage(command, QStringLiteral("several reports do not fit into one %1 file").arg(format),
-                          QStringLiteral("give -d FOLDER instead of -o FILE"));
+        return WrongUsage(command, Texts::tr("several reports do not fit into one %1 file").arg(format),
+                          Texts::tr("give -d FOLDER instead of -o FILE"));
     return ExitGood;
 }
 
@@ -91,15 +93,15 @@ int CheckConflicts(const QList<Job>& jobs)
         const QString& source = sourceOf[job.output];
         if (!source.isEmpty()) {
             PrintProblem({job.output, 0,
-                          QStringLiteral("would be made from both %1 and %2").arg(source, job.input.name),
-                          QStringLiteral("convert them into different folders")});
+                          Texts::tr("would be made from both %1 and %2").arg(source, job.input.name),
+                          Texts::tr("convert them into different folders")});
             return ExitUsage;
         }
         sourceOf[job.output] = job.input.name;
         const QString existing = QFileInfo(job.output).canonicalFilePath();
         if (!existing.isEmpty() && inputs.contains(existing)) {
-            PrintProblem({job.output, 0, QStringLiteral("is an input as well"),
-                          QStringLiteral("choose another name for the output")});
+            PrintProblem({job.output, 0, Texts::tr("is an input as well"),
+                          Texts::tr("choose another name for the output")});
             return ExitFailed;
         }
     }
@@ -118,7 +120,7 @@ std::optional<Problem> Convert(const Job& job, const Arguments& arguments, const
 
     CExportServiceReport service;
     if (!service.SetFormat(format))
-        return Problem{job.input.name, 0, QStringLiteral("this build cannot write %1").arg(format), {}};
+        return Problem{job.input.name, 0, Texts::tr("this build cannot write %1").arg(format), {}};
     service.SetOutputFileName(output.TemporaryName());
     service.SetIgnoreReportFlag(arguments.all);
     if (!arguments.logo.empty())
@@ -140,8 +142,8 @@ std::optional<Problem> MakeFolders(const QList<Job>& jobs)
             continue;
         made.insert(folder);
         if (!QDir().mkpath(folder))
-            return Problem{folder, 0, QStringLiteral("the folder cannot be created"),
-                           QStringLiteral("choose another one")};
+            return Problem{folder, 0, Texts::tr("the folder cannot be created"),
+                           Texts::tr("choose another one")};
     }
     return std::nullopt;
 }
@@ -193,9 +195,9 @@ int Run(const Arguments& arguments, const Manners& manners)
             if (!failures[i])
                 PrintNote(jobs[qsizetype(i)].input.name + QStringLiteral(" -> ") + jobs[qsizetype(i)].output);
     if (!manners.quiet && inputs.size() > 1)
-        PrintNote(QStringLiteral("converted %1 of %2 reports to %3")
-                      .arg(QString::number(std::count(failures.begin(), failures.end(), std::nullopt)),
-                           QString::number(inputs.size()), format));
+        PrintNote(
+            Texts::tr("converted %1 of %n reports to %2", nullptr, int(inputs.size()))
+                .arg(QString::number(std::count(failures.begin(), failures.end(), std::nullopt)), format));
     return problems.isEmpty() ? ExitGood : ExitFailed;
 }
 
@@ -203,23 +205,39 @@ int Run(const Arguments& arguments, const Manners& manners)
 
 Command ConvertCommand(CLI::App& app, const Manners& manners)
 {
-    CLI::App* const convert = app.add_subcommand("convert", "Convert XML reports (.zyr) into other formats");
+    CLI::App* const convert = app.add_subcommand(
+        "convert", Texts::tr("Convert XML reports (.zyr) into other formats").toStdString());
     const auto arguments = std::make_shared<Arguments>();
-    convert->add_option("INPUT", arguments->inputs, "Reports, folders of reports, or - for standard input")
+    convert
+        ->add_option("INPUT", arguments->inputs,
+                     Texts::tr("Reports, folders of reports, or - for standard input").toStdString())
+        ->type_name({})
         ->required();
-    convert->add_option("-o,--output", arguments->file, "File to write; its extension chooses the format");
-    convert->add_option("-d,--directory", arguments->folder,
-                        "Folder to write into, one file for each report");
-    convert->add_option("-f,--format", arguments->format, "Format (see zyn formats)");
-    convert->add_option("--logo", arguments->logo, "Logo for HTML and PDF")->check(CLI::ExistingFile);
-    convert->add_option("--style", arguments->style, "Style sheet that XML reports refer to");
-    convert->add_flag("--all", arguments->all, "Also what is marked as not to be reported");
-    convert->add_flag("--force", arguments->force, "Replace existing files");
-    convert->footer("Examples:\n"
-                    "  zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png\n"
-                    "  zyn convert lot/ -d csv -f csv\n"
-                    "  zyn convert lot/ -o lot.stdf        adds a part for each report\n"
-                    "  ssh tester cat last.zyr | zyn convert - -o last.pdf");
+    convert
+        ->add_option("-o,--output", arguments->file,
+                     Texts::tr("File to write; its extension chooses the format").toStdString())
+        ->type_name(Texts::tr("FILE").toStdString());
+    convert
+        ->add_option("-d,--directory", arguments->folder,
+                     Texts::tr("Folder to write into, one file for each report").toStdString())
+        ->type_name(Texts::tr("FOLDER").toStdString());
+    convert->add_option("-f,--format", arguments->format, Texts::tr("Format (see zyn formats)").toStdString())
+        ->type_name(Texts::tr("FORMAT").toStdString());
+    convert->add_option("--logo", arguments->logo, Texts::tr("Logo for HTML and PDF").toStdString())
+        ->type_name(Texts::tr("FILE").toStdString())
+        ->check(CLI::Validator(CLI::ExistingFile).description({}));
+    convert
+        ->add_option("--style", arguments->style,
+                     Texts::tr("Style sheet that XML reports refer to").toStdString())
+        ->type_name(Texts::tr("FILE").toStdString());
+    convert->add_flag("--all", arguments->all,
+                      Texts::tr("Also what is marked as not to be reported").toStdString());
+    convert->add_flag("--force", arguments->force, Texts::tr("Replace existing files").toStdString());
+    convert->footer(
+        Footer({}, {"zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png",
+                    "zyn convert lot/ -d csv -f csv",
+                    "zyn convert lot/ -o lot.stdf        " + Texts::tr("adds a part for each report"),
+                    "ssh tester cat last.zyr | zyn convert - -o last.pdf"}));
     return {convert, [=, &manners] { return Run(*arguments, manners); },
             [=] { return FormatOf(*arguments) == QLatin1String("PDF"); }};
 }

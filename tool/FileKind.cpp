@@ -7,6 +7,7 @@
 #include "ReportJson.h"
 #include "ReportTree.h"
 #include "TestPlanFile.h"
+#include "Texts.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -16,21 +17,26 @@ namespace ZYN::Tool {
 const QList<FileKind>& FileKinds()
 {
     static const QList<FileKind> kinds{
-        {"XML report", {QStringLiteral("zyr")}, LooksLikeReport, ShowReport, ReportToJson, CheckReport},
-        {"STDF file",
+        {QT_TRANSLATE_NOOP("zyn", "XML report"),
+         {QStringLiteral("zyr")},
+         LooksLikeReport,
+         ShowReport,
+         ReportToJson,
+         CheckReport},
+        {QT_TRANSLATE_NOOP("zyn", "STDF file"),
          {QStringLiteral("stdf"), QStringLiteral("std"), QStringLiteral("stdf.gz")},
          LooksLikeLot,
          ShowLot,
          nullptr,
          CheckLot,
          PrintLotJson},
-        {"test plan",
+        {QT_TRANSLATE_NOOP("zyn", "test plan"),
          {QStringLiteral("tpl")},
          LooksLikeTestPlan,
          ShowTestPlan,
          TestPlanToJson,
          CheckTestPlan},
-        {"binning definition",
+        {QT_TRANSLATE_NOOP("zyn", "binning definition"),
          {QStringLiteral("ini")},
          LooksLikeBinning,
          ShowBinning,
@@ -44,7 +50,7 @@ const FileKind* KindOf(const QString& path, const QString& name, std::optional<P
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
-        *problem = Problem{name, 0, QStringLiteral("cannot be read: ") + file.errorString(), {}};
+        *problem = Problem{name, 0, Texts::tr("cannot be read: %1").arg(file.errorString()), {}};
         return nullptr;
     }
     const QByteArray head = file.read(4096);
@@ -58,9 +64,9 @@ const FileKind* KindOf(const QString& path, const QString& name, std::optional<P
                 return &kind;
     QStringList names;
     for (const FileKind& kind : FileKinds())
-        names.append(QLatin1String(kind.name));
-    *problem = Problem{name, 0, QStringLiteral("is of no known kind"),
-                       QStringLiteral("known are: ") + names.join(QLatin1String(", "))};
+        names.append(Texts::tr(kind.name));
+    *problem = Problem{name, 0, Texts::tr("is of no known kind"),
+                       Texts::tr("known are: %1").arg(names.join(QLatin1String(", ")))};
     return nullptr;
 }
 

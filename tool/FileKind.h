@@ -26,7 +26,7 @@ struct ShowOptions {
 
 /// A kind of file that the tool can show and check.
 struct FileKind {
-    const char* name;       ///< for people
+    const char* name;       ///< for people, to be translated
     QStringList extensions; ///< without dot, as searched for in folders
     /// Whether a file that begins so (4096 bytes, or all of it) is of this kind.
     bool (*recognises)(const QByteArray& head);

@@ -1,5 +1,7 @@
 #include "Command.h"
 #include "Terminal.h"
+#include "Texts.h"
+#include "Usage.h"
 
 #include <CLI/CLI.hpp>
 #include <ZYNPersistence/CExportServiceReport.h>
@@ -15,18 +17,18 @@ namespace {
 struct Row {
     const char* format;
     const char* otherNames;
-    const char* use;
+    const char* use; // translated for people
 };
 
 // The library tells extensions and whether a name is known; what each is good for is known here.
 constexpr Row rows[] = {
-    {"XML", "default", "native: everything that is read back"},
-    {"CSV", "", "spreadsheets"},
-    {"TXT", "text, ascii", "reading and printing as plain text"},
-    {"HTML", "", "browsers"},
-    {"PDF", "", "printing and archives"},
-    {"JSON", "", "programs"},
-    {"STDF", "std", "yield tools: STDF V4, appended to a lot file"},
+    {"XML", "default", QT_TRANSLATE_NOOP("zyn", "native: everything that is read back")},
+    {"CSV", "", QT_TRANSLATE_NOOP("zyn", "spreadsheets")},
+    {"TXT", "text, ascii", QT_TRANSLATE_NOOP("zyn", "reading and printing as plain text")},
+    {"HTML", "", QT_TRANSLATE_NOOP("zyn", "browsers")},
+    {"PDF", "", QT_TRANSLATE_NOOP("zyn", "printing and archives")},
+    {"JSON", "", QT_TRANSLATE_NOOP("zyn", "programs")},
+    {"STDF", "std", QT_TRANSLATE_NOOP("zyn", "yield tools: STDF V4, appended to a lot file")},
 };
 
 int PrintTable()
@@ -35,12 +37,11 @@ int PrintTable()
                          const QString& use) {
         Print(PadRight(format, 8) + PadRight(extension, 11) + PadRight(names, 13) + use + QLatin1Char('\n'));
     };
-    line(QStringLiteral("Format"), QStringLiteral("Extension"), QStringLiteral("Also named"),
-         QStringLiteral("Good for"));
+    line(Texts::tr("Format"), Texts::tr("Extension"), Texts::tr("Also named"), Texts::tr("Good for"));
     for (const Row& row : rows)
         line(QLatin1String(row.format),
              QLatin1Char('.') + CExportServiceReport::ExtensionForFormat(QLatin1String(row.format)),
-             QLatin1String(row.otherNames), QLatin1String(row.use));
+             QLatin1String(row.otherNames), Texts::tr(row.use));
     return ExitGood;
 }
 
@@ -60,10 +61,11 @@ int PrintJson()
 
 Command FormatsCommand(CLI::App& app, const Manners&)
 {
-    CLI::App* const formats = app.add_subcommand("formats", "List the report formats");
+    CLI::App* const formats =
+        app.add_subcommand("formats", Texts::tr("List the report formats").toStdString());
     const auto json = std::make_shared<bool>(false);
-    formats->add_flag("--json", *json, "For programs");
-    formats->footer("Examples:\n  zyn formats\n  zyn formats --json | jq -r .[].extension");
+    formats->add_flag("--json", *json, Texts::tr("For programs").toStdString());
+    formats->footer(Footer({}, {"zyn formats", "zyn formats --json | jq -r .[].extension"}));
     return {formats, [=] { return *json ? PrintJson() : PrintTable(); }, {}};
 }
 

@@ -1,5 +1,7 @@
 #include "Inputs.h"
 
+#include "Texts.h"
+
 #include <QtCore/QDir>
 #include <QtCore/QDirIterator>
 #include <QtCore/QFile>
@@ -67,12 +69,11 @@ std::optional<Problem> CannotRead(const QString& path)
 {
     const QFileInfo info(path);
     if (!info.exists())
-        return Problem{path, 0, QStringLiteral("there is no such file"), QStringLiteral("check the name")};
+        return Problem{path, 0, Texts::tr("there is no such file"), Texts::tr("check the name")};
     if (!info.isFile() && !info.isDir())
-        return Problem{path, 0, QStringLiteral("is a device"),
-                       QStringLiteral("name a file, a folder or a pipe")};
+        return Problem{path, 0, Texts::tr("is a device"), Texts::tr("name a file, a folder or a pipe")};
     if (!info.isReadable())
-        return Problem{path, 0, QStringLiteral("cannot be read"), QStringLiteral("check its permissions")};
+        return Problem{path, 0, Texts::tr("cannot be read"), Texts::tr("check its permissions")};
     return std::nullopt;
 }
 
@@ -92,7 +93,7 @@ QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStri
         if (path == QLatin1String("-") || IsPipe(path)) {
             const QString memory = OpenPipe(path);
             if (memory.isEmpty())
-                problems->append({path, 0, QStringLiteral("cannot be read to its end"), {}});
+                problems->append({path, 0, Texts::tr("cannot be read to its end"), {}});
             else
                 inputs.append({memory, path, QStringLiteral("stdin")});
         } else if (const std::optional<Problem> problem = CannotRead(path)) {
@@ -100,10 +101,9 @@ QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStri
         } else if (QFileInfo(path).isDir()) {
             const QList<Input> files = FilesOfFolder(path, extensions);
             if (files.isEmpty())
-                problems->append(
-                    {path, 0,
-                     QStringLiteral("holds no *.%1 file").arg(extensions.join(QLatin1String(", *."))),
-                     QStringLiteral("name the files themselves if they are called otherwise")});
+                problems->append({path, 0,
+                                  Texts::tr("holds no *.%1 file").arg(extensions.join(QLatin1String(", *."))),
+                                  Texts::tr("name the files themselves if they are called otherwise")});
             inputs += files;
         } else {
             inputs.append({path, path, QFileInfo(path).fileName()});

@@ -1,5 +1,7 @@
 #include "LockedLot.h"
 
+#include "Texts.h"
+
 #include <QtCore/QFile>
 
 #include <cerrno>
@@ -40,11 +42,14 @@ LockedLot::LockedLot(const QString& path)
             close(m_descriptor);
         good = OpenOrMake() && Lock(m_descriptor);
     } while (good && !IsStillNamed());
-    if (!good || !Remember())
+    if (good && !IsFile())
+        m_refusal = Problem{m_path, 0, Texts::tr("is a device or a pipe, where no file can be put"),
+                            Texts::tr("name a file")};
+    else if (!good || !Remember())
         m_refusal =
             Problem{m_path, 0,
-                    QStringLiteral("no part can be added: ") + QString::fromLocal8Bit(std::strerror(errno)),
-                    QStringLiteral("check the name and the permissions of file and folder")};
+                    Texts::tr("no part can be added: %1").arg(QString::fromLocal8Bit(std::strerror(errno))),
+                    Texts::tr("check the name and the permissions of file and folder")};
 }
 
 LockedLot::~LockedLot()
@@ -77,15 +82,17 @@ bool LockedLot::IsStillNamed() const
            opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
+bool LockedLot::IsFile() const
+{
+    struct stat status {};
+    return fstat(m_descriptor, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 bool LockedLot::Remember()
 {
     struct stat status {};
     if (fstat(m_descriptor, &status) != 0)
         return false;
-    if (!S_ISREG(status.st_mode)) {
-        errno = EINVAL;
-        return false;
-    }
     m_size = status.st_size;
     m_tail.resize(qMin<qint64>(m_size, tailSize));
     return pread(m_descriptor, m_tail.data(), size_t(m_tail.size()), m_size - m_tail.size()) == m_tail.size();

@@ -33,6 +33,7 @@ public:
 private:
     bool OpenOrMake();
     bool IsStillNamed() const;
+    bool IsFile() const;
     bool Remember();
 
     QString m_path;

@@ -4,6 +4,7 @@
 #include "Parallel.h"
 #include "Progress.h"
 #include "ReportFile.h"
+#include "Texts.h"
 
 #include "stdf/Reader.h"
 
@@ -30,11 +31,12 @@ struct Lot {
 
 Problem NotAdded(const Input& input, const Lot& lot, bool putBack)
 {
-    return {input.name, 0,
-            QStringLiteral("could not be added to %1 completely; ").arg(lot.path) +
-                (putBack ? QStringLiteral("the lot is as it was")
-                         : QStringLiteral("the lot could not be put back")),
-            QStringLiteral("look at the disk's space, quota and file size limit")};
+    return {
+        input.name, 0,
+        putBack
+            ? Texts::tr("could not be added to %1 completely; the lot is as it was").arg(lot.path)
+            : Texts::tr("could not be added to %1 completely; the lot could not be put back").arg(lot.path),
+        Texts::tr("look at the disk's space, quota and file size limit")};
 }
 
 // Adds one part, by a service of its own.
@@ -75,13 +77,13 @@ int CountParts(const QString& path)
     return parts;
 }
 
-void Tell(const Input& input, const Lot& lot, const QString& writtenTo, const Manners& manners)
+// What is good to know about a part that was added; may be nothing.
+QString NoteOn(const Input& input, const Lot& lot, const QString& writtenTo, const Manners& manners)
 {
     if (QFileInfo(writtenTo) != QFileInfo(lot.path))
-        PrintNote(QStringLiteral("%1 is of another lot, product type or machine than %2: its part is in %3")
-                      .arg(input.name, lot.path, writtenTo));
-    else if (manners.verbose)
-        PrintNote(QStringLiteral("%1 -> %2").arg(input.name, lot.path));
+        return Texts::tr("%1 is of another lot, product type or machine than %2: its part is in %3")
+            .arg(input.name, lot.path, writtenTo);
+    return manners.verbose ? QStringLiteral("%1 -> %2").arg(input.name, lot.path) : QString();
 }
 
 } // namespace
@@ -89,9 +91,16 @@ void Tell(const Input& input, const Lot& lot, const QString& writtenTo, const Ma
 void AppendToLot(const QList<Input>& inputs, const QString& path, bool ignoreReportFlag,
                  const Manners& manners, QList<Problem>* problems)
 {
+    // A lot that cannot be written to is named once, not for each report.
+    if (const std::optional<Problem> refusal = LockedLot(path).Refusal()) {
+        problems->append(*refusal);
+        return;
+    }
     const Lot lot{path, ignoreReportFlag};
     const qsizetype batch = 4 * AllCores(); // bounds what is in memory
-    Progress progress(inputs.size(), !manners.quiet);
+    auto progress = std::make_optional<Progress>(inputs.size(), !manners.quiet);
+    QStringList notes;
+    qsizetype added = 0;
     for (qsizetype start = 0; start < inputs.size(); start += batch) {
         const QList<Input> some = inputs.mid(start, batch);
         std::vector<Part> parts(size_t(some.size()));
@@ -104,15 +113,21 @@ void AppendToLot(const QList<Input>& inputs, const QString& path, bool ignoreRep
             QString writtenTo;
             if (!part.problem)
                 part.problem = Add(some.at(index), part.test.get(), lot, &writtenTo);
-            if (part.problem)
+            if (part.problem) {
                 problems->append(*part.problem);
-            else
-                Tell(some.at(index), lot, writtenTo, manners);
-            progress.Step();
+            } else {
+                notes += NoteOn(some.at(index), lot, writtenTo, manners);
+                ++added;
+            }
+            progress->Step();
         }
     }
-    if (!manners.quiet)
-        PrintNote(QStringLiteral("%1 holds %2 parts").arg(path, QString::number(CountParts(path))));
+    progress.reset(); // before the notes, on a terminal
+    notes.removeAll(QString());
+    for (const QString& note : std::as_const(notes))
+        PrintNote(note);
+    if (!manners.quiet && added > 0)
+        PrintNote(Texts::tr("%1 holds %n parts", nullptr, CountParts(path)).arg(path));
 }
 
 } // namespace ZYN::Tool

@@ -1,6 +1,7 @@
 #include "LotFile.h"
 
 #include "Terminal.h"
+#include "Texts.h"
 
 #include "stdf/Checker.h"
 #include "stdf/JsonPrinter.h"
@@ -17,14 +18,13 @@ namespace {
 
 Problem CannotRead(const QString& name, const QFile& file)
 {
-    return {name, 0, QStringLiteral("cannot be read: ") + file.errorString(), {}};
+    return {name, 0, Texts::tr("cannot be read: %1").arg(file.errorString()), {}};
 }
 
 Problem Damaged(const QString& name, const Stdf::Fault& fault)
 {
-    return {name, 0,
-            QStringLiteral("is damaged at offset %1: %2").arg(QString::number(fault.offset), fault.text),
-            QStringLiteral("what stands before it was shown")};
+    return {name, 0, Texts::tr("is damaged at offset %1: %2").arg(QString::number(fault.offset), fault.text),
+            Texts::tr("what stands before it was shown")};
 }
 
 } // namespace
@@ -80,7 +80,7 @@ QList<Finding> CheckLot(const QString& path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return {{.text = QStringLiteral("cannot be read: ") + file.errorString()}};
+        return {{.text = Texts::tr("cannot be read: %1").arg(file.errorString())}};
     Stdf::Checker checker;
     Stdf::Reader reader(&file);
     for (Stdf::RawRecord raw; reader.Next(raw);)

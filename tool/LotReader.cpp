@@ -2,6 +2,7 @@
 
 #include "Parallel.h"
 #include "ReportFile.h"
+#include "Texts.h"
 
 #include <ZYNCommon/StatisticsData.h>
 #include <ZYNCommon/StatisticsDataReport.h>
@@ -59,7 +60,7 @@ void LotReader::CountVersions(const UUTTest* test)
     const QList<TestResultSet*> sets = test->GetResultSets();
     for (const TestResultSet* const set : sets) {
         if (const auto program = set->GetTestProgram())
-            ++m_runsOfProgram[QStringLiteral("'%1' version '%2'")
+            ++m_runsOfProgram[Texts::tr("'%1' version '%2'")
                                   .arg(program->GetDisplayName(), program->GetVersion())];
     }
     const QList<QSharedPointer<UUTTest>> items = test->GetUUTTests();
@@ -77,7 +78,7 @@ QStringList LotReader::RemarksOnPrograms() const
     QStringList remarks;
     if (m_runsOfProgram.size() > 1) {
         for (auto it = m_runsOfProgram.cbegin(); it != m_runsOfProgram.cend(); ++it)
-            remarks += QStringLiteral("program %1 in %2 runs").arg(it.key(), QString::number(it.value()));
+            remarks += Texts::tr("program %1 in %n runs", nullptr, it.value()).arg(it.key());
     }
     return remarks;
 }
@@ -95,13 +96,13 @@ QStringList LotReader::RemarksOnPresence(bool all) const
         const StatisticsData* const fewest = *std::min_element(
             partial.begin(), partial.end(),
             [](const StatisticsData* a, const StatisticsData* b) { return a->Size() < b->Size(); });
-        return {QStringLiteral("%1 components are in some of %2 runs only, %3 in %4; -v lists them")
-                    .arg(QString::number(partial.size()), runs, NameOf(fewest->GetComponent()),
-                         QString::number(fewest->Size()))};
+        return {Texts::tr("%n components are in some of %1 runs only, %2 in %3; -v lists them", nullptr,
+                          int(partial.size()))
+                    .arg(runs, NameOf(fewest->GetComponent()), QString::number(fewest->Size()))};
     }
     QStringList remarks;
     for (const StatisticsData* const entry : std::as_const(partial))
-        remarks += QStringLiteral("%1 is in %2 of %3 runs only")
+        remarks += Texts::tr("%1 is in %2 of %3 runs only")
                        .arg(NameOf(entry->GetComponent()), QString::number(entry->Size()), runs);
     return remarks;
 }
@@ -111,7 +112,7 @@ QStringList LotReader::RemarksOnLimits() const
     QStringList remarks;
     for (const StatisticsData* const entry : GetReport()->GetTestData()) {
         if (entry->HaveLimitsChanged())
-            remarks += QStringLiteral("the limits of %1 changed within the lot; the newest count")
+            remarks += Texts::tr("the limits of %1 changed within the lot; the newest count")
                            .arg(NameOf(entry->GetComponent()));
     }
     return remarks;

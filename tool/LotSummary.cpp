@@ -1,6 +1,7 @@
 #include "LotSummary.h"
 
 #include "Terminal.h"
+#include "Texts.h"
 
 #include <ZYNCommon/StatisticsData.h>
 #include <ZYNCommon/StatisticsDataReport.h>
@@ -59,7 +60,7 @@ bool PassedFirstRun(const UUTTest* unit)
 QString Percent(int part, int whole)
 {
     const double share = whole > 0 ? 100.0 * part / whole : 0.0;
-    return QStringLiteral("%1 % (%2 of %3)")
+    return Texts::tr("%1 % (%2 of %3)")
         .arg(QString::number(share, 'f', 1), QString::number(part), QString::number(whole));
 }
 
@@ -134,9 +135,13 @@ int LotSummary::GetPassedFirst() const
 
 QString DescribeLot(const LotSummary& summary, const StatisticsDataReport* report)
 {
-    QString text = QStringLiteral("Yield             %1\nFirst-pass yield  %2\n")
-                       .arg(Percent(summary.GetPassed(), summary.GetUnitCount()),
-                            Percent(summary.GetPassedFirst(), summary.GetUnitCount()));
+    const QString yield = Texts::tr("Yield");
+    const QString firstPass = Texts::tr("First-pass yield");
+    const int width = qMax(Columns(yield), Columns(firstPass));
+    QString text =
+        QStringLiteral("%1  %2\n%3  %4\n")
+            .arg(PadRight(yield, width), Percent(summary.GetPassed(), summary.GetUnitCount()),
+                 PadRight(firstPass, width), Percent(summary.GetPassedFirst(), summary.GetUnitCount()));
 
     const auto failed = Ranked(
         report,
@@ -145,7 +150,7 @@ QString DescribeLot(const LotSummary& summary, const StatisticsDataReport* repor
         },
         [](const StatisticsData* a, const StatisticsData* b) { return a->GetNrFail() > b->GetNrFail(); });
     if (!failed.isEmpty())
-        text += QStringLiteral("\nSteps that failed most\n");
+        text += QLatin1Char('\n') + Texts::tr("Steps that failed most") + QLatin1Char('\n');
     for (const StatisticsData* const entry : failed)
         text +=
             QStringLiteral("  %1  %2\n").arg(PadLeft(QString::number(entry->GetNrFail()), 8), NameOf(entry));
@@ -154,7 +159,7 @@ QString DescribeLot(const LotSummary& summary, const StatisticsDataReport* repor
         report, [](const StatisticsData* entry) { return std::isfinite(entry->GetCpk()); },
         [](const StatisticsData* a, const StatisticsData* b) { return a->GetCpk() < b->GetCpk(); });
     if (!worst.isEmpty())
-        text += QStringLiteral("\nSmallest CPK\n");
+        text += QLatin1Char('\n') + Texts::tr("Smallest CPK") + QLatin1Char('\n');
     for (const StatisticsData* const entry : worst)
         text += QStringLiteral("  %1  %2\n")
                     .arg(PadLeft(QString::number(entry->GetCpk(), 'f', 2), 8), NameOf(entry));

@@ -2,6 +2,7 @@
 
 #include "Command.h"
 #include "Terminal.h"
+#include "Texts.h"
 
 #include <cstdio>
 
@@ -30,7 +31,11 @@ void PrintProblem(const Problem& problem)
 
 int WrongUsage(const QString& command, const QString& what, const QString& remedy)
 {
-    PrintProblem({{}, 0, what, remedy + QStringLiteral(" (see zyn %1 --help)").arg(command)});
+    PrintProblem({{},
+                  0,
+                  what,
+                  QStringLiteral("%1 (%2)").arg(
+                      remedy, Texts::tr("see %1 --help").arg(QStringLiteral("zyn ") + command))});
     return ExitUsage;
 }
 

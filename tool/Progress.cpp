@@ -1,6 +1,7 @@
 #include "Progress.h"
 
 #include "Terminal.h"
+#include "Texts.h"
 
 #include <cstdio>
 
@@ -52,7 +53,7 @@ void Progress::Draw()
 {
     const double rate = double(m_done) * 1000.0 / double(m_drawnAt);
     const QString figures =
-        QStringLiteral("%1 of %2  %3/s  %4 left")
+        Texts::tr("%1 of %2  %3/s  %4 left")
             .arg(QString::number(m_done), QString::number(m_total),
                  QString::number(rate, 'f', rate < 10.0 ? 1 : 0), TimeText(double(m_total - m_done) / rate));
     const int width = qBound(0, TerminalColumns() - int(figures.size()) - 4, 40);

@@ -1,6 +1,7 @@
 #include "ReportCheck.h"
 
 #include "ReportParts.h"
+#include "Texts.h"
 
 #include "import/ReportDocument.h"
 #include "import/ReportStructure.h"
@@ -85,8 +86,9 @@ private:
             CheckLimits(part, place);
         for (const Part& child : ChildrenOf(run, part, false)) {
             if (child.Failed() && part.Verdict() == ZYN_RESULT_PASSED)
-                Add(place, true, part,
-                    QStringLiteral("passed although '%1' failed").arg(child.component->GetName()));
+                Add(place, true,
+                    Texts::tr("'%1' passed although '%2' failed")
+                        .arg(part.component->GetName(), child.component->GetName()));
             CheckPart(run, child);
         }
     }
@@ -97,18 +99,20 @@ private:
         if (!validation || (!validation->HasLowerLimit() && !validation->HasUpperLimit()))
             return;
         const bool inside = validation->Validate(part.result->GetValue());
-        const QString value =
-            QStringLiteral("%1 (limits %2)").arg(ValueText(part.result), LimitsText(validation.data()));
+        const QString name = part.component->GetName();
+        const QString value = ValueText(part.result);
+        const QString limits = LimitsText(validation.data());
         if (part.Verdict() == ZYN_RESULT_PASSED && !inside)
-            Add(place, true, part, QStringLiteral("passed although its value is ") + value);
+            Add(place, true,
+                Texts::tr("'%1' passed although its value is %2 (limits %3)").arg(name, value, limits));
         if (part.Verdict() == ZYN_RESULT_FAILED && inside)
-            Add(place, false, part, QStringLiteral("failed although its value is ") + value);
+            Add(place, false,
+                Texts::tr("'%1' failed although its value is %2 (limits %3)").arg(name, value, limits));
     }
 
-    void Add(const Place& place, bool isError, const Part& part, const QString& what)
+    void Add(const Place& place, bool isError, const QString& what)
     {
-        m_findings->append({isError, place.line, place.column,
-                            QStringLiteral("'%1' %2").arg(part.component->GetName(), what)});
+        m_findings->append({isError, place.line, place.column, what});
     }
 
     const QList<Place>& m_places;
@@ -131,7 +135,7 @@ QList<Finding> CheckReport(const QString& path)
     QString readError; // the import tells it
     const std::optional<QByteArray> bytes = ReportDocument::Read(path, &readError);
     if (!bytes || !service.Import(&test))
-        return {{.text = QStringLiteral("cannot be read")}};
+        return {{.text = Texts::tr("cannot be read")}};
 
     QList<Finding> findings;
     QSet<qint64> linesOutOfOrder;

@@ -1,5 +1,7 @@
 #include "ReportFile.h"
 
+#include "Texts.h"
+
 #include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CImportServiceReport.h>
 
@@ -20,8 +22,7 @@ std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& n
     CImportServiceReport service;
     service.SetInputFileName(path);
     if (!service.Import(test.get())) {
-        *problem =
-            Problem{name, 0, QStringLiteral("cannot be read"), QStringLiteral("check its permissions")};
+        *problem = Problem{name, 0, Texts::tr("cannot be read"), Texts::tr("check its permissions")};
         return nullptr;
     }
     const QList<ImportFinding> findings = service.GetFindings();
@@ -29,9 +30,9 @@ std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& n
                                     [](const ImportFinding& finding) { return finding.isError; });
     if (error != findings.end()) {
         *problem = Problem{name, error->line,
-                           QStringLiteral("is no complete report: ") +
-                               error->text.chopped(error->text.endsWith(QLatin1Char('.'))),
-                           QStringLiteral("zyn check lists everything that is wrong with it")};
+                           Texts::tr("is no complete report: %1")
+                               .arg(error->text.chopped(error->text.endsWith(QLatin1Char('.')))),
+                           Texts::tr("zyn check lists everything that is wrong with it")};
     }
     return test;
 }

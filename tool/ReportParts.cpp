@@ -1,5 +1,7 @@
 #include "ReportParts.h"
 
+#include "Texts.h"
+
 #include <ZYNCommon/TestComponent.h>
 #include <ZYNCommon/TestMeasurement.h>
 #include <ZYNCommon/TestResult.h>
@@ -127,7 +129,7 @@ QString LimitsText(const ValidationInterface* validation)
     else
         text = SignOf(TurnedRound(lowerCode)) + QLatin1Char(' ') + lower + QStringLiteral(", ") +
                SignOf(upperCode) + QLatin1Char(' ') + upper;
-    return validation->IsResultInverted() ? QStringLiteral("not ") + text : text;
+    return validation->IsResultInverted() ? Texts::tr("not %1").arg(text) : text;
 }
 
 } // namespace ZYN::Tool

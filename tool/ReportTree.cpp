@@ -3,6 +3,7 @@
 #include "ReportFile.h"
 #include "ReportParts.h"
 #include "Terminal.h"
+#include "Texts.h"
 
 #include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/ProductionLot.h>
@@ -79,7 +80,7 @@ private:
             if (names.isEmpty())
                 names.append(unit->GetIdentString());
         }
-        row.name = Harmless(names.isEmpty() ? QStringLiteral("unknown unit") : names.join(QLatin1Char(' ')));
+        row.name = Harmless(names.isEmpty() ? Texts::tr("unknown unit") : names.join(QLatin1Char(' ')));
         row.duration = test->GetDurationStringFormated();
         row.comment = Harmless(test->GetResultDescription());
         m_sink(row);
@@ -99,7 +100,7 @@ private:
                 continue;
             }
             const bool last = i + 1 == runs.size() && !unitsFollow;
-            Emit(program, QStringLiteral("Run %1").arg(run->GetTestIndex() > 0 ? run->GetTestIndex() : i + 1),
+            Emit(program, Texts::tr("Run %1").arg(run->GetTestIndex() > 0 ? run->GetTestIndex() : i + 1),
                  program, stem + Branch(last));
             WalkChildren(run, program, stem + Stem(last), false);
         }
@@ -128,7 +129,7 @@ private:
             if (!row.value.isEmpty())
                 row.unit = Harmless(UnitText(measured.result));
             else if (measured.Verdict() == ZYN_RESULT_FAILED && measured.result->GetValidation())
-                row.value = QStringLiteral("(empty)");
+                row.value = Texts::tr("(empty)");
             row.limits = Harmless(LimitsText(measured.result->GetValidation().data()));
             row.comment = Harmless(measured.result->GetComment());
         }
@@ -211,7 +212,7 @@ void PrintHeader(const UUTTest* test, const QString& fileName)
     if (const auto type = test->GetProductType())
         what << type->GetName() << type->GetArticelCode() << type->GetDescription();
     if (const auto lot = test->GetProductionLot())
-        what << (lot->GetName().isEmpty() ? QString() : QStringLiteral("lot ") + lot->GetName())
+        what << (lot->GetName().isEmpty() ? QString() : Texts::tr("lot %1").arg(lot->GetName()))
              << lot->GetOrderCode();
     const TestResultSet* run = test->GetResultSets().value(0);
     if (!run && !test->GetUUTTests().isEmpty())

@@ -1,5 +1,7 @@
 #include "SafeOutput.h"
 
+#include "Texts.h"
+
 #include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -23,15 +25,15 @@ QString ErrorText(int error)
     switch (error) {
     case EACCES:
     case EPERM:
-        return QStringLiteral("permission denied");
+        return Texts::tr("permission denied");
     case EROFS:
-        return QStringLiteral("the file system is read-only");
+        return Texts::tr("the file system is read-only");
     case ENOSPC:
-        return QStringLiteral("the disk is full");
+        return Texts::tr("the disk is full");
     case EDQUOT:
-        return QStringLiteral("the disk quota is used up");
+        return Texts::tr("the disk quota is used up");
     case EFBIG:
-        return QStringLiteral("the file is larger than allowed");
+        return Texts::tr("the file is larger than allowed");
     default:
         return QString::fromLocal8Bit(std::strerror(error));
     }
@@ -101,19 +103,18 @@ std::optional<Problem> SafeOutput::Refusal() const
     const QFileInfo target(m_path);
     const QFileInfo folder(QFileInfo(m_target).absolutePath());
     if (target.isDir())
-        return About(QStringLiteral("is a folder"), QStringLiteral("name a file, or a folder with -d"));
+        return About(Texts::tr("is a folder"), Texts::tr("name a file, or a folder with -d"));
     if (target.exists() && !target.isFile())
-        return About(QStringLiteral("is a device or a pipe, where no file can be put"),
-                     QStringLiteral("name a file"));
+        return About(Texts::tr("is a device or a pipe, where no file can be put"), Texts::tr("name a file"));
     if (target.isSymLink() && !target.exists())
-        return About(QStringLiteral("is a link to nowhere"), QStringLiteral("remove the link"));
+        return About(Texts::tr("is a link to nowhere"), Texts::tr("remove the link"));
     if (target.exists() && !m_replace)
-        return About(QStringLiteral("already exists"), QStringLiteral("add --force to replace it"));
+        return About(Texts::tr("already exists"), Texts::tr("add --force to replace it"));
     if (!folder.exists())
-        return About(QStringLiteral("its folder does not exist"), QStringLiteral("create it first"));
+        return About(Texts::tr("its folder does not exist"), Texts::tr("create it first"));
     if (!folder.isDir() || !folder.isWritable())
-        return About(QStringLiteral("its folder cannot be written to"),
-                     QStringLiteral("choose another folder or change its permissions"));
+        return About(Texts::tr("its folder cannot be written to"),
+                     Texts::tr("choose another folder or change its permissions"));
     return std::nullopt;
 }
 
@@ -121,13 +122,13 @@ Problem SafeOutput::WriteProblem() const
 {
     const QStorageInfo storage(QFileInfo(m_target).absolutePath());
     if (storage.isReadOnly())
-        return About(QStringLiteral("could not be written: the file system is read-only"),
-                     QStringLiteral("choose another folder"));
+        return About(Texts::tr("could not be written: %1").arg(ErrorText(EROFS)),
+                     Texts::tr("choose another folder"));
     if (storage.bytesAvailable() < 64 * 1024)
-        return About(QStringLiteral("could not be written: the disk is full"),
-                     QStringLiteral("free some space and try again"));
-    return About(QStringLiteral("could not be written completely, so nothing was kept"),
-                 QStringLiteral("look at the disk's space, quota and file size limit"));
+        return About(Texts::tr("could not be written: %1").arg(ErrorText(ENOSPC)),
+                     Texts::tr("free some space and try again"));
+    return About(Texts::tr("could not be written completely, so nothing was kept"),
+                 Texts::tr("look at the disk's space, quota and file size limit"));
 }
 
 std::optional<Problem> SafeOutput::Commit()
@@ -141,9 +142,9 @@ std::optional<Problem> SafeOutput::Commit()
     if (error == 0)
         error = Rename(from, to, m_replace);
     if (error == EEXIST)
-        return About(QStringLiteral("already exists"), QStringLiteral("add --force to replace it"));
+        return About(Texts::tr("already exists"), Texts::tr("add --force to replace it"));
     if (error != 0)
-        return About(QStringLiteral("could not be written: ") + ErrorText(error));
+        return About(Texts::tr("could not be written: %1").arg(ErrorText(error)));
     m_temporary.reset();
     Sync(QFileInfo(m_target).absolutePath(),
          O_DIRECTORY); // not every file system can; the file itself is safe

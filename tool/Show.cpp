@@ -2,6 +2,8 @@
 #include "FileKind.h"
 #include "Inputs.h"
 #include "Terminal.h"
+#include "Texts.h"
+#include "Usage.h"
 
 #include <CLI/CLI.hpp>
 
@@ -55,16 +57,18 @@ int Run(const Arguments& arguments)
 
 Command ShowCommand(CLI::App& app, const Manners&)
 {
-    CLI::App* const show = app.add_subcommand("show", "Show what a file holds");
+    CLI::App* const show = app.add_subcommand("show", Texts::tr("Show what a file holds").toStdString());
     const auto arguments = std::make_shared<Arguments>();
-    show->add_option("FILE", arguments->inputs, "Files, folders, or - for standard input")->required();
-    show->add_flag("--failed", arguments->options.failedOnly, "Only what failed");
-    show->add_flag("--json", arguments->json, "For programs: one JSON object a line");
-    show->footer("Colours are used on a terminal, unless NO_COLOR is set.\n"
-                 "Examples:\n"
-                 "  zyn show panel-0007.zyr\n"
-                 "  zyn show --failed lot/ | less\n"
-                 "  zyn show --json lot/*.zyr | jq -r 'select(.code < 0) | .serial'");
+    show->add_option("FILE", arguments->inputs,
+                     Texts::tr("Files, folders, or - for standard input").toStdString())
+        ->type_name({})
+        ->required();
+    show->add_flag("--failed", arguments->options.failedOnly, Texts::tr("Only what failed").toStdString());
+    show->add_flag("--json", arguments->json,
+                   Texts::tr("For programs: one JSON object a line").toStdString());
+    show->footer(Footer(Texts::tr("Colours are used on a terminal, unless NO_COLOR is set."),
+                        {"zyn show panel-0007.zyr", "zyn show --failed lot/ | less",
+                         "zyn show --json lot/*.zyr | jq -r 'select(.code < 0) | .serial'"}));
     return {show, [=] { return Run(*arguments); }, {}};
 }
 

@@ -3,6 +3,8 @@
 #include "Parallel.h"
 #include "Progress.h"
 #include "SafeOutput.h"
+#include "Texts.h"
+#include "Usage.h"
 
 #include "examples/line_simulator/Bins.h"
 #include "examples/line_simulator/Line.h"
@@ -98,8 +100,7 @@ int Run(const Arguments& arguments, const Manners& manners)
 {
     const QString path = PathOf(arguments.folder);
     if (!QDir().mkpath(path)) {
-        PrintProblem(
-            {path, 0, QStringLiteral("the folder cannot be created"), QStringLiteral("choose another one")});
+        PrintProblem({path, 0, Texts::tr("the folder cannot be created"), Texts::tr("choose another one")});
         return ExitFailed;
     }
     const QDir folder(path);
@@ -115,9 +116,8 @@ int Run(const Arguments& arguments, const Manners& manners)
     if (!problems.isEmpty())
         return ExitFailed;
     if (!manners.quiet)
-        PrintNote(
-            QStringLiteral("%1: %2 panels of %3, test plan and bins")
-                .arg(path, QString::number(arguments.panels), QString::number(arguments.line.itemsPerPanel)));
+        PrintNote(Texts::tr("%1: %n panels of %2, test plan and bins", nullptr, arguments.panels)
+                      .arg(path, QString::number(arguments.line.itemsPerPanel)));
     return ExitGood;
 }
 
@@ -126,24 +126,37 @@ int Run(const Arguments& arguments, const Manners& manners)
 Command SimulateCommand(CLI::App& app, const Manners& manners)
 {
     CLI::App* const simulate = app.add_subcommand(
-        "simulate", "Let a simulated line test a lot: reports, test plan and bins to try things with");
+        "simulate",
+        Texts::tr("Let a simulated line test a lot: reports, test plan and bins to try things with")
+            .toStdString());
     const auto arguments = std::make_shared<Arguments>();
-    simulate->add_option("-d,--directory", arguments->folder, "Folder to write into")->required();
-    simulate->add_option("--panels", arguments->panels, "Panels to test")
-        ->check(CLI::Range(1, 10'000'000))
+    simulate->add_option("-d,--directory", arguments->folder, Texts::tr("Folder to write into").toStdString())
+        ->type_name(Texts::tr("FOLDER").toStdString())
+        ->required();
+    simulate->add_option("--panels", arguments->panels, Texts::tr("Panels to test").toStdString())
+        ->type_name("N")
+        ->check(CLI::Range(1, 10'000'000).description({}))
         ->capture_default_str();
-    simulate->add_option("--items", arguments->line.itemsPerPanel, "Boards on a panel; 1: single boards")
-        ->check(CLI::Range(1, 1000))
+    simulate
+        ->add_option("--items", arguments->line.itemsPerPanel,
+                     Texts::tr("Boards on a panel; 1: single boards").toStdString())
+        ->type_name("N")
+        ->check(CLI::Range(1, 1000).description({}))
         ->capture_default_str();
-    simulate->add_option("--seed", arguments->line.seed, "The same seed gives the same files")
+    simulate
+        ->add_option("--seed", arguments->line.seed,
+                     Texts::tr("The same seed gives the same files").toStdString())
+        ->type_name("N")
         ->capture_default_str();
-    simulate->add_option("--steps", arguments->line.sweepSteps, "Further steps of ten measurements each")
-        ->check(CLI::Range(0, 1'000'000))
+    simulate
+        ->add_option("--steps", arguments->line.sweepSteps,
+                     Texts::tr("Further steps of ten measurements each").toStdString())
+        ->type_name("N")
+        ->check(CLI::Range(0, 1'000'000).description({}))
         ->capture_default_str();
-    simulate->add_flag("--force", arguments->force, "Replace existing files");
-    simulate->footer("Examples:\n"
-                     "  zyn simulate -d lot\n"
-                     "  zyn simulate -d big --panels 250 --items 4 --seed 7");
+    simulate->add_flag("--force", arguments->force, Texts::tr("Replace existing files").toStdString());
+    simulate->footer(
+        Footer({}, {"zyn simulate -d lot", "zyn simulate -d big --panels 250 --items 4 --seed 7"}));
     return {simulate, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

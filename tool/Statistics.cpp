@@ -2,6 +2,8 @@
 #include "LotReader.h"
 #include "SafeOutput.h"
 #include "Terminal.h"
+#include "Texts.h"
+#include "Usage.h"
 
 #include <CLI/CLI.hpp>
 #include <ZYNPersistence/CExportServiceStatistics.h>
@@ -38,12 +40,11 @@ QString FormatOf(const Arguments& arguments)
 int CheckUsage(const QString& format)
 {
     if (format.isEmpty())
-        return WrongUsage(command, QStringLiteral("the format is not clear"),
-                          QStringLiteral("add -f CSV or -f XML"));
+        return WrongUsage(command, Texts::tr("the format is not clear"), Texts::tr("add -f CSV or -f XML"));
     CExportServiceStatistics service;
     if (!service.SetFormat(format))
-        return WrongUsage(command, QStringLiteral("there are no statistics as %1").arg(format),
-                          QStringLiteral("choose CSV or XML"));
+        return WrongUsage(command, Texts::tr("there are no statistics as %1").arg(format),
+                          Texts::tr("choose CSV or XML"));
     return ExitGood;
 }
 
@@ -54,7 +55,7 @@ void PrintRemarks(const LotReader& lot, const Manners& manners)
     for (const QString& remark : remarks.mid(0, shown))
         PrintNote(remark);
     if (shown < remarks.size())
-        PrintNote(QStringLiteral("and %1 remarks more; -v shows all").arg(remarks.size() - shown));
+        PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, int(remarks.size() - shown)));
 }
 
 std::optional<Problem> Write(const LotReader& lot, const Arguments& arguments, const QString& format,
@@ -90,8 +91,7 @@ int Run(const Arguments& arguments, const Manners& manners)
     }
     problems += lot.GetProblems();
     if (lot.GetReportCount() == 0)
-        problems.append(
-            {{}, 0, QStringLiteral("no report could be read"), QStringLiteral("nothing is written")});
+        problems.append({{}, 0, Texts::tr("no report could be read"), Texts::tr("nothing is written")});
     else if ((failure = Write(lot, arguments, format, output)))
         problems.append(*failure);
 
@@ -109,21 +109,28 @@ int Run(const Arguments& arguments, const Manners& manners)
 
 Command StatisticsCommand(CLI::App& app, const Manners& manners)
 {
-    CLI::App* const statistics = app.add_subcommand("statistics", "Summarise the reports of a lot");
+    CLI::App* const statistics =
+        app.add_subcommand("statistics", Texts::tr("Summarise the reports of a lot").toStdString());
     const auto arguments = std::make_shared<Arguments>();
-    statistics->add_option("INPUT", arguments->inputs, "Reports, folders of reports, or - for standard input")
+    statistics
+        ->add_option("INPUT", arguments->inputs,
+                     Texts::tr("Reports, folders of reports, or - for standard input").toStdString())
+        ->type_name({})
         ->required();
-    statistics->add_option("-o,--output", arguments->file, "File to write; its extension chooses the format")
+    statistics
+        ->add_option("-o,--output", arguments->file,
+                     Texts::tr("File to write; its extension chooses the format").toStdString())
+        ->type_name(Texts::tr("FILE").toStdString())
         ->required();
-    statistics->add_option("-f,--format", arguments->format, "CSV or XML");
-    statistics->add_flag("--scaled", arguments->scaled, "Values with the prefixes of their units");
-    statistics->add_flag("--force", arguments->force, "Replace an existing file");
-    statistics->footer(
-        "Prints the yield, the first-pass yield, the steps that failed most and the smallest CPK;\n"
-        "what is odd about the lot goes to standard error.\n"
-        "Examples:\n"
-        "  zyn statistics lot/ -o lot.csv --scaled\n"
-        "  zyn statistics monday/ tuesday/ -o week.xml");
+    statistics->add_option("-f,--format", arguments->format, Texts::tr("CSV or XML").toStdString())
+        ->type_name(Texts::tr("FORMAT").toStdString());
+    statistics->add_flag("--scaled", arguments->scaled,
+                         Texts::tr("Values with the prefixes of their units").toStdString());
+    statistics->add_flag("--force", arguments->force, Texts::tr("Replace an existing file").toStdString());
+    statistics->footer(Footer(
+        Texts::tr("Prints the yield, the first-pass yield, the steps that failed most and the smallest CPK;\n"
+                  "what is odd about the lot goes to standard error."),
+        {"zyn statistics lot/ -o lot.csv --scaled", "zyn statistics monday/ tuesday/ -o week.xml"}));
     return {statistics, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

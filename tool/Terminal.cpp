@@ -120,6 +120,11 @@ void Print(const QString& text)
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
 }
 
+void PrintTitle(const QString& fileName, const QString& kind)
+{
+    Print(QStringLiteral("%1  %2\n").arg(Paint(Harmless(fileName), Style::Bold), kind));
+}
+
 void SeparateNext()
 {
     separatorIsDue = hasPrinted;

@@ -21,6 +21,8 @@ QString Paint(const QString& text, Style style);
 
 /// Writes to standard output. The caller makes texts from files harmless first.
 void Print(const QString& text);
+/// Prints what a file is called and what it is.
+void PrintTitle(const QString& fileName, const QString& kind);
 /// Puts an empty line between what was printed so far and what is printed next, where there is both.
 void SeparateNext();
 /// \return false when not everything that was printed arrived

@@ -1,4 +1,5 @@
 #include "TestPlanFile.h"
+#include "Texts.h"
 
 #include <ZYNPersistence/CReadServiceTestPlan.h>
 
@@ -34,7 +35,7 @@ public:
                 m_path.pop_back();
         }
         if (m_reader.hasError())
-            Note(m_reader.errorString() + QStringLiteral(" (behind the end of the plan)"));
+            Note(Texts::tr("%1 (behind the end of the plan)").arg(m_reader.errorString()));
         return m_findings;
     }
 
@@ -64,7 +65,7 @@ private:
         const QString name = m_reader.name().toString();
         const QString parent = m_path.isEmpty() ? QString() : m_path.constLast();
         if (!Expected(parent).contains(name)) {
-            Note(QStringLiteral("element '%1' is unknown here and is skipped").arg(name));
+            Note(Texts::tr("element '%1' is unknown here and is skipped").arg(name));
             m_reader.skipCurrentElement();
             return;
         }
@@ -79,11 +80,10 @@ private:
     {
         const QString ident = m_reader.attributes().value(QLatin1String("Ident")).toString();
         if (ident.isEmpty())
-            Note(QStringLiteral("'%1' has no ident: it belongs to no component").arg(element));
+            Note(Texts::tr("'%1' has no ident: it belongs to no component").arg(element));
         const QString key = element + QLatin1Char(' ') + ident;
         if (m_seen.contains(key))
-            Note(QStringLiteral("there is a '%1' for ident '%2' before; the last one counts")
-                     .arg(element, ident));
+            Note(Texts::tr("there is a '%1' for ident '%2' before; the last one counts").arg(element, ident));
         m_seen.insert(key);
     }
 
@@ -99,7 +99,7 @@ private:
         else if (type == TestComponentAttr::TypeToString(TestComponentAttr::Real))
             text.toDouble(&fits);
         if (!fits)
-            Note(QStringLiteral("attribute '%1': '%2' is no %3 and counts as 0").arg(name, text, type));
+            Note(Texts::tr("attribute '%1': '%2' is no %3 and counts as 0").arg(name, text, type));
     }
 
     QXmlStreamReader m_reader;

@@ -1,6 +1,7 @@
 #include "TestPlanFile.h"
 
 #include "Terminal.h"
+#include "Texts.h"
 
 #include <ZYNCommon/TestPlan.h>
 #include <ZYNCommon/TestPlanCategory.h>
@@ -49,21 +50,21 @@ void Walk(const TestPlanData* root, const DataSink& sink)
 }
 
 struct Set {
-    const char* title;
+    const char* title; // translated for people
     const TestPlanData* data;
 };
 
 // What a plan has for a component; null where it has nothing.
 std::array<Set, 3> SetsOf(const TestPlan& plan, const QString& ident)
 {
-    return {{{"validation", plan.GetValidation(ident)},
-             {"attributes", plan.GetAttributes(ident)},
-             {"switches", plan.GetProperties(ident)}}};
+    return {{{QT_TRANSLATE_NOOP("zyn", "validation"), plan.GetValidation(ident)},
+             {QT_TRANSLATE_NOOP("zyn", "attributes"), plan.GetAttributes(ident)},
+             {QT_TRANSLATE_NOOP("zyn", "switches"), plan.GetProperties(ident)}}};
 }
 
 void PrintSet(const Set& set)
 {
-    Print(QStringLiteral("  ") + Paint(QLatin1String(set.title), Style::Dim) + QLatin1Char('\n'));
+    Print(QStringLiteral("  ") + Paint(Texts::tr(set.title), Style::Dim) + QLatin1Char('\n'));
     Walk(set.data, [](int depth, const QString& name, const QVariant& value) {
         // A line that is mostly blanks helps nobody.
         const QString indent(2 * qMin(depth, 20) + 4, QLatin1Char(' '));
@@ -117,8 +118,7 @@ std::optional<Problem> ShowTestPlan(const QString& path, const QString& name, co
     if (options.failedOnly)
         return std::nullopt; // nothing in it was tested
     const QStringList idents = plan->GetKeys();
-    Print(Paint(Harmless(name), Style::Bold) +
-          QStringLiteral("  test plan, %1 components\n").arg(idents.size()));
+    PrintTitle(name, Texts::tr("test plan, %n components", nullptr, int(idents.size())));
     for (const QString& ident : idents) {
         const TestPlanData* const validation = plan->GetValidation(ident);
         const QString title =

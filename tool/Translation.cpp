@@ -10,21 +10,25 @@ namespace ZYN::Tool {
 
 namespace {
 
-void Install(QCoreApplication* application, const QString& name, const QString& folder)
+bool Install(QCoreApplication* application, const QString& name, const QString& folder,
+             const QLocale& locale = QLocale())
 {
     auto* const translator = new QTranslator(application);
-    if (translator->load(QLocale(), name, QStringLiteral("_"), folder))
-        application->installTranslator(translator);
+    return translator->load(locale, name, QStringLiteral("_"), folder) &&
+           QCoreApplication::installTranslator(translator);
 }
 
 } // namespace
 
 void LoadTranslation(QCoreApplication* application)
 {
-    // Beside the tool as installed, so that an installation can be moved.
-    const QDir folder(QCoreApplication::applicationDirPath());
     Install(application, QStringLiteral("qtbase"), QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    Install(application, QStringLiteral("zyn"), folder.filePath(QStringLiteral(ZYN_TRANSLATIONS_FROM_TOOL)));
+    // Beside the tool as installed, so that an installation can be moved.
+    const QDir bin(QCoreApplication::applicationDirPath());
+    const QString folder = bin.filePath(QStringLiteral(ZYN_TRANSLATIONS_FROM_TOOL));
+    // English has a catalogue of its own for "1 part" and "2 parts".
+    if (!Install(application, QStringLiteral("zyn"), folder))
+        Install(application, QStringLiteral("zyn"), folder, QLocale(QLocale::English));
 }
 
 } // namespace ZYN::Tool

@@ -1,7 +1,9 @@
 #include "Command.h"
 #include "Problem.h"
 #include "Terminal.h"
+#include "Texts.h"
 #include "Translation.h"
+#include "Usage.h"
 
 #include <CLI/CLI.hpp>
 
@@ -25,17 +27,6 @@ void HandleQtMessage(QtMsgType type, const QMessageLogContext& context, const QS
         PrintProblem({{}, 0, text, {}});
 }
 
-std::string UsageMessage(const CLI::App* app, const CLI::Error& error)
-{
-    const CLI::App* chosen = app;
-    while (!chosen->get_subcommands().empty())
-        chosen = chosen->get_subcommands().front();
-    std::string help = "zyn";
-    if (chosen != app)
-        help += " " + chosen->get_name();
-    return "zyn: " + std::string(error.what()) + "; see " + help + " --help\n";
-}
-
 std::unique_ptr<QCoreApplication> MakeApplication(const Command& command, int* argc, char** argv)
 {
     if (!command.needsGui || !command.needsGui())
@@ -49,11 +40,14 @@ std::unique_ptr<QCoreApplication> MakeApplication(const Command& command, int* a
 int Run(const Command& command, int* argc, char** argv)
 {
     const std::unique_ptr<QCoreApplication> application = MakeApplication(command, argc, argv);
-    LoadTranslation(application.get());
+    // What a program asked for is the same in every language.
+    const CLI::Option* const json = command.app->get_option_no_throw("--json");
+    if (!json || json->count() == 0)
+        LoadTranslation(application.get());
     const int code = command.run();
     if (!FlushOutput()) {
-        PrintProblem({QStringLiteral("standard output"), 0, QStringLiteral("not everything could be written"),
-                      QStringLiteral("the disk may be full")});
+        PrintProblem({Texts::tr("standard output"), 0, Texts::tr("not everything could be written"),
+                      Texts::tr("the disk may be full")});
         return ExitFailed;
     }
     return code;
@@ -66,26 +60,34 @@ int main(int argc, char** argv)
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN); // a file size limit is a full disk, not a crash
 #endif
-    CLI::App app("Writes, converts, shows and checks results of production tests.", "zyn");
+    // The command line tells which application to run; its help needs one before.
+    auto application = std::make_unique<QCoreApplication>(argc, argv);
+    LoadTranslation(application.get());
+    CLI::App app(Texts::tr("Writes, converts, shows and checks results of production tests.").toStdString(),
+                 "zyn");
     Manners manners;
-    app.add_flag("-q,--quiet", manners.quiet, "Say nothing but what went wrong");
-    app.add_flag("-v,--verbose", manners.verbose, "Say what is being done");
-    app.set_version_flag("--version", "zyn " ZYN_VERSION);
+    app.add_flag("-q,--quiet", manners.quiet, Texts::tr("Say nothing but what went wrong").toStdString());
+    app.add_flag("-v,--verbose", manners.verbose, Texts::tr("Say what is being done").toStdString());
+    app.set_version_flag("--version", "zyn " ZYN_VERSION,
+                         Texts::tr("Print the version and exit").toStdString());
     app.require_subcommand(1);
     app.failure_message(UsageMessage);
-    app.footer("zyn COMMAND --help explains a command with examples.\n"
-               "Exit codes: 0 good, 1 something failed (the rest was done), 2 wrong usage.");
+    app.footer(Texts::tr("zyn COMMAND --help explains a command with examples.\n"
+                         "Exit codes: 0 good, 1 something failed (the rest was done), 2 wrong usage.")
+                   .toStdString());
 
     const Command commands[] = {SimulateCommand(app, manners),   ConvertCommand(app, manners),
                                 StatisticsCommand(app, manners), ShowCommand(app, manners),
                                 CheckCommand(app, manners),      FormatsCommand(app, manners)};
     for (const Command& command : commands)
         command.app->fallthrough(); // -q and -v also after the command's name
+    SetHeadings(&app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? ExitGood : ExitUsage;
     }
+    application.reset();
     verbose = manners.verbose;
     qInstallMessageHandler(HandleQtMessage);
     for (const Command& command : commands)

@@ -267,4 +267,1029 @@
         <translation>Nur die Versionen 2.0.0 und 3.0.0 von TestPlan-Dateien werden unterstützt</translation>
     </message>
 </context>
+<context>
+    <name>stdf</name>
+    <message>
+        <source>head %1, site %2</source>
+        <translation>Kopf %1, Platz %2</translation>
+    </message>
+    <message>
+        <source>a further stream begins here</source>
+        <translation>hier beginnt ein weiterer Datenstrom</translation>
+    </message>
+    <message>
+        <source>a further stream begins here; the one before has no MRR</source>
+        <translation>hier beginnt ein weiterer Datenstrom; der vorige hat keinen MRR</translation>
+    </message>
+    <message>
+        <source>FAR: it has two bytes of data, not %1</source>
+        <translation>FAR: er hat zwei Byte Daten, nicht %1</translation>
+    </message>
+    <message>
+        <source>FAR: version %1 instead of 4</source>
+        <translation>FAR: Version %1 statt 4</translation>
+    </message>
+    <message>
+        <source>FAR: real numbers are in the VAX format and are not understood</source>
+        <translation>FAR: Gleitkommazahlen sind im VAX-Format und werden nicht verstanden</translation>
+    </message>
+    <message>
+        <source>FAR: unknown CPU_TYPE %1</source>
+        <translation>FAR: unbekannter CPU_TYPE %1</translation>
+    </message>
+    <message>
+        <source>a record</source>
+        <translation>ein Datensatz</translation>
+    </message>
+    <message>
+        <source>the file begins with %1, not with a FAR</source>
+        <translation>die Datei beginnt mit %1, nicht mit einem FAR</translation>
+    </message>
+    <message>
+        <source>%1 follows the MRR</source>
+        <translation>%1 folgt auf den MRR</translation>
+    </message>
+    <message>
+        <source>a second MIR</source>
+        <translation>ein zweiter MIR</translation>
+    </message>
+    <message>
+        <source>%1 where the MIR is expected</source>
+        <translation>%1, wo der MIR erwartet wird</translation>
+    </message>
+    <message>
+        <source>PIR: the part at %1 from offset %2 has no PRR</source>
+        <translation>PIR: das Teil an %1 ab Byte %2 hat keinen PRR</translation>
+    </message>
+    <message>
+        <source>%1: test %2 at %3 belongs to no part: there is no PIR before it</source>
+        <translation>%1: Test %2 an %3 gehört zu keinem Teil: davor steht kein PIR</translation>
+    </message>
+    <message>
+        <source>PRR: there is no PIR before it at %1</source>
+        <translation>PRR: davor steht kein PIR an %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>PRR: NUM_TEST is %1, the part has %n tests</source>
+        <translation>
+            <numerusform>PRR: NUM_TEST ist %1, das Teil hat %n Test</numerusform>
+            <numerusform>PRR: NUM_TEST ist %1, das Teil hat %n Tests</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>PCR: PART_CNT is %1, there are %n parts</source>
+        <translation>
+            <numerusform>PCR: PART_CNT ist %1, vorhanden ist %n Teil</numerusform>
+            <numerusform>PCR: PART_CNT ist %1, vorhanden sind %n Teile</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>PCR: GOOD_CNT is %1, only %n parts have passed</source>
+        <translation>
+            <numerusform>PCR: GOOD_CNT ist %1, bestanden hat nur %n Teil</numerusform>
+            <numerusform>PCR: GOOD_CNT ist %1, bestanden haben nur %n Teile</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the part at %1 from offset %2 has no PRR</source>
+        <translation>das Teil an %1 ab Byte %2 hat keinen PRR</translation>
+    </message>
+    <message>
+        <source>the file is empty</source>
+        <translation>die Datei ist leer</translation>
+    </message>
+    <message>
+        <source>the file ends without an MRR</source>
+        <translation>die Datei endet ohne MRR</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n records of the unknown type %1, subtype %2</source>
+        <translation>
+            <numerusform>%n Datensatz des unbekannten Typs %1, Untertyp %2</numerusform>
+            <numerusform>%n Datensätze des unbekannten Typs %1, Untertyp %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and more: %n faults in all</source>
+        <translation>
+            <numerusform>und mehr: insgesamt %n Fehler</numerusform>
+            <numerusform>und mehr: insgesamt %n Fehler</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the record ends inside the field %1</source>
+        <translation>der Datensatz endet mitten im Feld %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bytes follow the last field</source>
+        <translation>
+            <numerusform>auf das letzte Feld folgt noch %n Byte</numerusform>
+            <numerusform>auf das letzte Feld folgen noch %n Byte</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>not enough memory to decompress</source>
+        <translation>nicht genug Speicher zum Entpacken</translation>
+    </message>
+    <message>
+        <source>the gzip data breaks off</source>
+        <translation>die gzip-Daten brechen ab</translation>
+    </message>
+    <message>
+        <source>the gzip data is damaged</source>
+        <translation>die gzip-Daten sind beschädigt</translation>
+    </message>
+    <message>
+        <source>the file ends inside a record header</source>
+        <translation>die Datei endet mitten im Kopf eines Datensatzes</translation>
+    </message>
+    <message>
+        <source>the file ends inside a record: type %1, subtype %2, %3 of %4 bytes</source>
+        <translation>die Datei endet mitten in einem Datensatz: Typ %1, Untertyp %2, %3 von %4 Byte</translation>
+    </message>
+    <message>
+        <source>Part</source>
+        <translation>Teil</translation>
+    </message>
+    <message>
+        <source>Site</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Hard bin</source>
+        <translation>Hard-Bin</translation>
+    </message>
+    <message>
+        <source>Soft bin</source>
+        <translation>Soft-Bin</translation>
+    </message>
+    <message>
+        <source>Tests</source>
+        <translation>Tests</translation>
+    </message>
+    <message>
+        <source>Time [s]</source>
+        <translation>Zeit [s]</translation>
+    </message>
+    <message>
+        <source>Ident</source>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Test</source>
+        <translation>Test</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Läufe</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Low limit</source>
+        <translation>Untergrenze</translation>
+    </message>
+    <message>
+        <source>High limit</source>
+        <translation>Obergrenze</translation>
+    </message>
+    <message>
+        <source>Unit</source>
+        <translation>Einheit</translation>
+    </message>
+    <message>
+        <source>Scale</source>
+        <translation>Skala</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n Teil</numerusform>
+            <numerusform>%n Teile</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Counted: %1 parts, %2 good</source>
+        <translation>Gezählt: %1 Teile, davon %2 gut</translation>
+    </message>
+    <message>
+        <source>Finished: %1</source>
+        <translation>Beendet: %1</translation>
+    </message>
+    <message>
+        <source>Lot</source>
+        <translation>Los</translation>
+    </message>
+    <message>
+        <source>Sublot</source>
+        <translation>Teillos</translation>
+    </message>
+    <message>
+        <source>Product</source>
+        <translation>Produkt</translation>
+    </message>
+    <message>
+        <source>Machine</source>
+        <translation>Maschine</translation>
+    </message>
+    <message>
+        <source>Tester</source>
+        <translation>Tester</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Revision</source>
+        <translation>Revision</translation>
+    </message>
+    <message>
+        <source>Operator</source>
+        <translation>Bediener</translation>
+    </message>
+    <message>
+        <source>Facility</source>
+        <translation>Werk</translation>
+    </message>
+    <message>
+        <source>Started</source>
+        <translation>Begonnen</translation>
+    </message>
+    <message>
+        <source>STDF V4, %1%2; records: %3</source>
+        <translation>STDF V4, %1%2; Datensätze: %3</translation>
+    </message>
+    <message>
+        <source>big-endian</source>
+        <translation>Big-Endian</translation>
+    </message>
+    <message>
+        <source>little-endian</source>
+        <translation>Little-Endian</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
+    </message>
+    <message>
+        <source>Damaged at offset %1: %2</source>
+        <translation>Beschädigt ab Byte %1: %2</translation>
+    </message>
+</context>
+<context>
+    <name>zyn</name>
+    <message>
+        <source>cannot be read as INI: %1</source>
+        <translation>ist nicht als INI lesbar: %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>binning definition, %n bins</source>
+        <translation>
+            <numerusform>Bin-Definition, %n Bin</numerusform>
+            <numerusform>Bin-Definition, %n Bins</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>hard</source>
+        <translation>hart</translation>
+    </message>
+    <message>
+        <source>soft</source>
+        <translation>weich</translation>
+    </message>
+    <message>
+        <source>note:</source>
+        <translation>Hinweis:</translation>
+    </message>
+    <message>
+        <source>%1: good</source>
+        <translation>%1: gut</translation>
+    </message>
+    <message>
+        <source>Check whether files are well formed, known and complete</source>
+        <translation>Prüft, ob Dateien wohlgeformt, bekannt und vollständig sind</translation>
+    </message>
+    <message>
+        <source>Files, folders, or - for standard input</source>
+        <translation>Dateien, Ordner oder - für die Standardeingabe</translation>
+    </message>
+    <message>
+        <source>For programs: one JSON object a finding and line</source>
+        <translation>Für Programme: je Befund eine Zeile mit einem JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>Prints one finding a line as FILE:LINE:COLUMN: text (STDF: FILE:offset N: text) and
+exits with 1 if any is an error.</source>
+        <translation>Gibt je Zeile einen Befund aus, als DATEI:ZEILE:SPALTE: Text (STDF: DATEI:offset N: Text), und
+endet mit 1, wenn einer davon ein Fehler ist.</translation>
+    </message>
+    <message>
+        <source>one place for the output is needed</source>
+        <translation>genau ein Ziel für die Ausgabe ist nötig</translation>
+    </message>
+    <message>
+        <source>give -o FILE or -d FOLDER</source>
+        <translation>-o DATEI oder -d ORDNER angeben</translation>
+    </message>
+    <message>
+        <source>the format is not clear</source>
+        <translation>das Format ist nicht klar</translation>
+    </message>
+    <message>
+        <source>add -f FORMAT; zyn formats lists them</source>
+        <translation>-f FORMAT angeben; zyn formats zeigt alle</translation>
+    </message>
+    <message>
+        <source>there is no format &apos;%1&apos;</source>
+        <translation>es gibt kein Format »%1«</translation>
+    </message>
+    <message>
+        <source>zyn formats lists them</source>
+        <translation>zyn formats zeigt alle</translation>
+    </message>
+    <message>
+        <source>several reports do not fit into one %1 file</source>
+        <translation>mehrere Berichte passen nicht in eine einzige %1-Datei</translation>
+    </message>
+    <message>
+        <source>give -d FOLDER instead of -o FILE</source>
+        <translation>-d ORDNER statt -o DATEI angeben</translation>
+    </message>
+    <message>
+        <source>would be made from both %1 and %2</source>
+        <translation>würde sowohl aus %1 als auch aus %2 entstehen</translation>
+    </message>
+    <message>
+        <source>convert them into different folders</source>
+        <translation>in verschiedene Ordner umwandeln</translation>
+    </message>
+    <message>
+        <source>is an input as well</source>
+        <translation>ist zugleich eine Eingabe</translation>
+    </message>
+    <message>
+        <source>choose another name for the output</source>
+        <translation>einen anderen Namen für die Ausgabe wählen</translation>
+    </message>
+    <message>
+        <source>this build cannot write %1</source>
+        <translation>dieses Programm ist ohne %1 gebaut</translation>
+    </message>
+    <message>
+        <source>the folder cannot be created</source>
+        <translation>der Ordner kann nicht angelegt werden</translation>
+    </message>
+    <message>
+        <source>choose another one</source>
+        <translation>einen anderen wählen</translation>
+    </message>
+    <message numerus="yes">
+        <source>converted %1 of %n reports to %2</source>
+        <translation>
+            <numerusform>%1 von %n Bericht in %2 umgewandelt</numerusform>
+            <numerusform>%1 von %n Berichten in %2 umgewandelt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Convert XML reports (.zyr) into other formats</source>
+        <translation>Wandelt XML-Berichte (.zyr) in andere Formate um</translation>
+    </message>
+    <message>
+        <source>Reports, folders of reports, or - for standard input</source>
+        <translation>Berichte, Ordner mit Berichten oder - für die Standardeingabe</translation>
+    </message>
+    <message>
+        <source>File to write; its extension chooses the format</source>
+        <translation>Ausgabedatei; ihre Endung bestimmt das Format</translation>
+    </message>
+    <message>
+        <source>Folder to write into, one file for each report</source>
+        <translation>Ausgabeordner, eine Datei je Bericht</translation>
+    </message>
+    <message>
+        <source>Format (see zyn formats)</source>
+        <translation>Format (siehe zyn formats)</translation>
+    </message>
+    <message>
+        <source>Logo for HTML and PDF</source>
+        <translation>Logo für HTML und PDF</translation>
+    </message>
+    <message>
+        <source>Style sheet that XML reports refer to</source>
+        <translation>Stylesheet, auf das XML-Berichte verweisen</translation>
+    </message>
+    <message>
+        <source>Also what is marked as not to be reported</source>
+        <translation>Auch, was nicht in den Bericht soll</translation>
+    </message>
+    <message>
+        <source>Replace existing files</source>
+        <translation>Vorhandene Dateien ersetzen</translation>
+    </message>
+    <message>
+        <source>adds a part for each report</source>
+        <translation>fügt je Bericht ein Teil an</translation>
+    </message>
+    <message>
+        <source>XML report</source>
+        <translation>XML-Bericht</translation>
+    </message>
+    <message>
+        <source>STDF file</source>
+        <translation>STDF-Datei</translation>
+    </message>
+    <message>
+        <source>test plan</source>
+        <translation>Testplan</translation>
+    </message>
+    <message>
+        <source>binning definition</source>
+        <translation>Bin-Definition</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>kann nicht gelesen werden: %1</translation>
+    </message>
+    <message>
+        <source>is of no known kind</source>
+        <translation>ist von keiner bekannten Art</translation>
+    </message>
+    <message>
+        <source>known are: %1</source>
+        <translation>bekannt sind: %1</translation>
+    </message>
+    <message>
+        <source>native: everything that is read back</source>
+        <translation>das eigene: alles, was wieder gelesen wird</translation>
+    </message>
+    <message>
+        <source>spreadsheets</source>
+        <translation>Tabellenkalkulation</translation>
+    </message>
+    <message>
+        <source>reading and printing as plain text</source>
+        <translation>Lesen und Drucken als reiner Text</translation>
+    </message>
+    <message>
+        <source>browsers</source>
+        <translation>Browser</translation>
+    </message>
+    <message>
+        <source>printing and archives</source>
+        <translation>Druck und Archiv</translation>
+    </message>
+    <message>
+        <source>programs</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>yield tools: STDF V4, appended to a lot file</source>
+        <translation>Ausbeuteanalyse: STDF V4, an eine Losdatei angefügt</translation>
+    </message>
+    <message>
+        <source>Format</source>
+        <translation>Format</translation>
+    </message>
+    <message>
+        <source>Extension</source>
+        <translation>Endung</translation>
+    </message>
+    <message>
+        <source>Also named</source>
+        <translation>Auch genannt</translation>
+    </message>
+    <message>
+        <source>Good for</source>
+        <translation>Gut für</translation>
+    </message>
+    <message>
+        <source>List the report formats</source>
+        <translation>Zeigt die Berichtsformate</translation>
+    </message>
+    <message>
+        <source>For programs</source>
+        <translation>Für Programme</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>diese Datei gibt es nicht</translation>
+    </message>
+    <message>
+        <source>check the name</source>
+        <translation>den Namen prüfen</translation>
+    </message>
+    <message>
+        <source>is a device</source>
+        <translation>ist ein Gerät</translation>
+    </message>
+    <message>
+        <source>name a file, a folder or a pipe</source>
+        <translation>eine Datei, einen Ordner oder eine Pipe angeben</translation>
+    </message>
+    <message>
+        <source>cannot be read</source>
+        <translation>kann nicht gelesen werden</translation>
+    </message>
+    <message>
+        <source>check its permissions</source>
+        <translation>die Zugriffsrechte prüfen</translation>
+    </message>
+    <message>
+        <source>cannot be read to its end</source>
+        <translation>kann nicht bis zum Ende gelesen werden</translation>
+    </message>
+    <message>
+        <source>holds no *.%1 file</source>
+        <translation>enthält keine Datei *.%1</translation>
+    </message>
+    <message>
+        <source>name the files themselves if they are called otherwise</source>
+        <translation>die Dateien selbst angeben, wenn sie anders heißen</translation>
+    </message>
+    <message>
+        <source>no part can be added: %1</source>
+        <translation>es kann kein Teil angefügt werden: %1</translation>
+    </message>
+    <message>
+        <source>check the name and the permissions of file and folder</source>
+        <translation>den Namen und die Zugriffsrechte von Datei und Ordner prüfen</translation>
+    </message>
+    <message>
+        <source>could not be added to %1 completely; the lot is as it was</source>
+        <translation>konnte nicht vollständig an %1 angefügt werden; das Los ist wie zuvor</translation>
+    </message>
+    <message>
+        <source>could not be added to %1 completely; the lot could not be put back</source>
+        <translation>konnte nicht vollständig an %1 angefügt werden; das Los ließ sich nicht wiederherstellen</translation>
+    </message>
+    <message>
+        <source>look at the disk&apos;s space, quota and file size limit</source>
+        <translation>Speicherplatz, Kontingent und Größengrenze für Dateien prüfen</translation>
+    </message>
+    <message>
+        <source>%1 is of another lot, product type or machine than %2: its part is in %3</source>
+        <translation>%1 ist von einem anderen Los, Produkttyp oder einer anderen Maschine als %2: sein Teil steht in %3</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 holds %n parts</source>
+        <translation>
+            <numerusform>%1 enthält %n Teil</numerusform>
+            <numerusform>%1 enthält %n Teile</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>is damaged at offset %1: %2</source>
+        <translation>ist ab Byte %1 beschädigt: %2</translation>
+    </message>
+    <message>
+        <source>what stands before it was shown</source>
+        <translation>was davor steht, wurde angezeigt</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; version &apos;%2&apos;</source>
+        <translation>»%1« Version »%2«</translation>
+    </message>
+    <message numerus="yes">
+        <source>program %1 in %n runs</source>
+        <translation>
+            <numerusform>Programm %1 in %n Lauf</numerusform>
+            <numerusform>Programm %1 in %n Läufen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n components are in some of %1 runs only, %2 in %3; -v lists them</source>
+        <translation>
+            <numerusform>%n Komponente ist nur in einem Teil der %1 Läufe, %2 in %3; -v zeigt sie</numerusform>
+            <numerusform>%n Komponenten sind nur in einem Teil der %1 Läufe, %2 in %3; -v zeigt alle</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 is in %2 of %3 runs only</source>
+        <translation>%1 ist nur in %2 von %3 Läufen</translation>
+    </message>
+    <message>
+        <source>the limits of %1 changed within the lot; the newest count</source>
+        <translation>die Grenzen von %1 haben sich im Los geändert; die neuesten zählen</translation>
+    </message>
+    <message>
+        <source>%1 % (%2 of %3)</source>
+        <translation>%1 % (%2 von %3)</translation>
+    </message>
+    <message>
+        <source>Yield</source>
+        <translation>Ausbeute</translation>
+    </message>
+    <message>
+        <source>First-pass yield</source>
+        <translation>Ausbeute im ersten Durchgang</translation>
+    </message>
+    <message>
+        <source>Steps that failed most</source>
+        <translation>Schritte mit den meisten Fehlern</translation>
+    </message>
+    <message>
+        <source>Smallest CPK</source>
+        <translation>Kleinste CPK</translation>
+    </message>
+    <message>
+        <source>standard output</source>
+        <translation>Standardausgabe</translation>
+    </message>
+    <message>
+        <source>not everything could be written</source>
+        <translation>es konnte nicht alles geschrieben werden</translation>
+    </message>
+    <message>
+        <source>the disk may be full</source>
+        <translation>vielleicht ist der Datenträger voll</translation>
+    </message>
+    <message>
+        <source>Writes, converts, shows and checks results of production tests.</source>
+        <translation>Schreibt, wandelt um, zeigt und prüft Ergebnisse von Produktionstests.</translation>
+    </message>
+    <message>
+        <source>Say nothing but what went wrong</source>
+        <translation>Nur melden, was schiefging</translation>
+    </message>
+    <message>
+        <source>Say what is being done</source>
+        <translation>Melden, was getan wird</translation>
+    </message>
+    <message>
+        <source>Print the version and exit</source>
+        <translation>Version ausgeben und beenden</translation>
+    </message>
+    <message>
+        <source>zyn COMMAND --help explains a command with examples.
+Exit codes: 0 good, 1 something failed (the rest was done), 2 wrong usage.</source>
+        <translation>zyn BEFEHL --help erklärt einen Befehl mit Beispielen.
+Rückgabewerte: 0 gut, 1 etwas ist gescheitert (der Rest ist getan), 2 falscher Aufruf.</translation>
+    </message>
+    <message>
+        <source>%1 of %2  %3/s  %4 left</source>
+        <translation>%1 von %2  %3/s  noch %4</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; passed although &apos;%2&apos; failed</source>
+        <translation>»%1« hat bestanden, obwohl »%2« nicht bestanden hat</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; passed although its value is %2 (limits %3)</source>
+        <translation>»%1« hat bestanden, obwohl der Wert %2 ist (Grenzen %3)</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; failed although its value is %2 (limits %3)</source>
+        <translation>»%1« hat nicht bestanden, obwohl der Wert %2 ist (Grenzen %3)</translation>
+    </message>
+    <message>
+        <source>is no complete report: %1</source>
+        <translation>ist kein vollständiger Bericht: %1</translation>
+    </message>
+    <message>
+        <source>zyn check lists everything that is wrong with it</source>
+        <translation>zyn check zeigt alles, was daran falsch ist</translation>
+    </message>
+    <message>
+        <source>not %1</source>
+        <translation>nicht %1</translation>
+    </message>
+    <message>
+        <source>unknown unit</source>
+        <translation>unbekannter Prüfling</translation>
+    </message>
+    <message>
+        <source>Run %1</source>
+        <translation>Lauf %1</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
+    </message>
+    <message>
+        <source>lot %1</source>
+        <translation>Los %1</translation>
+    </message>
+    <message>
+        <source>permission denied</source>
+        <translation>keine Berechtigung</translation>
+    </message>
+    <message>
+        <source>the file system is read-only</source>
+        <translation>das Dateisystem ist schreibgeschützt</translation>
+    </message>
+    <message>
+        <source>the disk is full</source>
+        <translation>der Datenträger ist voll</translation>
+    </message>
+    <message>
+        <source>the disk quota is used up</source>
+        <translation>das Kontingent ist aufgebraucht</translation>
+    </message>
+    <message>
+        <source>the file is larger than allowed</source>
+        <translation>die Datei ist größer als erlaubt</translation>
+    </message>
+    <message>
+        <source>is a folder</source>
+        <translation>ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>name a file, or a folder with -d</source>
+        <translation>eine Datei angeben, oder einen Ordner mit -d</translation>
+    </message>
+    <message>
+        <source>is a device or a pipe, where no file can be put</source>
+        <translation>ist ein Gerät oder eine Pipe, wo keine Datei stehen kann</translation>
+    </message>
+    <message>
+        <source>name a file</source>
+        <translation>eine Datei angeben</translation>
+    </message>
+    <message>
+        <source>is a link to nowhere</source>
+        <translation>ist ein Verweis ins Leere</translation>
+    </message>
+    <message>
+        <source>remove the link</source>
+        <translation>den Verweis entfernen</translation>
+    </message>
+    <message>
+        <source>already exists</source>
+        <translation>existiert schon</translation>
+    </message>
+    <message>
+        <source>add --force to replace it</source>
+        <translation>mit --force ersetzen</translation>
+    </message>
+    <message>
+        <source>its folder does not exist</source>
+        <translation>der Ordner dafür existiert nicht</translation>
+    </message>
+    <message>
+        <source>create it first</source>
+        <translation>erst den Ordner anlegen</translation>
+    </message>
+    <message>
+        <source>its folder cannot be written to</source>
+        <translation>in den Ordner kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>choose another folder or change its permissions</source>
+        <translation>einen anderen Ordner wählen oder die Zugriffsrechte ändern</translation>
+    </message>
+    <message>
+        <source>could not be written: %1</source>
+        <translation>konnte nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>choose another folder</source>
+        <translation>einen anderen Ordner wählen</translation>
+    </message>
+    <message>
+        <source>free some space and try again</source>
+        <translation>Platz schaffen und noch einmal versuchen</translation>
+    </message>
+    <message>
+        <source>could not be written completely, so nothing was kept</source>
+        <translation>konnte nicht vollständig geschrieben werden, deshalb blieb nichts davon</translation>
+    </message>
+    <message>
+        <source>Show what a file holds</source>
+        <translation>Zeigt, was eine Datei enthält</translation>
+    </message>
+    <message>
+        <source>Only what failed</source>
+        <translation>Nur, was nicht bestanden hat</translation>
+    </message>
+    <message>
+        <source>For programs: one JSON object a line</source>
+        <translation>Für Programme: je Zeile ein JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>Colours are used on a terminal, unless NO_COLOR is set.</source>
+        <translation>Farben gibt es auf einem Terminal, wenn NO_COLOR nicht gesetzt ist.</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n panels of %2, test plan and bins</source>
+        <translation>
+            <numerusform>%1: %n Nutzen zu je %2, Testplan und Bins</numerusform>
+            <numerusform>%1: %n Nutzen zu je %2, Testplan und Bins</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Let a simulated line test a lot: reports, test plan and bins to try things with</source>
+        <translation>Lässt eine simulierte Linie ein Los testen: Berichte, Testplan und Bins zum Ausprobieren</translation>
+    </message>
+    <message>
+        <source>Folder to write into</source>
+        <translation>Ausgabeordner</translation>
+    </message>
+    <message>
+        <source>Panels to test</source>
+        <translation>Anzahl der Nutzen</translation>
+    </message>
+    <message>
+        <source>Boards on a panel; 1: single boards</source>
+        <translation>Baugruppen je Nutzen; 1: einzelne Baugruppen</translation>
+    </message>
+    <message>
+        <source>The same seed gives the same files</source>
+        <translation>Gleicher Startwert, gleiche Dateien</translation>
+    </message>
+    <message>
+        <source>Further steps of ten measurements each</source>
+        <translation>Weitere Schritte mit je zehn Messungen</translation>
+    </message>
+    <message>
+        <source>add -f CSV or -f XML</source>
+        <translation>-f CSV oder -f XML angeben</translation>
+    </message>
+    <message>
+        <source>there are no statistics as %1</source>
+        <translation>Statistik als %1 gibt es nicht</translation>
+    </message>
+    <message>
+        <source>choose CSV or XML</source>
+        <translation>CSV oder XML wählen</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n remarks more; -v shows all</source>
+        <translation>
+            <numerusform>und noch %n Hinweis; -v zeigt alle</numerusform>
+            <numerusform>und noch %n Hinweise; -v zeigt alle</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no report could be read</source>
+        <translation>kein Bericht konnte gelesen werden</translation>
+    </message>
+    <message>
+        <source>nothing is written</source>
+        <translation>es wird nichts geschrieben</translation>
+    </message>
+    <message>
+        <source>Summarise the reports of a lot</source>
+        <translation>Fasst die Berichte eines Loses zusammen</translation>
+    </message>
+    <message>
+        <source>CSV or XML</source>
+        <translation>CSV oder XML</translation>
+    </message>
+    <message>
+        <source>Values with the prefixes of their units</source>
+        <translation>Werte mit den Vorsätzen ihrer Einheiten</translation>
+    </message>
+    <message>
+        <source>Replace an existing file</source>
+        <translation>Vorhandene Datei ersetzen</translation>
+    </message>
+    <message>
+        <source>Prints the yield, the first-pass yield, the steps that failed most and the smallest CPK;
+what is odd about the lot goes to standard error.</source>
+        <translation>Gibt die Ausbeute, die des ersten Durchgangs, die Schritte mit den meisten Fehlern und die
+kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</translation>
+    </message>
+    <message>
+        <source>%1 (behind the end of the plan)</source>
+        <translation>%1 (hinter dem Ende des Plans)</translation>
+    </message>
+    <message>
+        <source>element &apos;%1&apos; is unknown here and is skipped</source>
+        <translation>Element »%1« ist hier unbekannt und wird übersprungen</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; has no ident: it belongs to no component</source>
+        <translation>»%1« hat keine Kennung: es gehört zu keiner Komponente</translation>
+    </message>
+    <message>
+        <source>there is a &apos;%1&apos; for ident &apos;%2&apos; before; the last one counts</source>
+        <translation>für Kennung »%2« gibt es davor schon ein »%1«; das letzte zählt</translation>
+    </message>
+    <message>
+        <source>attribute &apos;%1&apos;: &apos;%2&apos; is no %3 and counts as 0</source>
+        <translation>Attribut »%1«: »%2« ist kein %3 und zählt als 0</translation>
+    </message>
+    <message>
+        <source>validation</source>
+        <translation>Validierung</translation>
+    </message>
+    <message>
+        <source>attributes</source>
+        <translation>Attribute</translation>
+    </message>
+    <message>
+        <source>switches</source>
+        <translation>Schalter</translation>
+    </message>
+    <message numerus="yes">
+        <source>test plan, %n components</source>
+        <translation>
+            <numerusform>Testplan, %n Komponente</numerusform>
+            <numerusform>Testplan, %n Komponenten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>a command is required</source>
+        <translation>ein Befehl ist nötig</translation>
+    </message>
+    <message>
+        <source>%1 is required</source>
+        <translation>%1 ist nötig</translation>
+    </message>
+    <message>
+        <source>not expected: %1</source>
+        <translation>nicht erwartet: %1</translation>
+    </message>
+    <message>
+        <source>%1 has no value</source>
+        <translation>%1 hat keinen Wert</translation>
+    </message>
+    <message>
+        <source>%1 is given more than once</source>
+        <translation>%1 ist mehrfach angegeben</translation>
+    </message>
+    <message>
+        <source>%1: &apos;%2&apos; is no such number</source>
+        <translation>%1: »%2« ist keine passende Zahl</translation>
+    </message>
+    <message>
+        <source>%1: %2 is not within %3</source>
+        <translation>%1: %2 liegt nicht in %3</translation>
+    </message>
+    <message>
+        <source>%1: there is no file %2</source>
+        <translation>%1: die Datei %2 gibt es nicht</translation>
+    </message>
+    <message>
+        <source>%1: %2 is a folder</source>
+        <translation>%1: %2 ist ein Ordner</translation>
+    </message>
+    <message>
+        <source>Usage</source>
+        <translation>Aufruf</translation>
+    </message>
+    <message>
+        <source>OPTIONS</source>
+        <translation>OPTIONEN</translation>
+    </message>
+    <message>
+        <source>COMMAND</source>
+        <translation>BEFEHL</translation>
+    </message>
+    <message>
+        <source>Arguments</source>
+        <translation>Argumente</translation>
+    </message>
+    <message>
+        <source>(required)</source>
+        <translation>(Pflicht)</translation>
+    </message>
+    <message>
+        <source>Print this help and exit</source>
+        <translation>Diese Hilfe ausgeben und beenden</translation>
+    </message>
+    <message>
+        <source>Options</source>
+        <translation>Optionen</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>Befehle</translation>
+    </message>
+    <message>
+        <source>see %1 --help</source>
+        <translation>siehe %1 --help</translation>
+    </message>
+    <message>
+        <source>Examples:</source>
+        <translation>Beispiele:</translation>
+    </message>
+    <message>
+        <source>FILE</source>
+        <translation>DATEI</translation>
+    </message>
+    <message>
+        <source>FOLDER</source>
+        <translation>ORDNER</translation>
+    </message>
+    <message>
+        <source>FORMAT</source>
+        <translation>FORMAT</translation>
+    </message>
+    <message>
+        <source>there is no command &apos;%1&apos;</source>
+        <translation>es gibt keinen Befehl »%1«</translation>
+    </message>
+</context>
 </TS>

@@ -193,7 +193,7 @@ void LotToolTest::showsPlanAndBins()
     Write(u"b.ini"_s, "[BIN2]\n_NAME_=LOW\n_TYPE_=SOFT\n_RESULT_=FAIL\n");
     QCOMPARE(Zyn(u"show p.tpl b.ini"_s).output,
              u"p.tpl  test plan, 2 components\n7 R1\n  validation\n    Name = R1\n    Lower = 1\n8\n"
-             "  attributes\n    c/\n      a = 3\n\nb.ini  binning definition, 1 bins\n"
+             "  attributes\n    c/\n      a = 3\n\nb.ini  binning definition, 1 bin\n"
              "         2  LOW  soft  FAIL\n"_s);
     const QStringList objects = Zyn(u"show --json p.tpl b.ini"_s).output.split(u'\n', Qt::SkipEmptyParts);
     QCOMPARE(objects.size(), 2);

@@ -190,6 +190,8 @@ void ToolTest::OutputIsRefused_data()
                             << "device or a pipe";
     QTest::addRow("a full device") << "-o /dev/full -f XML --force"
                                    << "device or a pipe";
+    QTest::addRow("a full device as lot") << "-o /dev/full -f STDF"
+                                          << "device or a pipe";
     QTest::addRow("a link to nowhere") << "-o dangling.zyr --force"
                                        << "link to nowhere";
     QTest::addRow("no folder") << "-o no/b.zyr"

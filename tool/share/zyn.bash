@@ -1,5 +1,8 @@
 # bash completion of zyn. What can be completed is asked from the tool itself, so nothing has to be kept in step.
 
+# The tool in English, whatever the user speaks.
+_zyn_ask() { LC_ALL=C zyn "$@" 2>/dev/null; }
+
 _zyn() {
     local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' word
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
@@ -7,7 +10,7 @@ _zyn() {
     done
     case $previous in
     -f | --format)
-        mapfile -t COMPREPLY < <(compgen -W "$(zyn formats 2>/dev/null | awk 'NR > 1 { print $1 }')" -- "${current^^}")
+        mapfile -t COMPREPLY < <(compgen -W "$(_zyn_ask formats | awk 'NR > 1 { print $1 }')" -- "${current^^}")
         return
         ;;
     -d | --directory)
@@ -17,11 +20,11 @@ _zyn() {
         ;;
     esac
     if [[ $current == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(zyn ${command:+"$command"} --help 2>/dev/null |
+        mapfile -t COMPREPLY < <(compgen -W "$(_zyn_ask ${command:+"$command"} --help |
             grep -oE '^ +-[^ ]+' | tr -s ' ,' '\n')" -- "$current")
     elif [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(zyn --help 2>/dev/null |
-            sed -n '/^Subcommands:/,/^$/s/^  \([a-z]*\) .*/\1/p')" -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W "$(_zyn_ask --help |
+            sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p')" -- "$current")
     else
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         compopt -o filenames

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <string>
+
+namespace CLI {
+class App;
+class Error;
+} // namespace CLI
+
+/// \file
+/// What the help says beside the options, and what it is made of; in the user's language.
+
+namespace ZYN::Tool {
+
+/// End of a command's help.
+/// \param text may be empty
+/// \param examples command lines, as typed
+std::string Footer(const QString& text, const QStringList& examples);
+
+/// Gives the help of a program and its commands its headings; after all options were added.
+void SetHeadings(CLI::App* app);
+
+/// "zyn: what is wrong with the command line; see zyn COMMAND --help".
+std::string UsageMessage(const CLI::App* app, const CLI::Error& error);
+
+} // namespace ZYN::Tool

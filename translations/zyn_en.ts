@@ -1,0 +1,115 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>stdf</name>
+    <message numerus="yes">
+        <source>PRR: NUM_TEST is %1, the part has %n tests</source>
+        <translation>
+            <numerusform>PRR: NUM_TEST is %1, the part has %n test</numerusform>
+            <numerusform>PRR: NUM_TEST is %1, the part has %n tests</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>PCR: PART_CNT is %1, there are %n parts</source>
+        <translation>
+            <numerusform>PCR: PART_CNT is %1, there is %n part</numerusform>
+            <numerusform>PCR: PART_CNT is %1, there are %n parts</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>PCR: GOOD_CNT is %1, only %n parts have passed</source>
+        <translation>
+            <numerusform>PCR: GOOD_CNT is %1, only %n part has passed</numerusform>
+            <numerusform>PCR: GOOD_CNT is %1, only %n parts have passed</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n records of the unknown type %1, subtype %2</source>
+        <translation>
+            <numerusform>%n record of the unknown type %1, subtype %2</numerusform>
+            <numerusform>%n records of the unknown type %1, subtype %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and more: %n faults in all</source>
+        <translation>
+            <numerusform>and more: %n fault in all</numerusform>
+            <numerusform>and more: %n faults in all</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n bytes follow the last field</source>
+        <translation>
+            <numerusform>%n byte follows the last field</numerusform>
+            <numerusform>%n bytes follow the last field</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n parts</source>
+        <translation>
+            <numerusform>%n part</numerusform>
+            <numerusform>%n parts</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>zyn</name>
+    <message numerus="yes">
+        <source>binning definition, %n bins</source>
+        <translation>
+            <numerusform>binning definition, %n bin</numerusform>
+            <numerusform>binning definition, %n bins</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>converted %1 of %n reports to %2</source>
+        <translation>
+            <numerusform>converted %1 of %n report to %2</numerusform>
+            <numerusform>converted %1 of %n reports to %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 holds %n parts</source>
+        <translation>
+            <numerusform>%1 holds %n part</numerusform>
+            <numerusform>%1 holds %n parts</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>program %1 in %n runs</source>
+        <translation>
+            <numerusform>program %1 in %n run</numerusform>
+            <numerusform>program %1 in %n runs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n components are in some of %1 runs only, %2 in %3; -v lists them</source>
+        <translation>
+            <numerusform>%n component is in some of %1 runs only, %2 in %3; -v lists them</numerusform>
+            <numerusform>%n components are in some of %1 runs only, %2 in %3; -v lists them</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n panels of %2, test plan and bins</source>
+        <translation>
+            <numerusform>%1: %n panel of %2, test plan and bins</numerusform>
+            <numerusform>%1: %n panels of %2, test plan and bins</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n remarks more; -v shows all</source>
+        <translation>
+            <numerusform>and %n remark more; -v shows all</numerusform>
+            <numerusform>and %n remarks more; -v shows all</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>test plan, %n components</source>
+        <translation>
+            <numerusform>test plan, %n component</numerusform>
+            <numerusform>test plan, %n components</numerusform>
+        </translation>
+    </message>
+</context>
+</TS>
