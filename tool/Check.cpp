@@ -9,8 +9,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <QtCore/QJsonDocument>
-
 namespace ZYN::Tool {
 
 namespace {
@@ -52,7 +50,7 @@ void PrintFindingJson(const Input& input, const Finding& finding)
                        {QStringLiteral("text"), finding.text}};
     if (finding.offset >= 0)
         object.insert(QStringLiteral("offset"), finding.offset);
-    Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
+    PrintJsonLine(object);
 }
 
 int Run(const Arguments& arguments, const Manners& manners)

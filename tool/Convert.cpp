@@ -5,6 +5,7 @@
 #include "Progress.h"
 #include "ReportFile.h"
 #include "SafeOutput.h"
+#include "Terminal.h"
 #include "Texts.h"
 #include "Usage.h"
 
@@ -32,6 +33,7 @@ struct Arguments {
     std::string style;
     bool all = false;
     bool force = false;
+    bool json = false;
 };
 
 struct Job {
@@ -148,21 +150,45 @@ std::optional<Problem> MakeFolders(const QList<Job>& jobs)
     return std::nullopt;
 }
 
-int Run(const Arguments& arguments, const Manners& manners)
+QList<Conversion> ConvertAll(const QList<Job>& jobs, const Arguments& arguments, const QString& format,
+                             const Manners& manners)
 {
-    QList<Problem> problems;
-    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &problems);
-    const QString format = FormatOf(arguments);
-    if (const int usage = CheckUsage(arguments, format, inputs.size()))
-        return usage;
+    // Text is laid out by the thread of the application only.
+    const int threads = format == QLatin1String("PDF") ? 1 : AllCores();
+    std::vector<Conversion> conversions(size_t(jobs.size()));
+    Progress progress(jobs.size(), !manners.quiet);
+    ForEachIndex(jobs.size(), threads, [&](qsizetype index) {
+        const Job& job = jobs.at(index);
+        conversions[size_t(index)] = {job.input.name, job.output, Convert(job, arguments, format)};
+        progress.Step();
+    });
+    return {conversions.begin(), conversions.end()};
+}
 
-    if (IsLotFile(arguments, format)) {
-        AppendToLot(inputs, PathOf(arguments.file), arguments.all, manners, &problems);
-        for (const Problem& problem : problems)
-            PrintProblem(problem);
-        return problems.isEmpty() ? ExitGood : ExitFailed;
+void PrintConversionsJson(const QList<Conversion>& conversions)
+{
+    for (const Conversion& conversion : conversions)
+        PrintJsonLine({{QStringLiteral("input"), conversion.input},
+                       conversion.problem
+                           ? std::pair(QStringLiteral("error"), QJsonValue(TextOf(*conversion.problem)))
+                           : std::pair(QStringLiteral("output"), QJsonValue(conversion.output))});
+}
+
+// Each input that could not be converted; what several meet alike (a lot that cannot be written to) once.
+void PrintProblems(const QList<Conversion>& conversions)
+{
+    std::optional<Problem> last;
+    for (const Conversion& conversion : conversions) {
+        if (conversion.problem && conversion.problem != last)
+            PrintProblem(*conversion.problem);
+        last = conversion.problem;
     }
+}
 
+// \return 0, or the exit code when nothing was converted
+int ConvertToFiles(const QList<Input>& inputs, const Arguments& arguments, const QString& format,
+                   const Manners& manners, QList<Conversion>* conversions)
+{
     QList<Job> jobs;
     for (const Input& input : inputs)
         jobs.append({input, OutputName(arguments, input, format)});
@@ -174,31 +200,43 @@ int Run(const Arguments& arguments, const Manners& manners)
             return ExitFailed;
         }
     }
+    *conversions += ConvertAll(jobs, arguments, format, manners);
+    return ExitGood;
+}
 
-    // Text is laid out by the thread of the application only.
-    const int threads = format == QLatin1String("PDF") ? 1 : AllCores();
-    std::vector<std::optional<Problem>> failures(size_t(jobs.size()));
-    {
-        Progress progress(jobs.size(), !manners.quiet);
-        ForEachIndex(jobs.size(), threads, [&](qsizetype index) {
-            failures[size_t(index)] = Convert(jobs.at(index), arguments, format);
-            progress.Step();
-        });
+int Run(const Arguments& arguments, const Manners& manners)
+{
+    QList<Problem> unreadable;
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &unreadable);
+    const QString format = FormatOf(arguments);
+    if (const int usage = CheckUsage(arguments, format, inputs.size()))
+        return usage;
+
+    QList<Conversion> conversions;
+    for (const Problem& problem : std::as_const(unreadable))
+        conversions.append({problem.file, {}, problem});
+    const bool isLot = IsLotFile(arguments, format);
+    if (isLot)
+        conversions += AppendToLot(inputs, PathOf(arguments.file), arguments.all, manners);
+    else if (const int code = ConvertToFiles(inputs, arguments, format, manners, &conversions))
+        return code;
+
+    if (arguments.json)
+        PrintConversionsJson(conversions);
+    FlushOutput(); // before the problems, on a terminal
+    PrintProblems(conversions);
+    qsizetype converted = 0;
+    for (const Conversion& conversion : std::as_const(conversions)) {
+        converted += !conversion.problem;
+        if (manners.verbose && !conversion.problem)
+            PrintNote(QStringLiteral("%1 -> %2").arg(conversion.input, conversion.output));
     }
-    for (const std::optional<Problem>& failure : failures)
-        if (failure)
-            problems.append(*failure);
-    for (const Problem& problem : problems)
-        PrintProblem(problem);
-    if (manners.verbose)
-        for (size_t i = 0; i < failures.size(); ++i)
-            if (!failures[i])
-                PrintNote(jobs[qsizetype(i)].input.name + QStringLiteral(" -> ") + jobs[qsizetype(i)].output);
-    if (!manners.quiet && inputs.size() > 1)
-        PrintNote(
-            Texts::tr("converted %1 of %n reports to %2", nullptr, int(inputs.size()))
-                .arg(QString::number(std::count(failures.begin(), failures.end(), std::nullopt)), format));
-    return problems.isEmpty() ? ExitGood : ExitFailed;
+    if (isLot && !manners.quiet)
+        SayLot(PathOf(arguments.file), conversions);
+    else if (!manners.quiet && conversions.size() > 1)
+        PrintNote(Texts::tr("converted %1 of %n reports to %2", nullptr, int(conversions.size()))
+                      .arg(QString::number(converted), format));
+    return converted == conversions.size() ? ExitGood : ExitFailed;
 }
 
 } // namespace
@@ -232,6 +270,8 @@ Command ConvertCommand(CLI::App& app, const Manners& manners)
         ->type_name(Texts::tr("FILE").toStdString());
     convert->add_flag("--all", arguments->all,
                       Texts::tr("Also what is marked as not to be reported").toStdString());
+    convert->add_flag("--json", arguments->json,
+                      Texts::tr("For programs: one JSON object an input and line").toStdString());
     convert->add_flag("--force", arguments->force, Texts::tr("Replace existing files").toStdString());
     convert->footer(
         Footer({}, {"zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png",

@@ -77,30 +77,15 @@ int CountParts(const QString& path)
     return parts;
 }
 
-// What is good to know about a part that was added; may be nothing.
-QString NoteOn(const Input& input, const Lot& lot, const QString& writtenTo, const Manners& manners)
-{
-    if (QFileInfo(writtenTo) != QFileInfo(lot.path))
-        return Texts::tr("%1 is of another lot, product type or machine than %2: its part is in %3")
-            .arg(input.name, lot.path, writtenTo);
-    return manners.verbose ? QStringLiteral("%1 -> %2").arg(input.name, lot.path) : QString();
-}
-
 } // namespace
 
-void AppendToLot(const QList<Input>& inputs, const QString& path, bool ignoreReportFlag,
-                 const Manners& manners, QList<Problem>* problems)
+QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, bool ignoreReportFlag,
+                              const Manners& manners)
 {
-    // A lot that cannot be written to is named once, not for each report.
-    if (const std::optional<Problem> refusal = LockedLot(path).Refusal()) {
-        problems->append(*refusal);
-        return;
-    }
     const Lot lot{path, ignoreReportFlag};
+    QList<Conversion> conversions;
     const qsizetype batch = 4 * AllCores(); // bounds what is in memory
-    auto progress = std::make_optional<Progress>(inputs.size(), !manners.quiet);
-    QStringList notes;
-    qsizetype added = 0;
+    Progress progress(inputs.size(), !manners.quiet);
     for (qsizetype start = 0; start < inputs.size(); start += batch) {
         const QList<Input> some = inputs.mid(start, batch);
         std::vector<Part> parts(size_t(some.size()));
@@ -110,23 +95,28 @@ void AppendToLot(const QList<Input>& inputs, const QString& path, bool ignoreRep
         });
         for (qsizetype index = 0; index < some.size(); ++index) {
             Part& part = parts[size_t(index)];
-            QString writtenTo;
+            Conversion conversion{some.at(index).name, {}, part.problem};
             if (!part.problem)
-                part.problem = Add(some.at(index), part.test.get(), lot, &writtenTo);
-            if (part.problem) {
-                problems->append(*part.problem);
-            } else {
-                notes += NoteOn(some.at(index), lot, writtenTo, manners);
-                ++added;
-            }
-            progress->Step();
+                conversion.problem = Add(some.at(index), part.test.get(), lot, &conversion.output);
+            conversions.append(conversion);
+            progress.Step();
         }
     }
-    progress.reset(); // before the notes, on a terminal
-    notes.removeAll(QString());
-    for (const QString& note : std::as_const(notes))
-        PrintNote(note);
-    if (!manners.quiet && added > 0)
+    return conversions;
+}
+
+void SayLot(const QString& path, const QList<Conversion>& conversions)
+{
+    bool added = false;
+    for (const Conversion& conversion : conversions) {
+        if (conversion.problem)
+            continue;
+        added = true;
+        if (QFileInfo(conversion.output) != QFileInfo(path))
+            PrintNote(Texts::tr("%1 is of another lot, product type or machine than %2: its part is in %3")
+                          .arg(conversion.input, path, conversion.output));
+    }
+    if (added)
         PrintNote(Texts::tr("%1 holds %n parts", nullptr, CountParts(path)).arg(path));
 }
 

@@ -14,6 +14,7 @@
 #include <ZYNCommon/UnitUnderTest.h>
 
 #include <QtCore/QDateTime>
+#include <QtCore/QJsonArray>
 
 #include <algorithm>
 #include <cmath>
@@ -83,6 +84,23 @@ QList<const StatisticsData*> Ranked(const StatisticsDataReport* report, Wanted w
     return entries.mid(0, ListLength);
 }
 
+QList<const StatisticsData*> FailedMost(const StatisticsDataReport* report)
+{
+    return Ranked(
+        report,
+        [](const StatisticsData* entry) {
+            return entry->GetNrFail() > 0 && qobject_cast<TestStep*>(entry->GetComponent());
+        },
+        [](const StatisticsData* a, const StatisticsData* b) { return a->GetNrFail() > b->GetNrFail(); });
+}
+
+QList<const StatisticsData*> SmallestCpk(const StatisticsDataReport* report)
+{
+    return Ranked(
+        report, [](const StatisticsData* entry) { return std::isfinite(entry->GetCpk()); },
+        [](const StatisticsData* a, const StatisticsData* b) { return a->GetCpk() < b->GetCpk(); });
+}
+
 } // namespace
 
 void LotSummary::AddReport(const UUTTest* test)
@@ -143,27 +161,40 @@ QString DescribeLot(const LotSummary& summary, const StatisticsDataReport* repor
             .arg(PadRight(yield, width), Percent(summary.GetPassed(), summary.GetUnitCount()),
                  PadRight(firstPass, width), Percent(summary.GetPassedFirst(), summary.GetUnitCount()));
 
-    const auto failed = Ranked(
-        report,
-        [](const StatisticsData* entry) {
-            return entry->GetNrFail() > 0 && qobject_cast<TestStep*>(entry->GetComponent());
-        },
-        [](const StatisticsData* a, const StatisticsData* b) { return a->GetNrFail() > b->GetNrFail(); });
+    const auto failed = FailedMost(report);
     if (!failed.isEmpty())
         text += QLatin1Char('\n') + Texts::tr("Steps that failed most") + QLatin1Char('\n');
     for (const StatisticsData* const entry : failed)
         text +=
             QStringLiteral("  %1  %2\n").arg(PadLeft(QString::number(entry->GetNrFail()), 8), NameOf(entry));
 
-    const auto worst = Ranked(
-        report, [](const StatisticsData* entry) { return std::isfinite(entry->GetCpk()); },
-        [](const StatisticsData* a, const StatisticsData* b) { return a->GetCpk() < b->GetCpk(); });
+    const auto worst = SmallestCpk(report);
     if (!worst.isEmpty())
         text += QLatin1Char('\n') + Texts::tr("Smallest CPK") + QLatin1Char('\n');
     for (const StatisticsData* const entry : worst)
         text += QStringLiteral("  %1  %2\n")
                     .arg(PadLeft(QString::number(entry->GetCpk(), 'f', 2), 8), NameOf(entry));
     return text;
+}
+
+QJsonObject LotToJson(const LotSummary& summary, const StatisticsDataReport* report)
+{
+    const auto entryToJson = [](const StatisticsData* entry, const QString& key, const QJsonValue& value) {
+        return QJsonObject{{QStringLiteral("ident"), entry->GetComponent()->GetIdentString()},
+                           {QStringLiteral("name"), entry->GetComponent()->GetName()},
+                           {key, value}};
+    };
+    QJsonArray failed;
+    for (const StatisticsData* const entry : FailedMost(report))
+        failed.append(entryToJson(entry, QStringLiteral("failed"), qint64(entry->GetNrFail())));
+    QJsonArray worst;
+    for (const StatisticsData* const entry : SmallestCpk(report))
+        worst.append(entryToJson(entry, QStringLiteral("cpk"), entry->GetCpk()));
+    return {{QStringLiteral("units"), summary.GetUnitCount()},
+            {QStringLiteral("passed"), summary.GetPassed()},
+            {QStringLiteral("passedFirst"), summary.GetPassedFirst()},
+            {QStringLiteral("failedMost"), failed},
+            {QStringLiteral("smallestCpk"), worst}};
 }
 
 } // namespace ZYN::Tool

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QHash>
+#include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
 namespace ZYN {
@@ -38,5 +39,7 @@ private:
 
 /// The summary as text for people: yields, the five steps that failed most, the five smallest CPK.
 QString DescribeLot(const LotSummary& summary, const StatisticsDataReport* report);
+/// The same for programs.
+QJsonObject LotToJson(const LotSummary& summary, const StatisticsDataReport* report);
 
 } // namespace ZYN::Tool

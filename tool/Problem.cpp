@@ -14,9 +14,9 @@ void PrintNote(const QString& text)
     std::fwrite(line.constData(), 1, size_t(line.size()), stderr); // one call: lines of threads do not mix
 }
 
-void PrintProblem(const Problem& problem)
+QString TextOf(const Problem& problem)
 {
-    QString text = QStringLiteral("zyn: ");
+    QString text;
     if (!problem.file.isEmpty())
         text += problem.file + QLatin1Char(':');
     if (problem.line > 0)
@@ -26,7 +26,12 @@ void PrintProblem(const Problem& problem)
     text += problem.what;
     if (!problem.remedy.isEmpty())
         text += QStringLiteral("; ") + problem.remedy;
-    PrintNote(text);
+    return text;
+}
+
+void PrintProblem(const Problem& problem)
+{
+    PrintNote(QStringLiteral("zyn: ") + TextOf(problem));
 }
 
 int WrongUsage(const QString& command, const QString& what, const QString& remedy)

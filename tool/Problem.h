@@ -10,9 +10,13 @@ struct Problem {
     qint64 line = 0; ///< 0 when it is about the whole file
     QString what;    ///< "already exists"
     QString remedy;  ///< "add --force to replace it"; may be empty
+
+    bool operator==(const Problem&) const = default;
 };
 
-/// "zyn: FILE:LINE: what; what to do" on standard error. Any thread.
+/// "FILE:LINE: what; what to do".
+QString TextOf(const Problem& problem);
+/// "zyn: " and the text of a problem on standard error. Any thread.
 void PrintProblem(const Problem& problem);
 /// A line on standard error, for what is good to know. Any thread.
 void PrintNote(const QString& text);

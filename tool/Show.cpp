@@ -7,8 +7,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <QtCore/QJsonDocument>
-
 namespace ZYN::Tool {
 
 namespace {
@@ -28,8 +26,7 @@ std::optional<Problem> ShowJson(const FileKind& kind, const Input& input, const 
     if (object.isEmpty())
         return problem;
     object.insert(QStringLiteral("file"), input.name);
-    // One line a file, so that what reads it can take many.
-    Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
+    PrintJsonLine(object);
     return problem;
 }
 

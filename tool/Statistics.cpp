@@ -24,6 +24,7 @@ struct Arguments {
     std::string file;
     std::string format;
     bool scaled = false;
+    bool json = false;
     bool force = false;
 };
 
@@ -95,8 +96,11 @@ int Run(const Arguments& arguments, const Manners& manners)
     else if ((failure = Write(lot, arguments, format, output)))
         problems.append(*failure);
 
-    if (!manners.quiet && lot.GetReportCount() > 0) {
-        Print(DescribeLot(lot.GetSummary(), lot.GetReport()));
+    if (lot.GetReportCount() > 0) {
+        if (arguments.json)
+            PrintJsonLine(LotToJson(lot.GetSummary(), lot.GetReport()));
+        else if (!manners.quiet)
+            Print(DescribeLot(lot.GetSummary(), lot.GetReport()));
         FlushOutput(); // before the remarks, on a terminal
     }
     PrintRemarks(lot, manners);
@@ -126,6 +130,8 @@ Command StatisticsCommand(CLI::App& app, const Manners& manners)
         ->type_name(Texts::tr("FORMAT").toStdString());
     statistics->add_flag("--scaled", arguments->scaled,
                          Texts::tr("Values with the prefixes of their units").toStdString());
+    statistics->add_flag("--json", arguments->json,
+                         Texts::tr("For programs: the summary as a JSON object").toStdString());
     statistics->add_flag("--force", arguments->force, Texts::tr("Replace an existing file").toStdString());
     statistics->footer(Footer(
         Texts::tr("Prints the yield, the first-pass yield, the steps that failed most and the smallest CPK;\n"

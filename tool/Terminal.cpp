@@ -1,5 +1,6 @@
 #include "Terminal.h"
 
+#include <QtCore/QJsonDocument>
 #include <QtCore/QList>
 
 #include <cstdio>
@@ -118,6 +119,11 @@ void Print(const QString& text)
     separatorIsDue = false;
     hasPrinted = true;
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+}
+
+void PrintJsonLine(const QJsonObject& object)
+{
+    Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
 }
 
 void PrintTitle(const QString& fileName, const QString& kind)

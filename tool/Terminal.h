@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
 namespace ZYN::Tool {
@@ -21,6 +22,8 @@ QString Paint(const QString& text, Style style);
 
 /// Writes to standard output. The caller makes texts from files harmless first.
 void Print(const QString& text);
+/// Prints an object for programs, in one line.
+void PrintJsonLine(const QJsonObject& object);
 /// Prints what a file is called and what it is.
 void PrintTitle(const QString& fileName, const QString& kind);
 /// Puts an empty line between what was printed so far and what is printed next, where there is both.

@@ -1291,5 +1291,13 @@ kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</tra
         <source>there is no command &apos;%1&apos;</source>
         <translation>es gibt keinen Befehl »%1«</translation>
     </message>
+    <message>
+        <source>For programs: one JSON object an input and line</source>
+        <translation>Für Programme: je Eingabe eine Zeile mit einem JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>For programs: the summary as a JSON object</source>
+        <translation>Für Programme: die Zusammenfassung als JSON-Objekt</translation>
+    </message>
 </context>
 </TS>

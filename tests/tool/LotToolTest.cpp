@@ -98,6 +98,10 @@ void LotToolTest::statisticsCountsTheLot()
     const QString yield = u"Yield             %1 % (%2 of %3)\n"_s.arg(
         QString::number(100.0 * passed / units, 'f', 1), QString::number(passed), QString::number(units));
     QVERIFY2(outcome.output.startsWith(yield), qPrintable(outcome.output));
+    const QJsonObject summary =
+        QJsonDocument::fromJson(Zyn(u"statistics lot -q --json -o json.csv"_s).output.toUtf8()).object();
+    QCOMPARE(summary.value(u"units"_s).toInt(), units);
+    QCOMPARE(summary.value(u"passed"_s).toInt(), passed);
 
     const QByteArrayList lines = Content(u"lot.csv"_s).split('\n');
     QCOMPARE(lines.constFirst().left(6), QByteArray("Ident;"));

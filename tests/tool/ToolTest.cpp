@@ -267,11 +267,19 @@ void ToolTest::OneBrokenInputDoesNotStopTheOthers()
     const QByteArray whole = Content(Path("a.zyr"));
     Write(Path("b.zyr"), whole.left(whole.size() / 2));
     Write(Path("c.zyr"), whole);
-    const Outcome outcome = Zyn(m_folder->path(), Words(QStringLiteral("convert . -d out -f json")));
+    const Outcome outcome =
+        Zyn(m_folder->path(), Words(QStringLiteral("convert . none.zyr -d out -f json --json")));
     QCOMPARE(outcome.code, 1);
     QVERIFY2(outcome.errors.contains(QRegularExpression(QStringLiteral("zyn: \\./b\\.zyr:\\d+: "))),
              qPrintable(outcome.errors));
-    QVERIFY(outcome.errors.contains(QStringLiteral("2 of 3")));
+    QVERIFY(outcome.errors.contains(QStringLiteral("2 of 4")));
+    QMap<QString, QStringList> inputs; // by what became of them
+    for (const QString& line : outcome.output.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        const QJsonObject object = QJsonDocument::fromJson(line.toUtf8()).object();
+        inputs[object.keys().constFirst()] += object.value(QStringLiteral("input")).toString();
+    }
+    QCOMPARE(inputs.value(QStringLiteral("error")), Words(QStringLiteral("none.zyr ./b.zyr")));
+    QCOMPARE(inputs.value(QStringLiteral("input")), Words(QStringLiteral("./a.zyr ./c.zyr")));
     QCOMPARE(Snapshot(Path("out")).keys(), Words(QStringLiteral("a.json c.json")));
 }
 
