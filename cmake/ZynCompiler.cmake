@@ -1,6 +1,9 @@
 # Warnings, sanitizers and the compiler cache, for every target of the project.
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+# Nobody replaces functions of a library by the same name of another: they may be inlined, and are called
+# directly.
+add_compile_options(-fno-semantic-interposition -fno-plt)
 add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_STRICT_ITERATORS)
 
 if(ZYN_SANITIZE)

@@ -77,7 +77,7 @@ bool CExportDirectorBase::ExportTestResultSet(TestResultSet* resultSet, IExportB
     TestResult* const result = resultSet->GetResult(program.data());
     if (result && builder->BeginTestProgram(program.data(), result)) {
         for (int index = 0; index < program->GetGroupCount(); ++index) {
-            const auto group = program->GetGroupForIndex(index);
+            const auto& group = program->GetGroupForIndex(index);
             if (AcceptComponent(group.data()))
                 ExportTestGroup(group.data(), builder, resultSet);
         }
@@ -98,7 +98,7 @@ bool CExportDirectorBase::ExportTestGroup(TestGroup* group, IExportBuilder* buil
         return false;
 
     for (int index = 0; index < group->GetParameterCount(); ++index) {
-        const auto shared = group->GetParameterForIndex(index);
+        const auto& shared = group->GetParameterForIndex(index);
         TestParameter* const parameter = shared.data();
         if (!AcceptComponent(parameter))
             continue;
@@ -107,7 +107,7 @@ bool CExportDirectorBase::ExportTestGroup(TestGroup* group, IExportBuilder* buil
             builder->EndTestParameter(parameter);
     }
     for (int index = 0; index < group->GetStepCount(); ++index) {
-        const auto step = group->GetStepForIndex(index);
+        const auto& step = group->GetStepForIndex(index);
         if (AcceptComponent(step.data()))
             ExportTestStep(step.data(), builder, resultSet);
     }
@@ -123,7 +123,7 @@ bool CExportDirectorBase::ExportTestStep(TestStep* step, IExportBuilder* builder
         return false;
 
     for (int index = 0; index < step->GetMeasurementCount(); ++index) {
-        const auto shared = step->GetMeasurementForIndex(index);
+        const auto& shared = step->GetMeasurementForIndex(index);
         TestMeasurement* const measurement = shared.data();
         if (!AcceptComponent(measurement))
             continue;

@@ -18,11 +18,19 @@
 #include <ZYNCommon/ZYNTypes.h>
 #include <ZYNIni/IniSection.h>
 
+#include <optional>
+
 namespace ZYN::ModelAdapter {
 
 inline long Id(const ManagedObject* object)
 {
     return object->id;
+}
+
+/// The number whose decimal is the component's ident text; nothing where the ident is a text of its own.
+inline std::optional<long> NumberAsIdent(const TestComponent* component)
+{
+    return component->HasIdentString() ? std::nullopt : std::optional(component->id);
 }
 
 /// Address code: the kind of a component or the data type of its value.
@@ -34,7 +42,7 @@ inline EN_ZYN_ADDRESS TypeCode(const TestComponent* component)
 /// Type code of the component that a result belongs to.
 inline EN_ZYN_ADDRESS MeasuredType(const TestResult* result)
 {
-    const QSharedPointer<TestComponent> component = result->GetComponent();
+    const auto& component = result->GetComponent();
     return component ? component->type : ZYN_ADDRESS_NONE;
 }
 
@@ -142,6 +150,13 @@ inline MeasurementUnit Unit(const ValidationInterface* validation)
 inline int UnitCode(const MeasurementUnit& unit)
 {
     return unit.GetCode();
+}
+
+/// The validation's value display, limits and their operators; null where it has none. Values are
+/// reached like pointers, whether they are borrowed or held.
+inline ValidationInterface::Limits Limits(const ValidationInterface* validation)
+{
+    return validation->GetLimits();
 }
 
 inline bool HasNominal(const ValidationInterface* validation)

@@ -10,24 +10,22 @@
 
 namespace ZYN {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 struct Column {
-    QLatin1StringView title;
+    QStringView title;
     ReportText::Lookup text;
 };
 
 constexpr Column columns[] = {
-    {"Ident"_L1, ReportText::SpreadsheetIdent},    {"Name"_L1, ReportText::Name},
-    {"TypeID"_L1, ReportText::TypeCode},           {"Type"_L1, ReportText::Type},
-    {"ResultID"_L1, ReportText::ResultCode},       {"Result"_L1, ReportText::Result},
-    {"Value"_L1, ReportText::PlainValue},          {"Unit"_L1, ReportText::Unit},
-    {"LowerComp"_L1, ReportText::LowerOperator},   {"LowerLimit"_L1, ReportText::PlainLowerLimit},
-    {"UpperComp"_L1, ReportText::UpperOperator},   {"UpperLimit"_L1, ReportText::PlainUpperLimit},
-    {"Duration(ms)"_L1, ReportText::Duration},     {"Attribute"_L1, ReportText::SimplifiedAttribute},
-    {"Comment"_L1, ReportText::SimplifiedComment},
+    {u"Ident", ReportText::SpreadsheetIdent},    {u"Name", ReportText::Name},
+    {u"TypeID", ReportText::TypeCode},           {u"Type", ReportText::Type},
+    {u"ResultID", ReportText::ResultCode},       {u"Result", ReportText::Result},
+    {u"Value", ReportText::PlainValue},          {u"Unit", ReportText::Unit},
+    {u"LowerComp", ReportText::LowerOperator},   {u"LowerLimit", ReportText::PlainLowerLimit},
+    {u"UpperComp", ReportText::UpperOperator},   {u"UpperLimit", ReportText::PlainUpperLimit},
+    {u"Duration(ms)", ReportText::Duration},     {u"Attribute", ReportText::SimplifiedAttribute},
+    {u"Comment", ReportText::SimplifiedComment},
 };
 
 } // namespace
@@ -35,13 +33,13 @@ constexpr Column columns[] = {
 template <class Cell>
 void CReportBuilderCSV::WriteLine(Cell cell)
 {
-    line.resize(0);
+    line.Clear();
     for (const Column& column : columns) {
-        line += cell(column);
-        line += u';';
+        if (&column != columns)
+            line.Add(u';');
+        line.Add(cell(column));
     }
-    line.chop(1);
-    stream << line << Qt::endl;
+    stream << line.View() << Qt::endl;
 }
 
 bool CReportBuilderCSV::WriteRow(const TestComponent* component, const TestResult* result)

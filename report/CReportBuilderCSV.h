@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CReportBuilderStream.h"
+#include "LineText.h"
 
 namespace ZYN {
 
@@ -34,8 +35,7 @@ private:
     /// \return false without writing when one of the two is null
     bool WriteRow(const TestComponent* component, const TestResult* result);
 
-    /// The line being made; kept for its memory.
-    QString line;
+    LineText line;
 };
 
 } // namespace ZYN

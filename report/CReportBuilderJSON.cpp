@@ -40,7 +40,7 @@ void WriteJsonComponent(const QString& key, const TestComponent* component, QJso
 /// Limits stand beside the result, also when the validation has none.
 void WriteJsonLimits(const TestResult* result, QJsonObject& target)
 {
-    const QSharedPointer<ValidationInterface> validation = result->GetValidation();
+    const auto& validation = result->GetValidation();
     if (!validation)
         return;
     QJsonObject limits;
@@ -64,7 +64,7 @@ void WriteJsonResult(const TestResult* result, QJsonObject& target)
         {QStringLiteral("Result"), result->GetResultString()},
         {QStringLiteral("DataType"), result->GetValueTypeString()},
     };
-    if (const QVariant value = result->GetValue(); value.isValid()) {
+    if (const QVariant& value = result->GetValue(); value.isValid()) {
         object.insert(QStringLiteral("Value"), QJsonValue::fromVariant(value));
         object.insert(QStringLiteral("Unit"), result->GetUnitString(nullptr, false));
     }

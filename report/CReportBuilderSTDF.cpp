@@ -2,7 +2,6 @@
 
 #include "StdfFailureFile.h"
 #include "StdfLotRecords.h"
-#include "StdfTestRecord.h"
 
 #include "export/ModelAdapter.h"
 
@@ -92,7 +91,7 @@ void CReportBuilderSTDF::ForgetDocument()
     step = nullptr;
     measurement = nullptr;
     testNumber = 0;
-    pending.clear();
+    pending.Clear();
 }
 
 bool CReportBuilderSTDF::BeginSubUnitTest()
@@ -148,6 +147,7 @@ bool CReportBuilderSTDF::EndTestProgram(TestProgram*)
 bool CReportBuilderSTDF::BeginTestGroup(TestGroup* newGroup, TestResult*)
 {
     group = newGroup;
+    stepText.reset();
     return group != nullptr;
 }
 
@@ -160,6 +160,7 @@ bool CReportBuilderSTDF::EndTestGroup(TestGroup*)
 bool CReportBuilderSTDF::BeginTestStep(TestStep* newStep, TestResult*)
 {
     step = newStep;
+    stepText.reset();
     return true;
 }
 
@@ -275,31 +276,21 @@ void CReportBuilderSTDF::AddTest()
     const TestResult* const result = resultSet->GetResult(measurement);
     if (!result)
         return;
-    if (pending.isEmpty())
-        AddToPart(StdfLotRecords::PartStart());
+    if (pending.IsEmpty())
+        pending.Add(StdfLotRecords::PartStart(pending.Room()));
     ++testNumber;
-    AddToPart(StdfTestRecord(record, testNumber, measurement, step, group, result));
-}
-
-void CReportBuilderSTDF::AddToPart(QByteArrayView records)
-{
-    // Small enough for the allocator to hand the same memory out again for the next part.
-    constexpr qsizetype blockSize = 64 * 1024;
-    if (pending.isEmpty() || pending.back().size() + records.size() > blockSize) {
-        pending.append(QByteArray());
-        pending.back().reserve(blockSize);
-    }
-    pending.back().append(records);
+    if (!stepText)
+        stepText.emplace(step, group);
+    pending.Add(StdfTestRecord(pending.Room(), testNumber, measurement, *stepText, result));
 }
 
 void CReportBuilderSTDF::WritePart()
 {
-    if (pending.isEmpty())
+    if (pending.IsEmpty())
         return;
-    AddToPart(StdfLotRecords::PartResult(uutTest, topTest, testNumber));
-    for (const QByteArray& records : std::as_const(pending))
-        Write(records);
-    pending.clear();
+    pending.Add(StdfLotRecords::PartResult(pending.Room(), uutTest, topTest, testNumber));
+    pending.ForEachBlock([this](QByteArrayView records) { Write(records); });
+    pending.Clear();
     testNumber = 0;
     ++partCount;
     // A count that another program left as unknown stays so.
@@ -330,12 +321,13 @@ void CReportBuilderSTDF::CutBehindCounts(QIODevice* output)
         NoteOutputFailure();
 }
 
-bool CReportBuilderSTDF::Write(const QByteArray& records)
+bool CReportBuilderSTDF::Write(QByteArrayView records)
 {
     if (blocked)
         return false;
     QIODevice* const output = GetDevice();
-    if (!output || !output->isOpen() || !output->isWritable() || output->write(records) != records.size()) {
+    if (!output || !output->isOpen() || !output->isWritable() ||
+        output->write(records.data(), records.size()) != records.size()) {
         NoteOutputFailure();
         return false;
     }

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "StdfLotFile.h"
-#include "StdfRecord.h"
+#include "StdfPart.h"
+#include "StdfTestRecord.h"
 
 #include "export/CExportBuilderImp.h"
 
 #include <QtCore/QSet>
+
+#include <optional>
 
 namespace ZYN {
 
@@ -61,11 +64,10 @@ private:
     void BeginStream(QIODevice* output, qint64 position);
     void Redirect();
     void AddTest();
-    void AddToPart(QByteArrayView records);
     void WritePart();
     void WriteCounts();
     void CutBehindCounts(QIODevice* output);
-    bool Write(const QByteArray& records);
+    bool Write(QByteArrayView records);
 
     const bool append;
     UUTTest* uutTest = nullptr;
@@ -78,6 +80,8 @@ private:
     TestGroup* group = nullptr;
     TestStep* step = nullptr;
     TestMeasurement* measurement = nullptr;
+    /// Of the current step and group, once it is needed.
+    std::optional<StdfStepText> stepText;
 
     bool started = false;
     /// Not to be written to: another lot's device that has no failure file.
@@ -86,9 +90,7 @@ private:
     quint32 testNumber = 0;
     quint32 partCount = 0;
     quint32 goodCount = 0;
-    StdfRecord record;
-    /// The records of the part so far, in blocks: a part may have a million tests.
-    QList<QByteArray> pending;
+    StdfPart pending;
 
     Closing lastClosing;
     /// Files of other lots that this builder met; it does not come back to them.

@@ -181,7 +181,7 @@ void CReportBuilderXML::WriteLeaf(const QString& element, const TestComponent* c
                                   const TestResult* result)
 {
     StartComponent(element, component);
-    if (const QSharedPointer<ValidationInterface> validation = result->GetValidation())
+    if (const auto& validation = result->GetValidation())
         writer->WriteLimits(validation.data(), component);
     writer->WriteResult(result);
     writer->WriteEndElement();

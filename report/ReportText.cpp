@@ -9,15 +9,29 @@
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNCommon/ValueDisplay.h>
 
+#include <QtCore/QLocale>
 #include <QtCore/QStringBuilder>
 
 namespace ZYN::ReportText {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// What `QVariant::toString` gives, without its detour for real numbers, which most values are.
+QString PlainText(const QVariant& value)
+{
+    return value.typeId() == QMetaType::Double
+               ? QString::number(*static_cast<const double*>(value.constData()), 'g',
+                                 QLocale::FloatingPointShortest)
+               : value.toString();
+}
+
+} // namespace
+
 const ValueDisplay* Display(const TestResult* result)
 {
-    const auto validation = result->GetValidation();
+    const auto& validation = result->GetValidation();
     return validation ? validation->GetValueDisplay() : nullptr;
 }
 
@@ -50,7 +64,7 @@ Row::Row(const TestComponent* rowComponent, const TestResult* rowResult, const V
     : component(rowComponent)
     , result(rowResult)
     , display(rowDisplay)
-    , validation(rowResult->GetValidation())
+    , validation(rowResult->GetValidation().data())
 {
 }
 
@@ -91,12 +105,12 @@ QString Result(const Row& row)
 
 QString PlainValue(const Row& row)
 {
-    return row.result->GetValue().toString();
+    return PlainText(row.result->GetValue());
 }
 
 QString ShownValue(const Row& row)
 {
-    const QVariant value = row.result->GetValue();
+    const QVariant& value = row.result->GetValue();
     if (!value.isValid())
         return {};
     return row.display ? row.display->ToString(value) : ValueDisplay::StaticToString(value);
@@ -121,7 +135,7 @@ QString LowerOperator(const Row& row)
 QString PlainLowerLimit(const Row& row)
 {
     const bool limited = row.validation && row.validation->HasLowerLimit();
-    return limited ? row.validation->GetLowerLimit().toString() : QString();
+    return limited ? PlainText(row.validation->GetLowerLimit()) : QString();
 }
 
 QString UpperOperator(const Row& row)
@@ -133,7 +147,7 @@ QString UpperOperator(const Row& row)
 QString PlainUpperLimit(const Row& row)
 {
     const bool limited = row.validation && row.validation->HasUpperLimit();
-    return limited ? row.validation->GetUpperLimit().toString() : QString();
+    return limited ? PlainText(row.validation->GetUpperLimit()) : QString();
 }
 
 QString ShownLowerLimit(const Row& row)

@@ -2,7 +2,6 @@
 
 #include <ZYNCommon/ZYNTypes.h>
 
-#include <QtCore/QSharedPointer>
 #include <QtCore/QString>
 
 namespace ZYN {
@@ -40,7 +39,7 @@ struct Row {
     const TestComponent* component;
     const TestResult* result;
     const ValueDisplay* display;
-    QSharedPointer<ValidationInterface> validation;
+    const ValidationInterface* validation;
 };
 
 /// How a column looks its text up.

@@ -11,6 +11,7 @@
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/ZYNSession.h>
 
+#include <array>
 #include <limits>
 
 namespace ZYN::StdfLotRecords {
@@ -23,6 +24,8 @@ constexpr quint16 noSoftBin = 65535;
 constexpr quint16 noBurnInTime = 65535;
 constexpr qint16 noCoordinate = -32768;
 const QStringView none;
+
+using RecordMemory = std::array<char, StdfRecord::longest>;
 
 QString ProductName(const UUTTest* test)
 {
@@ -66,7 +69,8 @@ QByteArray FileHeader(const UUTTest* test, const TestProgram* program)
 {
     constexpr quint8 littleEndian = 2;
     constexpr quint8 version = 4;
-    StdfRecord record;
+    RecordMemory memory;
+    StdfRecord record(memory.data());
     QByteArray header = record.Begin(0, 10).U1(littleEndian).U1(version).Bytes().toByteArray(); // FAR
     if (!test || !program)
         return header;
@@ -95,15 +99,15 @@ QByteArray FileHeader(const UUTTest* test, const TestProgram* program)
     return header += record.Bytes();
 }
 
-QByteArray PartStart()
+QByteArrayView PartStart(char* memory)
 {
-    return StdfRecord().Begin(5, 10).U1(head).U1(site).Bytes().toByteArray();
+    return StdfRecord(memory).Begin(5, 10).U1(head).U1(site).Bytes();
 }
 
-QByteArray PartResult(const UUTTest* test, const UUTTest* topTest, quint32 tests)
+QByteArrayView PartResult(char* memory, const UUTTest* test, const UUTTest* topTest, quint32 tests)
 {
     const QString ownProduct = ProductName(test);
-    return StdfRecord()
+    return StdfRecord(memory)
         .Begin(5, 20)
         .U1(head)
         .U1(site)
@@ -116,13 +120,13 @@ QByteArray PartResult(const UUTTest* test, const UUTTest* topTest, quint32 tests
         .U4(static_cast<quint32>(test->GetDuration_ms()))
         .Cn(UnitIdent(test))
         .Cn(ownProduct.isEmpty() ? ProductName(topTest) : ownProduct)
-        .Bytes()
-        .toByteArray();
+        .Bytes();
 }
 
 QByteArray Closing(quint32 partCount, quint32 goodCount, std::optional<quint32> finishTime)
 {
-    StdfRecord record;
+    RecordMemory memory;
+    StdfRecord record(memory.data());
     QByteArray closing = record
                              .Begin(1, 30) // PCR
                              .U1(head)

@@ -24,11 +24,13 @@ QString UnitIdent(const UUTTest* test);
 /// FAR and, when there is a test, MIR.
 QByteArray FileHeader(const UUTTest* test, const TestProgram* program);
 /// PIR.
-QByteArray PartStart();
+/// \param memory room for `StdfRecord::longest` bytes, where the record is made
+QByteArrayView PartStart(char* memory);
 /// PRR of a unit or a panel item.
+/// \param memory as for `PartStart`
 /// \param topTest the test of the whole unit; gives the product type where the item has none
 /// \param tests number of test records of the part
-QByteArray PartResult(const UUTTest* test, const UUTTest* topTest, quint32 tests);
+QByteArrayView PartResult(char* memory, const UUTTest* test, const UUTTest* topTest, quint32 tests);
 /// PCR and, with a time, MRR.
 QByteArray Closing(quint32 partCount, quint32 goodCount, std::optional<quint32> finishTime);
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include <QtCore/QByteArray>
 #include <QtCore/QByteArrayView>
 #include <QtCore/QStringView>
 #include <QtCore/QtEndian>
 
-#include <array>
+#include <algorithm>
 #include <bit>
+#include <charconv>
 #include <cstring>
-#include <initializer_list>
+#include <system_error>
 
 namespace ZYN {
 
@@ -16,13 +16,24 @@ namespace ZYN {
 /// the header (REC_LEN, REC_TYP, REC_SUB) stands in front and its length is filled in by `Bytes`.
 /// Format: the STDF V4 standard.
 ///
-/// Needs no memory of its own, whatever it holds: a lot has millions of records.
+/// Needs no memory of its own, whatever it holds, and stays in the processor's registers while a record
+/// is written: a lot has millions of them.
 class StdfRecord {
 public:
+    /// The longest record of a lot file, the MIR, has eight texts of 256 bytes and few numbers.
+    static constexpr size_t longest = 8 * 256 + 64;
+
+    /// \param memory room for `longest` bytes; borrowed
+    explicit StdfRecord(char* memory)
+        : start(memory)
+        , at(memory)
+    {
+    }
+
     /// Starts a record and forgets the one before.
     StdfRecord& Begin(quint8 type, quint8 subType)
     {
-        size = 0;
+        at = start;
         return U2(0).U1(type).U1(subType);
     }
 
@@ -33,29 +44,67 @@ public:
     StdfRecord& I2(qint16 value) { return Append(value); }
     StdfRecord& R4(float value) { return Append(std::bit_cast<quint32>(value)); }
     StdfRecord& C1(char value) { return Append(static_cast<quint8>(value)); }
-    /// A text with its length in front: the first 255 UTF-16 units, each as one Latin-1 byte; what
-    /// Latin-1 cannot hold becomes '?'.
-    StdfRecord& Cn(QStringView text) { return Cn({text}); }
-    /// The same for a text that consists of pieces.
-    StdfRecord& Cn(std::initializer_list<QStringView> pieces);
+    StdfRecord& Cn(QStringView text) { return BeginText().Text(text).EndText(); }
 
-    /// The whole record; valid until the next `Begin`.
-    QByteArrayView Bytes();
+    /// A text with its length in front, in pieces: the first 255 UTF-16 units, each as one Latin-1 byte;
+    /// what Latin-1 cannot hold becomes '?'.
+    StdfRecord& BeginText()
+    {
+        textStart = at++;
+        return *this;
+    }
+    StdfRecord& Text(QStringView piece)
+    {
+        const char16_t* const units = piece.utf16();
+        const qsizetype count = std::min(piece.size(), Room());
+        for (qsizetype index = 0; index < count; ++index)
+            at[index] = units[index] > 0xff ? '?' : static_cast<char>(units[index]);
+        at += count;
+        return *this;
+    }
+    StdfRecord& Text(QByteArrayView latin1)
+    {
+        at = std::copy_n(latin1.data(), std::min(latin1.size(), Room()), at);
+        return *this;
+    }
+    /// A number in decimal; near the end of a text it is left out.
+    StdfRecord& Text(long number)
+    {
+        if (const auto [end, error] = std::to_chars(at, at + Room(), number); error == std::errc())
+            at = end;
+        return *this;
+    }
+    StdfRecord& EndText()
+    {
+        *textStart = static_cast<char>(at - textStart - 1);
+        return *this;
+    }
+
+    /// The whole record.
+    QByteArrayView Bytes()
+    {
+        constexpr qsizetype headerSize = 4;
+        const auto length = qToLittleEndian(static_cast<quint16>(at - start - headerSize));
+        std::memcpy(start, &length, sizeof length);
+        return {start, at - start};
+    }
 
 private:
+    qsizetype Room() const { return 255 - (at - textStart - 1); }
+
     template <class Number>
     StdfRecord& Append(Number value)
     {
         const Number raw = qToLittleEndian(value);
-        Q_ASSERT(size + sizeof raw <= bytes.size());
-        std::memcpy(bytes.data() + size, &raw, sizeof raw);
-        size += sizeof raw;
+        std::memcpy(at, &raw, sizeof raw);
+        at += sizeof raw;
         return *this;
     }
 
-    /// The longest record of a lot file, the MIR, has eight texts of 256 bytes and few numbers.
-    std::array<char, 4096> bytes;
-    size_t size = 0;
+    char* start;
+    char* at;
+    /// Where the current text begins, with its length.
+    char* textStart = nullptr;
 };
 
 } // namespace ZYN

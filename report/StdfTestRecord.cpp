@@ -12,6 +12,7 @@
 
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace ZYN {
 
@@ -52,43 +53,42 @@ const Scale& ScaleOf(qint8 factor)
 
 float ToFloat(const QVariant& value)
 {
-    // Most values are; the general conversion costs more than the rest of the record.
-    return value.typeId() == QMetaType::Double ? static_cast<float>(value.toDouble()) : value.toFloat();
+    // Most values are real numbers, and the general conversion takes its time.
+    return value.metaType() == QMetaType::fromType<double>()
+               ? static_cast<float>(*static_cast<const double*>(value.constData()))
+               : value.toFloat();
 }
 
 Judgement Judge(const TestResult* result, bool numeric)
 {
     Judgement judgement;
-    const QSharedPointer<ValidationInterface> validation = result->GetValidation();
+    const auto& validation = result->GetValidation();
     if (!validation)
         return judgement;
-    judgement.scaleInvalid = false;
-    if (const ValueDisplay* const display = validation->GetValueDisplay()) {
-        judgement.scale = static_cast<qint8>(display->GetScaleFactor());
-        judgement.scaleInvalid = !ScaleOf(judgement.scale).valid;
-    }
-    const float multiplier = ScaleOf(judgement.scale).multiplier;
-    const auto scaled = [&](const QVariant& value) { return numeric ? ToFloat(value) * multiplier : 0.0F; };
+    const auto limits = ModelAdapter::Limits(validation.data());
+    if (limits.display)
+        judgement.scale = static_cast<qint8>(limits.display->GetScaleFactor());
+    const auto [multiplier, valid] = ScaleOf(judgement.scale);
+    judgement.scaleInvalid = !valid;
+    const auto scaled = [&, factor = multiplier](const QVariant& value) {
+        return numeric ? ToFloat(value) * factor : 0.0F;
+    };
 
-    if (const QVariant value = result->GetValue(); !value.isNull()) {
+    if (const QVariant& value = result->GetValue(); !value.isNull()) {
         judgement.valueMissing = false;
         judgement.result = scaled(value);
     }
-    if (validation->HasLowerLimit()) {
-        if (const QVariant limit = validation->GetLowerLimit(); !limit.isNull()) {
-            judgement.hasLow = true;
-            judgement.lowLimit = scaled(limit);
-            judgement.lowPass = ValueComperator::Verify(judgement.lowLimit, judgement.result,
-                                                        ModelAdapter::Code(validation->GetLowerOperator()));
-        }
+    if (limits.lower) {
+        judgement.hasLow = true;
+        judgement.lowLimit = scaled(*limits.lower);
+        judgement.lowPass =
+            ValueComperator::Verify(judgement.lowLimit, judgement.result, limits.lowerOperator);
     }
-    if (validation->HasUpperLimit()) {
-        if (const QVariant limit = validation->GetUpperLimit(); !limit.isNull()) {
-            judgement.hasHigh = true;
-            judgement.highLimit = scaled(limit);
-            judgement.highPass = ValueComperator::Verify(judgement.result, judgement.highLimit,
-                                                         ModelAdapter::Code(validation->GetUpperOperator()));
-        }
+    if (limits.upper) {
+        judgement.hasHigh = true;
+        judgement.highLimit = scaled(*limits.upper);
+        judgement.highPass =
+            ValueComperator::Verify(judgement.result, judgement.highLimit, limits.upperOperator);
     }
     return judgement;
 }
@@ -121,29 +121,35 @@ quint8 OptionalFlags(const Judgement& judgement)
 }
 
 /// TEST_TXT: ident, name unless it is the step's, step, group.
-void AddTestText(StdfRecord& record, const TestMeasurement* measurement, const TestStep* step,
-                 const TestGroup* group)
+void AddTestText(StdfRecord& record, const TestMeasurement* measurement, const StdfStepText& stepText)
 {
-    constexpr QStringView dash = u" - ";
-    const QString ident = measurement->GetIdentString();
-    const QString name = measurement->GetName();
-    const QString stepName = step->GetName();
-    const QString groupName = group->GetName();
-    if (name == stepName)
-        record.Cn({u"[", ident, u"] ", stepName, dash, groupName});
+    record.BeginText().Text("[");
+    if (const std::optional<long> number = ModelAdapter::NumberAsIdent(measurement))
+        record.Text(*number);
     else
-        record.Cn({u"[", ident, u"] ", name, dash, stepName, dash, groupName});
+        record.Text(measurement->GetIdentString());
+    record.Text("] ");
+    if (const QString name = measurement->GetName(); name != stepText.stepName)
+        record.Text(name).Text(" - ");
+    record.Text(stepText.ending).EndText();
 }
 
 } // namespace
 
-QByteArrayView StdfTestRecord(StdfRecord& record, quint32 number, const TestMeasurement* measurement,
-                              const TestStep* step, const TestGroup* group, const TestResult* result)
+StdfStepText::StdfStepText(const TestStep* step, const TestGroup* group)
+    : stepName(step->GetName())
+    , ending((stepName + QLatin1StringView(" - ") + group->GetName()).toLatin1())
+{
+}
+
+QByteArrayView StdfTestRecord(char* memory, quint32 number, const TestMeasurement* measurement,
+                              const StdfStepText& stepText, const TestResult* result)
 {
     const EN_ZYN_ADDRESS kind = ModelAdapter::TypeCode(measurement);
     const Judgement judgement = Judge(result, ModelAdapter::IsNumber(kind));
     const auto exponent = static_cast<qint8>(-judgement.scale);
 
+    StdfRecord record(memory);
     record.Begin(15, 10)
         .U4(number)
         .U1(1) // HEAD_NUM
@@ -151,7 +157,7 @@ QByteArrayView StdfTestRecord(StdfRecord& record, quint32 number, const TestMeas
         .U1(TestFlags(judgement, ModelAdapter::ResultState(measurement)))
         .U1(ParameterFlags(judgement))
         .R4(judgement.result);
-    AddTestText(record, measurement, step, group);
+    AddTestText(record, measurement, stepText);
     return record
         .Cn(QStringView()) // ALARM_ID
         .U1(OptionalFlags(judgement))

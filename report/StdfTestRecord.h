@@ -9,13 +9,22 @@ class TestMeasurement;
 class TestResult;
 class TestStep;
 
+/// What the texts of all tests of a step have in common.
+struct StdfStepText {
+    StdfStepText(const TestStep* step, const TestGroup* group);
+
+    QString stepName;
+    /// Step and group as they end each text, in Latin-1.
+    QByteArray ending;
+};
+
 /// The PTR of one measurement.
 ///
 /// RESULT and the limits are multiplied with 0.1 to the power of the value display's scale factor and
 /// RES_SCAL holds the negated factor; see docs/formats.md on how to read them together.
 /// \param number TEST_NUM, from 1 within a part
-/// \return the record, as it is to be written; valid until `record` is used again
-QByteArrayView StdfTestRecord(StdfRecord& record, quint32 number, const TestMeasurement* measurement,
-                              const TestStep* step, const TestGroup* group, const TestResult* result);
+/// \param memory room for `StdfRecord::longest` bytes, where the record is made
+QByteArrayView StdfTestRecord(char* memory, quint32 number, const TestMeasurement* measurement,
+                              const StdfStepText& stepText, const TestResult* result);
 
 } // namespace ZYN

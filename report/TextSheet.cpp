@@ -4,8 +4,6 @@
 
 namespace ZYN {
 
-using namespace Qt::StringLiterals;
-
 void TextSheet::EmptyLine()
 {
     EndLine();
@@ -19,42 +17,37 @@ void TextSheet::Banner(QStringView text, QChar pad)
 
 void TextSheet::Rule(QChar pad)
 {
-    Fill(lineWidth, pad);
+    line.Add(lineWidth, pad);
     EndLine();
 }
 
 void TextSheet::Label(QStringView label, QStringView value, int width)
 {
     Field(label, width, Align::Left, u' ');
-    line += value;
+    line.Add(value);
     EndLine();
 }
 
 void TextSheet::Cell(QStringView text, int width, Align align, int indentation)
 {
-    Fill(indentation, u' ');
+    line.Add(indentation, u' ');
     Field(text, width - indentation, align, u' ');
-    line += " | "_L1;
+    line.Add(u" | ");
 }
 
 void TextSheet::EndLine()
 {
-    stream << line << Qt::endl;
-    line.resize(0);
+    stream << line.View() << Qt::endl;
+    line.Clear();
 }
 
 void TextSheet::Field(QStringView text, int width, Align align, QChar pad)
 {
     const qsizetype padding = std::max<qsizetype>(0, width - text.size());
     const qsizetype before = align == Align::Centre ? padding / 2 : 0;
-    Fill(before, pad);
-    line += text;
-    Fill(padding - before, pad);
-}
-
-void TextSheet::Fill(qsizetype count, QChar pad)
-{
-    line.resize(line.size() + count, pad);
+    line.Add(before, pad);
+    line.Add(text);
+    line.Add(padding - before, pad);
 }
 
 } // namespace ZYN

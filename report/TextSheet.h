@@ -1,6 +1,8 @@
 #pragma once
 
-#include <QtCore/QString>
+#include "LineText.h"
+
+#include <QtCore/QStringView>
 #include <QtCore/QTextStream>
 
 namespace ZYN {
@@ -35,11 +37,9 @@ public:
 
 private:
     void Field(QStringView text, int width, Align align, QChar pad);
-    void Fill(qsizetype count, QChar pad);
 
     QTextStream& stream;
-    /// The line being made; kept for its memory.
-    QString line;
+    LineText line;
 };
 
 } // namespace ZYN

@@ -124,9 +124,9 @@ void UPrivateXMLWriter::WriteResult(const TestResult* result)
 
 void UPrivateXMLWriter::WriteResultValues(const TestResult* result)
 {
-    const QSharedPointer<ValidationInterface> validation = result->GetValidation();
+    const auto& validation = result->GetValidation();
     const ValueDisplay* const display = validation ? validation->GetValueDisplay() : nullptr;
-    const QVariant value = result->GetValue();
+    const QVariant& value = result->GetValue();
     WriteProperty(u"Value"_s, display ? display->ToString(value) : ValueDisplay::StaticToString(value));
     WriteProperty(u"Unit"_s, result->GetUnitString(display, false));
     WriteProperty(u"Duration"_s, result->GetDurationString());

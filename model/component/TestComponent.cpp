@@ -25,7 +25,7 @@ QString TestComponent::GetName() const
 
 QString TestComponent::GetIdentString() const
 {
-    return m_ident.isNull() ? QString::number(id) : m_ident;
+    return HasIdentString() ? m_ident : QString::number(id);
 }
 
 void TestComponent::SetIdentString(const QString& ident)
@@ -37,11 +37,6 @@ void TestComponent::SetIdentString(const QString& ident)
 QString TestComponent::GetTypeString() const
 {
     return ZYNTools::AddressToDataTypeString(type);
-}
-
-CtrlLogInReport* TestComponent::GetLogInReportCtrl() const
-{
-    return m_logInReport.get();
 }
 
 CtrlEnable* TestComponent::GetEnableCtrl() const
@@ -99,11 +94,6 @@ void TestComponent::SetResult(TestResult* result)
     // A result withdraws itself from its own component; kept by another one it would dangle.
     if (!result || result->GetComponent() == this)
         m_result = result;
-}
-
-TestResult* TestComponent::GetResult() const
-{
-    return m_result;
 }
 
 QList<TestComponent*> TestComponent::GetChildren() const

@@ -6,6 +6,8 @@
 #include <ZYNCommon/TestProgram.h>
 #include <ZYNCommon/TestStep.h>
 
+#include "SharedAt.h"
+
 namespace ZYN {
 
 TestGroup::TestGroup(long groupId, const QString& name, TestProgram* parent, unsigned int line, long position,
@@ -27,9 +29,9 @@ int TestGroup::GetParameterCount() const
     return static_cast<int>(m_parameters.size());
 }
 
-QSharedPointer<TestParameter> TestGroup::GetParameterForIndex(int index) const
+const QSharedPointer<TestParameter>& TestGroup::GetParameterForIndex(int index) const
 {
-    return m_parameters.value(index);
+    return SharedAt(m_parameters, index);
 }
 
 int TestGroup::AddParameter(QSharedPointer<TestParameter> parameter)
@@ -46,9 +48,9 @@ int TestGroup::GetStepCount() const
     return static_cast<int>(m_steps.size());
 }
 
-QSharedPointer<TestStep> TestGroup::GetStepForIndex(int index) const
+const QSharedPointer<TestStep>& TestGroup::GetStepForIndex(int index) const
 {
-    return m_steps.value(index);
+    return SharedAt(m_steps, index);
 }
 
 int TestGroup::AddStep(QSharedPointer<TestStep> step)

@@ -2,6 +2,8 @@
 
 #include <ZYNCommon/TestGroup.h>
 
+#include "SharedAt.h"
+
 namespace ZYN {
 
 TestProgram::TestProgram(long programId, const QString& name, unsigned long checksum)
@@ -17,9 +19,9 @@ int TestProgram::GetGroupCount() const
     return static_cast<int>(m_groups.size());
 }
 
-QSharedPointer<TestGroup> TestProgram::GetGroupForIndex(int index) const
+const QSharedPointer<TestGroup>& TestProgram::GetGroupForIndex(int index) const
 {
-    return m_groups.value(index);
+    return SharedAt(m_groups, index);
 }
 
 int TestProgram::AddGroup(QSharedPointer<TestGroup> group)

@@ -5,6 +5,8 @@
 #include <ZYNCommon/TestGroup.h>
 #include <ZYNCommon/TestMeasurement.h>
 
+#include "SharedAt.h"
+
 #include <algorithm>
 
 namespace ZYN {
@@ -34,9 +36,9 @@ int TestStep::GetMeasurementCount() const
     return static_cast<int>(m_measurements.size());
 }
 
-QSharedPointer<TestMeasurement> TestStep::GetMeasurementForIndex(int index) const
+const QSharedPointer<TestMeasurement>& TestStep::GetMeasurementForIndex(int index) const
 {
-    return m_measurements.value(index);
+    return SharedAt(m_measurements, index);
 }
 
 QSharedPointer<TestMeasurement> TestStep::GetMeasurementForID(long measurementId) const

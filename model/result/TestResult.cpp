@@ -50,11 +50,6 @@ TestResult::~TestResult()
         m_component->SetResult(nullptr);
 }
 
-QSharedPointer<TestComponent> TestResult::GetComponent() const
-{
-    return m_component;
-}
-
 EN_ZYN_RESULT TestResult::GetResult() const
 {
     return m_result ? *m_result : DerivedResult();
@@ -102,11 +97,6 @@ QString TestResult::ResultToString(EN_ZYN_RESULT result)
 QString TestResult::GetValueTypeString() const
 {
     return m_component ? ZYNTools::AddressToDataTypeString(m_component->type) : QString();
-}
-
-QVariant TestResult::GetValue() const
-{
-    return m_value;
 }
 
 QString TestResult::GetValueString(const ValueDisplay* display) const
@@ -163,11 +153,6 @@ QString TestResult::GetDurationString() const
 QString TestResult::GetDurationStringFormated() const
 {
     return DurationText::ForPeople(m_duration);
-}
-
-QSharedPointer<ValidationInterface> TestResult::GetValidation() const
-{
-    return m_validation;
 }
 
 void TestResult::SetResult(EN_ZYN_RESULT result)

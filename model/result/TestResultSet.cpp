@@ -33,15 +33,6 @@ QSharedPointer<Station> TestResultSet::GetStation() const
     return m_station;
 }
 
-TestResult* TestResultSet::GetResult(const TestComponent* component) const
-{
-    // Usually the component's newest result is the one; it lies at hand, and the table does not.
-    TestResult* const newest = component ? component->GetResult() : nullptr;
-    if (newest && newest->m_set == this && newest->m_component == component && !newest->m_superseded)
-        return newest;
-    return m_resultForComponent.value(component);
-}
-
 void TestResultSet::AddResult(TestResult* result)
 {
     if (!result || result->m_set)
@@ -97,7 +88,7 @@ int TestResultSet::GetFaildStepCount() const
 {
     int failed = 0;
     for (int index = 0; m_program && index < m_program->GetGroupCount(); ++index) {
-        const auto group = m_program->GetGroupForIndex(index);
+        const auto& group = m_program->GetGroupForIndex(index);
         for (int place = 0; place < group->GetStepCount(); ++place)
             failed += GetVerdict(group->GetStepForIndex(place).data()) < 0;
     }
@@ -108,7 +99,7 @@ QList<QString> TestResultSet::GetFailedTestGroups() const
 {
     QList<QString> idents;
     for (int index = 0; m_program && index < m_program->GetGroupCount(); ++index) {
-        const auto group = m_program->GetGroupForIndex(index);
+        const auto& group = m_program->GetGroupForIndex(index);
         if (GetVerdict(group.data()) < 0)
             idents.append(group->GetIdentString());
     }

@@ -24,7 +24,7 @@ namespace {
 /// The limits of a run: what the value was judged with, else what the component was planned with.
 QSharedPointer<ValidationInterface> ValidationOf(const TestResult* result, const TestComponent* component)
 {
-    if (const auto validation = result->GetValidation())
+    if (const auto& validation = result->GetValidation())
         return validation;
     const CtrlValidation* const control = component->GetValidationCtrl();
     return control ? control->GetValidation() : nullptr;

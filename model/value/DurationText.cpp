@@ -2,16 +2,40 @@
 
 #include <ZYNCommon/DecimalText.h>
 
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace ZYN::DurationText {
 
 namespace {
 
-QString TwoDigits(qint64 value)
-{
-    return QStringLiteral("%1").arg(value, 2, 10, QLatin1Char('0'));
-}
+/// A text of numbers and their units, built in place.
+class Pieces {
+public:
+    /// \param width least number of digits, filled up with zeros
+    Pieces& Number(qint64 number, int width = 1)
+    {
+        char digits[24];
+        const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
+        for (auto missing = width - (end - digits); missing > 0; --missing)
+            m_text[m_size++] = u'0';
+        for (const char* digit = digits; digit != end; ++digit)
+            m_text[m_size++] = static_cast<char16_t>(*digit);
+        return *this;
+    }
+    Pieces& Text(QStringView text)
+    {
+        std::copy(text.utf16(), text.utf16() + text.size(), m_text + m_size);
+        m_size += text.size();
+        return *this;
+    }
+    QString ToString() const { return QStringView(m_text, m_size).toString(); }
+
+private:
+    char16_t m_text[64]; ///< three numbers of a duration need half of it
+    qsizetype m_size = 0;
+};
 
 } // namespace
 
@@ -31,14 +55,23 @@ QString ForPeople(double seconds)
 
     const qint64 milliseconds = std::llround(seconds * 1000);
     if (milliseconds < 60'000)
-        return QStringLiteral("%1.%2 s").arg(
-            QString::number(milliseconds / 1000),
-            QStringLiteral("%1").arg(milliseconds % 1000, 3, 10, QLatin1Char('0')));
+        return Pieces()
+            .Number(milliseconds / 1000)
+            .Text(u".")
+            .Number(milliseconds % 1000, 3)
+            .Text(u" s")
+            .ToString();
     const qint64 whole = std::llround(seconds);
     if (whole < 3600)
-        return QStringLiteral("%1 min %2 s").arg(QString::number(whole / 60), TwoDigits(whole % 60));
-    return QStringLiteral("%1 h %2 min %3 s")
-        .arg(QString::number(whole / 3600), TwoDigits(whole / 60 % 60), TwoDigits(whole % 60));
+        return Pieces().Number(whole / 60).Text(u" min ").Number(whole % 60, 2).Text(u" s").ToString();
+    return Pieces()
+        .Number(whole / 3600)
+        .Text(u" h ")
+        .Number(whole / 60 % 60, 2)
+        .Text(u" min ")
+        .Number(whole % 60, 2)
+        .Text(u" s")
+        .ToString();
 }
 
 } // namespace ZYN::DurationText

@@ -38,11 +38,6 @@ LimitOperator::LimitOperator(Code code)
 {
 }
 
-LimitOperator::Code LimitOperator::GetCode() const
-{
-    return m_code;
-}
-
 QString LimitOperator::ToString() const
 {
     // The texts are constants: a report asks for them twice a row, so they are not copied.

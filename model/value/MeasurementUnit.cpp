@@ -8,29 +8,37 @@ namespace {
 
 struct UnitTexts {
     QStringView text;
-    QLatin1StringView ascii;
+    QStringView ascii;
 };
-
-constexpr UnitTexts Unit(QStringView text, const char* ascii)
-{
-    return {text, QLatin1StringView(ascii)};
-}
 
 /// Indexed by the unit's code.
 constexpr std::array Units{
-    Unit(u"", ""),     Unit(u"V", "V"),          Unit(u"A", "A"),     Unit(u"\u03A9", "Ohm"),
-    Unit(u"F", "F"),   Unit(u"H", "H"),          Unit(u"Hz", "Hz"),   Unit(u"s", "s"),
-    Unit(u"W", "W"),   Unit(u"\u00B0C", "degC"), Unit(u"%", "%"),     Unit(u"K", "K"),
-    Unit(u"dB", "dB"), Unit(u"m", "m"),          Unit(u"g", "g"),     Unit(u"Pa", "Pa"),
-    Unit(u"N", "N"),   Unit(u"C", "C"),          Unit(u"J", "J"),     Unit(u"lm", "lm"),
-    Unit(u"cd", "cd"), Unit(u"lx", "lx"),        Unit(u"T", "T"),     Unit(u"rpm", "rpm"),
-    Unit(u"S", "S"),   Unit(u"hex", "hex"),      Unit(u"bin", "bin"),
+    UnitTexts{u"", u""},       UnitTexts{u"V", u"V"},
+    UnitTexts{u"A", u"A"},     UnitTexts{u"\u03A9", u"Ohm"},
+    UnitTexts{u"F", u"F"},     UnitTexts{u"H", u"H"},
+    UnitTexts{u"Hz", u"Hz"},   UnitTexts{u"s", u"s"},
+    UnitTexts{u"W", u"W"},     UnitTexts{u"\u00B0C", u"degC"},
+    UnitTexts{u"%", u"%"},     UnitTexts{u"K", u"K"},
+    UnitTexts{u"dB", u"dB"},   UnitTexts{u"m", u"m"},
+    UnitTexts{u"g", u"g"},     UnitTexts{u"Pa", u"Pa"},
+    UnitTexts{u"N", u"N"},     UnitTexts{u"C", u"C"},
+    UnitTexts{u"J", u"J"},     UnitTexts{u"lm", u"lm"},
+    UnitTexts{u"cd", u"cd"},   UnitTexts{u"lx", u"lx"},
+    UnitTexts{u"T", u"T"},     UnitTexts{u"rpm", u"rpm"},
+    UnitTexts{u"S", u"S"},     UnitTexts{u"hex", u"hex"},
+    UnitTexts{u"bin", u"bin"},
 };
 static_assert(Units.size() == MeasurementUnit::Binary + 1);
 
 bool IsKnown(int code)
 {
     return code >= 0 && code < int(Units.size());
+}
+
+/// The texts are constants: a report asks for them in every row, so they are not copied.
+QString Constant(QStringView text)
+{
+    return QString::fromRawData(text.data(), text.size());
 }
 
 } // namespace
@@ -47,16 +55,12 @@ int MeasurementUnit::GetCode() const
 
 QString MeasurementUnit::ToString() const
 {
-    if (!IsKnown(m_code))
-        return {};
-    // The texts are constants: a report asks for them in every row, so they are not copied.
-    const QStringView text = Units[size_t(m_code)].text;
-    return QString::fromRawData(text.data(), text.size());
+    return IsKnown(m_code) ? Constant(Units[size_t(m_code)].text) : QString();
 }
 
 QString MeasurementUnit::ToAsciiString() const
 {
-    return IsKnown(m_code) ? QString(Units[size_t(m_code)].ascii) : QString();
+    return IsKnown(m_code) ? Constant(Units[size_t(m_code)].ascii) : QString();
 }
 
 QList<int> MeasurementUnit::KnownCodes()

@@ -10,21 +10,28 @@ TestValidation::Limit::Limit(const char* operatorText, const QVariant& limit)
 {
 }
 
-bool TestValidation::Limit::Exists() const
+const QVariant& TestValidation::Limit::Get() const
 {
-    return op.GetCode() != LimitOperator::None && value.isValid();
+    static const QVariant none;
+    return Exists() ? value : none;
 }
 
 TestValidation::TestValidation(std::span<const Property> properties, int unitCode,
                                ValueDisplay::ScaleFactor factor, const Limit& lower, const Limit& upper,
                                const BinIds& binIds)
-    : m_lower(lower)
+    : m_unit(unitCode)
+    , m_display(factor, unitCode)
+    , m_lower(lower)
     , m_upper(upper)
     , m_properties(properties)
-    , m_unit(unitCode)
-    , m_display(factor, unitCode)
     , m_binIds(binIds)
 {
+}
+
+ValidationInterface::Limits TestValidation::GetLimits() const
+{
+    return {&m_display, m_lower.Exists() ? &m_lower.value : nullptr, m_lower.op.GetCode(),
+            m_upper.Exists() ? &m_upper.value : nullptr, m_upper.op.GetCode()};
 }
 
 ValueDisplay* TestValidation::GetValueDisplay() const
@@ -42,14 +49,14 @@ bool TestValidation::HasUpperLimit() const
     return m_upper.Exists();
 }
 
-QVariant TestValidation::GetLowerLimit() const
+const QVariant& TestValidation::GetLowerLimit() const
 {
-    return m_lower.Exists() ? m_lower.value : QVariant();
+    return m_lower.Get();
 }
 
-QVariant TestValidation::GetUpperLimit() const
+const QVariant& TestValidation::GetUpperLimit() const
 {
-    return m_upper.Exists() ? m_upper.value : QVariant();
+    return m_upper.Get();
 }
 
 QString TestValidation::GetLowerLimitText() const

@@ -16,11 +16,12 @@ public:
     /// Bin ids in the order of `BinId`; -1 where there is none.
     using BinIds = std::array<long, BinIdCount>;
 
+    Limits GetLimits() const override;
     ValueDisplay* GetValueDisplay() const override;
     bool HasLowerLimit() const override;
     bool HasUpperLimit() const override;
-    QVariant GetLowerLimit() const override;
-    QVariant GetUpperLimit() const override;
+    const QVariant& GetLowerLimit() const override;
+    const QVariant& GetUpperLimit() const override;
     QString GetLowerLimitText() const override;
     QString GetUpperLimitText() const override;
     LimitOperator GetLowerOperator() const override;
@@ -60,7 +61,9 @@ protected:
         QVariant value;
 
         Limit(const char* operatorText, const QVariant& limit);
-        bool Exists() const;
+        bool Exists() const { return op.GetCode() != LimitOperator::None && value.isValid(); }
+        /// The value, invalid when the limit does not exist.
+        const QVariant& Get() const;
     };
 
     /// \param properties the type's properties; they live as long as the program
@@ -72,6 +75,12 @@ protected:
     /// Whether a value lies inside the limits; nothing when it cannot be compared with them.
     virtual std::optional<bool> IsInside(const QVariant& value) const = 0;
 
+    // What every value needs stands together at the front.
+private:
+    MeasurementUnit m_unit;
+    mutable ValueDisplay m_display; ///< handed out for changing, also by a constant validation
+
+protected:
     Limit m_lower;
     Limit m_upper;
     QVariant m_nominal;
@@ -82,8 +91,6 @@ private:
     bool SetScaleFactor(const QVariant& value);
 
     std::span<const Property> m_properties;
-    MeasurementUnit m_unit;
-    mutable ValueDisplay m_display; ///< handed out for changing, also by a constant validation
     bool m_inverted = false;
     BinIds m_binIds;
 };

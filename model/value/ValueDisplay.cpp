@@ -92,11 +92,6 @@ QString ValueDisplay::StaticToString(const QVariant& value)
     return ValueDisplay().ToString(value);
 }
 
-ValueDisplay::ScaleFactor ValueDisplay::GetScaleFactor() const
-{
-    return m_factor;
-}
-
 QString ValueDisplay::GetScaleString() const
 {
     return ScaleFactorToString(m_factor);

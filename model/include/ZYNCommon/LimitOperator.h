@@ -25,7 +25,7 @@ public:
     LimitOperator(const LimitOperator&) = default;
     LimitOperator& operator=(const LimitOperator&) = default;
 
-    Code GetCode() const;
+    Code GetCode() const { return m_code; }
     /// "", "==", "!=", "<", "<=", ">", ">=".
     QString ToString() const;
     /// The operator of a text, surrounding blanks ignored; None for an unknown text.

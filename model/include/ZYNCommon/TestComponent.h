@@ -33,12 +33,14 @@ public:
     QString GetName() const override;
     /// The ident text: the one that was set or else the decimal of the numeric id.
     QString GetIdentString() const;
+    /// Whether an ident text was set.
+    bool HasIdentString() const { return !m_ident.isNull(); }
     void SetIdentString(const QString& ident);
     /// Text of the address code, as `ZYNTools::AddressToDataTypeString` gives it.
     QString GetTypeString() const;
 
     /// Whether the component is reported. Null: no such control, the component is reported.
-    CtrlLogInReport* GetLogInReportCtrl() const;
+    CtrlLogInReport* GetLogInReportCtrl() const { return m_logInReport.get(); }
     CtrlEnable* GetEnableCtrl() const;
     /// The component's own validation (the plan's limits). Null: no such control.
     virtual CtrlValidation* GetValidationCtrl() const;
@@ -58,7 +60,7 @@ public:
     /// result that is destroyed withdraws itself. A result of another component is ignored.
     virtual void SetResult(TestResult* result);
     /// The newest result, or null.
-    TestResult* GetResult() const;
+    TestResult* GetResult() const { return m_result; }
 
     /// Direct children in the order of execution; parameters come before steps. Owned by this object.
     virtual QList<TestComponent*> GetChildren() const;

@@ -24,13 +24,13 @@ public:
     ~TestGroup() override;
 
     int GetParameterCount() const;
-    /// The parameter at an index from 0; null outside the range.
-    QSharedPointer<TestParameter> GetParameterForIndex(int index) const;
+    /// The parameter at an index from 0; null outside the range. Valid until the next one is added.
+    const QSharedPointer<TestParameter>& GetParameterForIndex(int index) const;
     /// \return the index of the parameter, -1 for null
     int AddParameter(QSharedPointer<TestParameter> parameter);
     int GetStepCount() const;
-    /// The step at an index from 0; null outside the range.
-    QSharedPointer<TestStep> GetStepForIndex(int index) const;
+    /// The step at an index from 0; null outside the range. Valid until the next one is added.
+    const QSharedPointer<TestStep>& GetStepForIndex(int index) const;
     /// \return the index of the step, -1 for null
     int AddStep(QSharedPointer<TestStep> step);
 

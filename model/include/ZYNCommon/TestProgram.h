@@ -18,8 +18,8 @@ public:
     ~TestProgram() override;
 
     int GetGroupCount() const;
-    /// The group at an index from 0; null outside the range.
-    QSharedPointer<TestGroup> GetGroupForIndex(int index) const;
+    /// The group at an index from 0; null outside the range. Valid until the next one is added.
+    const QSharedPointer<TestGroup>& GetGroupForIndex(int index) const;
     /// Appends a group and makes this its program.
     /// \return the index of the group, -1 for null
     int AddGroup(QSharedPointer<TestGroup> group);

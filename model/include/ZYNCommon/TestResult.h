@@ -30,7 +30,7 @@ public:
     TestResult(const TestResult&) = delete;
     TestResult& operator=(const TestResult&) = delete;
 
-    QSharedPointer<TestComponent> GetComponent() const;
+    const QSharedPointer<TestComponent>& GetComponent() const { return m_component; }
 
     /// The code that was set; else derived: a measured value is validated (passed or failed; done when
     /// there is no validation), a program, group or step takes the worst of its children's results in
@@ -43,8 +43,8 @@ public:
 
     /// Data type of the component's value, as `ZYNTools::AddressToDataTypeString` gives it.
     QString GetValueTypeString() const;
-    /// The measured value; invalid when nothing was measured.
-    QVariant GetValue() const;
+    /// The measured value; invalid when nothing was measured. Valid until the next one is set.
+    const QVariant& GetValue() const { return m_value; }
     /// The value as text: scaled and in the radix of its unit with a display, plain without one (a
     /// hexadecimal or binary unit still gives its digits). Empty for an invalid value.
     QString GetValueString(const ValueDisplay* display) const;
@@ -68,7 +68,7 @@ public:
     /// Duration for people ("1.250 s", "2 min 03 s").
     QString GetDurationStringFormated() const;
     /// The validation that the value was judged with; null when there was none.
-    QSharedPointer<ValidationInterface> GetValidation() const;
+    const QSharedPointer<ValidationInterface>& GetValidation() const { return m_validation; }
 
     void SetResult(EN_ZYN_RESULT result);
     /// Ignored for a program, group or step: these measure nothing. A real number without a fraction
@@ -85,6 +85,11 @@ public:
 
 private:
     friend class TestResultSet;
+    /// Whether a set holds this result, and no later one, for a component.
+    bool IsCurrentIn(const TestResultSet* set, const TestComponent* component) const
+    {
+        return m_set == set && m_component.data() == component && !m_superseded;
+    }
     EN_ZYN_RESULT DerivedResult() const;
 
     QSharedPointer<TestComponent> m_component;

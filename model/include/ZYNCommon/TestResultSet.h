@@ -1,5 +1,7 @@
 #pragma once
 
+#include <ZYNCommon/TestComponent.h>
+#include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/ZYNCommonGlobal.h>
 #include <ZYNCommon/ZYNTypes.h>
 
@@ -12,9 +14,7 @@
 namespace ZYN {
 
 class Station;
-class TestComponent;
 class TestProgram;
-class TestResult;
 
 /// The results of one run of a test program. Owns its results.
 class ZYNCOMMON_EXPORT TestResultSet : public QObject {
@@ -28,7 +28,13 @@ public:
     QSharedPointer<TestProgram> GetTestProgram() const;
     QSharedPointer<Station> GetStation() const;
     /// The component's result; null when the set holds none (or for null). Constant time.
-    TestResult* GetResult(const TestComponent* component) const;
+    TestResult* GetResult(const TestComponent* component) const
+    {
+        // Usually the component's newest result is the one; it lies at hand, and the table does not.
+        TestResult* const newest = component ? component->GetResult() : nullptr;
+        return newest && newest->IsCurrentIn(this, component) ? newest
+                                                              : m_resultForComponent.value(component);
+    }
     /// Takes ownership; null and a result that belongs to a set already are ignored. Of several results of
     /// one component the last one counts, all are kept until the set is destroyed.
     void AddResult(TestResult* result);

@@ -25,8 +25,8 @@ public:
     ~TestStep() override;
 
     int GetMeasurementCount() const;
-    /// The measurement at an index from 0; null outside the range.
-    QSharedPointer<TestMeasurement> GetMeasurementForIndex(int index) const;
+    /// The measurement at an index from 0; null outside the range. Valid until the next one is added.
+    const QSharedPointer<TestMeasurement>& GetMeasurementForIndex(int index) const;
     /// The first measurement that was added with this id, or null. Constant time.
     QSharedPointer<TestMeasurement> GetMeasurementForID(long id) const;
     /// \return the index of the measurement, -1 for null

@@ -14,15 +14,27 @@ namespace ZYN {
 /// Judges a measured value. Created by `TestComponentFactory`.
 class ZYNCOMMON_EXPORT ValidationInterface {
 public:
+    /// What a value is compared with, and how it is shown. Borrowed from the validation; valid until its
+    /// limits change. A null value is no limit.
+    struct Limits {
+        const ValueDisplay* display = nullptr;
+        const QVariant* lower = nullptr;
+        LimitOperator::Code lowerOperator = LimitOperator::None;
+        const QVariant* upper = nullptr;
+        LimitOperator::Code upperOperator = LimitOperator::None;
+    };
+
     virtual ~ValidationInterface();
 
+    /// The limits and operators below at once, for formats with a record for each of a million values.
+    virtual Limits GetLimits() const = 0;
     /// How values and limits are shown; owned by the validation, never null in this library.
     virtual ValueDisplay* GetValueDisplay() const = 0;
     virtual bool HasLowerLimit() const = 0;
     virtual bool HasUpperLimit() const = 0;
-    /// The limit's value, unscaled; invalid when there is no such limit.
-    virtual QVariant GetLowerLimit() const = 0;
-    virtual QVariant GetUpperLimit() const = 0;
+    /// The limit's value, unscaled; invalid when there is no such limit. Valid until the limit changes.
+    virtual const QVariant& GetLowerLimit() const = 0;
+    virtual const QVariant& GetUpperLimit() const = 0;
     /// The limit as the value display shows it; empty when there is no such limit.
     virtual QString GetLowerLimitText() const = 0;
     virtual QString GetUpperLimitText() const = 0;

@@ -35,7 +35,7 @@ public:
     QString ToString(const QVariant& value) const;
     /// The same without a scale.
     static QString StaticToString(const QVariant& value);
-    ScaleFactor GetScaleFactor() const;
+    ScaleFactor GetScaleFactor() const { return m_factor; }
     /// Text of the factor's prefix.
     QString GetScaleString() const;
     /// "p", "n", "u", "m", "", "k", "M", "G", "T"; "#" for what is no prefix.
