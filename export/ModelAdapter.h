@@ -125,12 +125,6 @@ inline bool IsOperatorText(const QString& text)
     return text.trimmed().isEmpty() || LimitOperator::FromString(text).GetCode() != LimitOperator::None;
 }
 
-/// The code that `ValueComperator::Verify` takes.
-inline LimitOperator::Code Code(const LimitOperator& limitOperator)
-{
-    return limitOperator.GetCode();
-}
-
 /// Version of the application that runs the test programs.
 inline QString EngineVersion()
 {

@@ -16,11 +16,14 @@
 
 #include <QtCore/QLocale>
 
+#include <optional>
+
 namespace ZYN::ModelAdapter {
 
 enum class ValueKind { None, Integer, Real, Text };
 
 inline constexpr auto Id = [](const ManagedObject* object) { return object->number; };
+inline constexpr auto NumberAsIdent = [](const TestComponent*) { return std::optional<long>(); };
 inline constexpr auto TypeCode = [](const TestComponent* component) { return component->kind; };
 inline constexpr auto MeasuredType = [](const TestResult* result) { return result->component->kind; };
 inline constexpr auto SourceLine = [](const TestComponent* component) { return component->line; };
@@ -41,11 +44,26 @@ inline constexpr auto DigitBase = [](int) { return 0; };
 inline constexpr auto IsOperatorText = [](const QString& text) {
     return QStringList{"", "<=", ">="}.contains(text);
 };
-inline constexpr auto Code = [](const LimitOperator& limit) { return limit.code; };
 inline constexpr auto EngineVersion = [] { return ZYNApplication::GetVersion(ZYNAppType::Engine); };
 inline constexpr auto SectionName = [](const IniSection& section) { return section.title; };
 inline constexpr auto Unit = [](const ValidationInterface* limits) { return limits->measurementUnit; };
 inline constexpr auto UnitCode = [](const MeasurementUnit& unit) { return unit.number; };
+
+struct HeldLimits {
+    ValueDisplay* display;
+    std::optional<QVariant> lower;
+    LimitOperator::Code lowerOperator;
+    std::optional<QVariant> upper;
+    LimitOperator::Code upperOperator;
+};
+inline constexpr auto Limits = [](const ValidationInterface* limits) {
+    const auto held = [](const QVariant& limit) {
+        return limit.isNull() ? std::nullopt : std::optional(limit);
+    };
+    return HeldLimits{limits->GetValueDisplay(), held(limits->GetLowerLimit()),
+                      limits->GetLowerOperator().code, held(limits->GetUpperLimit()),
+                      limits->GetUpperOperator().code};
+};
 inline constexpr auto HasNominal = [](const ValidationInterface*) { return false; };
 inline constexpr auto Nominal = [](const ValidationInterface*) { return QVariant(); };
 inline constexpr auto NominalText = [](const ValidationInterface*) { return QString(); };
