@@ -73,7 +73,8 @@ void Write(benchmark::State& state)
             const QString floor = folder.filePath(QStringLiteral("floor"));
             QFile::remove(floor);
             WriteRecords(bytes, floor);
-        });
+        },
+        3.0);
     const double seconds = state.counters["ns/item"] * measurements * 1e-9;
     state.counters["MB/s"] = double(bytes.size()) / 1e6 / seconds;
     state.counters["records/s"] = measurements / seconds;
@@ -113,7 +114,8 @@ void AddToLot(benchmark::State& state, bool closed)
         [&] {
             putBack();
             ReadOnce(lot);
-        });
+        },
+        1.0);
     state.counters["MB"] = double(place) / 1e6;
 }
 

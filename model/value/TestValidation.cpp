@@ -10,12 +10,6 @@ TestValidation::Limit::Limit(const char* operatorText, const QVariant& limit)
 {
 }
 
-const QVariant& TestValidation::Limit::Get() const
-{
-    static const QVariant none;
-    return Exists() ? value : none;
-}
-
 TestValidation::TestValidation(std::span<const Property> properties, int unitCode,
                                ValueDisplay::ScaleFactor factor, const Limit& lower, const Limit& upper,
                                const BinIds& binIds)
@@ -49,12 +43,12 @@ bool TestValidation::HasUpperLimit() const
     return m_upper.Exists();
 }
 
-const QVariant& TestValidation::GetLowerLimit() const
+QVariant TestValidation::GetLowerLimit() const
 {
     return m_lower.Get();
 }
 
-const QVariant& TestValidation::GetUpperLimit() const
+QVariant TestValidation::GetUpperLimit() const
 {
     return m_upper.Get();
 }

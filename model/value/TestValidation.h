@@ -16,12 +16,11 @@ public:
     /// Bin ids in the order of `BinId`; -1 where there is none.
     using BinIds = std::array<long, BinIdCount>;
 
-    Limits GetLimits() const override;
     ValueDisplay* GetValueDisplay() const override;
     bool HasLowerLimit() const override;
     bool HasUpperLimit() const override;
-    const QVariant& GetLowerLimit() const override;
-    const QVariant& GetUpperLimit() const override;
+    QVariant GetLowerLimit() const override;
+    QVariant GetUpperLimit() const override;
     QString GetLowerLimitText() const override;
     QString GetUpperLimitText() const override;
     LimitOperator GetLowerOperator() const override;
@@ -36,6 +35,7 @@ public:
     QVariant GetProperty(const QString& name) const override;
     bool SetProperty(const QString& name, const QVariant& value) override;
     bool Validate(const QVariant& value) const override;
+    Limits GetLimits() const override;
 
 protected:
     enum class PropertyKind {
@@ -63,7 +63,7 @@ protected:
         Limit(const char* operatorText, const QVariant& limit);
         bool Exists() const { return op.GetCode() != LimitOperator::None && value.isValid(); }
         /// The value, invalid when the limit does not exist.
-        const QVariant& Get() const;
+        QVariant Get() const { return Exists() ? value : QVariant(); }
     };
 
     /// \param properties the type's properties; they live as long as the program

@@ -68,6 +68,9 @@ using Name = const QString&;
 using Display = const ValueDisplay*;
 template <typename T>
 using Shared = QSharedPointer<T>;
+/// Taken like the pointer itself, without counting.
+template <typename T>
+using Lent = const QSharedPointer<T>&;
 
 // Enumerations
 
@@ -119,7 +122,7 @@ template class ComponentVirtuals<TestMeasurement>;
 static_assert(std::is_base_of_v<TestComponent, TestProgram>);
 CONSTRUCTOR(TestProgram, long, Name, unsigned long);
 OPERATIONS(TestProgram, int() const, GetGroupCount);
-OPERATIONS(TestProgram, Shared<TestGroup>(int) const, GetGroupForIndex);
+OPERATIONS(TestProgram, Lent<TestGroup>(int) const, GetGroupForIndex);
 OPERATIONS(TestProgram, int(Shared<TestGroup>), AddGroup);
 OPERATIONS(TestProgram, QString() const, GetDisplayName, GetCreator, GetVersion, GetFileVersion);
 OPERATIONS(TestProgram, const QFileInfo&() const, GetFileInfo);
@@ -129,15 +132,15 @@ OPERATIONS(TestProgram, void(const char*), SetFileName);
 static_assert(std::is_base_of_v<TestComponent, TestGroup>);
 CONSTRUCTOR(TestGroup, long, Name, TestProgram*, unsigned int, long, EN_ZYN_GROUP, void*);
 OPERATIONS(TestGroup, int() const, GetParameterCount, GetStepCount);
-OPERATIONS(TestGroup, Shared<TestParameter>(int) const, GetParameterForIndex);
-OPERATIONS(TestGroup, Shared<TestStep>(int) const, GetStepForIndex);
+OPERATIONS(TestGroup, Lent<TestParameter>(int) const, GetParameterForIndex);
+OPERATIONS(TestGroup, Lent<TestStep>(int) const, GetStepForIndex);
 OPERATIONS(TestGroup, int(Shared<TestStep>), AddStep);
 OPERATIONS(TestGroup, bool() const, IsUserGroup);
 
 static_assert(std::is_base_of_v<TestComponent, TestStep>);
 CONSTRUCTOR(TestStep, long, Name, TestGroup*, unsigned int, long, Name);
 OPERATIONS(TestStep, int() const, GetMeasurementCount);
-OPERATIONS(TestStep, Shared<TestMeasurement>(int) const, GetMeasurementForIndex);
+OPERATIONS(TestStep, Lent<TestMeasurement>(int) const, GetMeasurementForIndex);
 OPERATIONS(TestStep, Shared<TestMeasurement>(long) const, GetMeasurementForID);
 OPERATIONS(TestStep, int(Shared<TestMeasurement>), AddMeasurement);
 
@@ -151,11 +154,11 @@ CONSTRUCTOR(TestResult, Shared<TestComponent>);
 OPERATIONS(TestResult, EN_ZYN_RESULT() const, GetResult);
 OPERATIONS(TestResult, QString() const, GetResultString, GetValueTypeString, GetBaseUnitString, GetComment,
            GetAttribute, GetTimeString, GetDurationString, GetDurationStringFormated);
-OPERATIONS(TestResult, QVariant() const, GetValue);
+OPERATIONS(TestResult, const QVariant&() const, GetValue);
 OPERATIONS(TestResult, QString(Display) const, GetValueString, GetLowerLimitString, GetUpperLimitString);
 OPERATIONS(TestResult, QString(Display, bool) const, GetUnitString);
 OPERATIONS(TestResult, double() const, GetDuration);
-OPERATIONS(TestResult, Shared<ValidationInterface>() const, GetValidation);
+OPERATIONS(TestResult, Lent<ValidationInterface>() const, GetValidation);
 OPERATIONS(TestResult, void(EN_ZYN_RESULT), SetResult);
 OPERATIONS(TestResult, void(const QVariant&), SetValue);
 OPERATIONS(TestResult, void(Name), SetComment, SetAttribute);

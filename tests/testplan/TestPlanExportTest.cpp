@@ -48,6 +48,7 @@ public:
     QVariant GetProperty(const QString& name) const override { return properties.value(name); }
     bool SetProperty(const QString&, const QVariant&) override { return false; }
     bool Validate(const QVariant&) const override { return false; }
+    Limits GetLimits() const override { return {}; }
 };
 
 QByteArray Content(const QString& fileName)

@@ -26,15 +26,13 @@ public:
 
     virtual ~ValidationInterface();
 
-    /// The limits and operators below at once, for formats with a record for each of a million values.
-    virtual Limits GetLimits() const = 0;
     /// How values and limits are shown; owned by the validation, never null in this library.
     virtual ValueDisplay* GetValueDisplay() const = 0;
     virtual bool HasLowerLimit() const = 0;
     virtual bool HasUpperLimit() const = 0;
-    /// The limit's value, unscaled; invalid when there is no such limit. Valid until the limit changes.
-    virtual const QVariant& GetLowerLimit() const = 0;
-    virtual const QVariant& GetUpperLimit() const = 0;
+    /// The limit's value, unscaled; invalid when there is no such limit.
+    virtual QVariant GetLowerLimit() const = 0;
+    virtual QVariant GetUpperLimit() const = 0;
     /// The limit as the value display shows it; empty when there is no such limit.
     virtual QString GetLowerLimitText() const = 0;
     virtual QString GetUpperLimitText() const = 0;
@@ -56,6 +54,8 @@ public:
     virtual bool SetProperty(const QString& name, const QVariant& value) = 0;
     /// Whether a value passes. An invalid value and not-a-number never do, inverted or not.
     virtual bool Validate(const QVariant& value) const = 0;
+    /// Display, limits and operators at once, for formats with a record for each of a million values.
+    virtual Limits GetLimits() const = 0;
 };
 
 } // namespace ZYN
