@@ -61,6 +61,9 @@ bool CImportServiceReport_Private::ReadTestResultSet(UUTTest* uutTest)
 
 void CImportServiceReport_Private::AssignResultSet(UUTTest* uutTest)
 {
+    // A report does not name a program that has no result, and a set without one could not be written again.
+    if (!program)
+        program = QSharedPointer<TestProgram>::create(0L, QString(), 0UL);
     auto resultSet = std::make_unique<TestResultSet>(program, station);
     resultSet->SetTestIndex(testIndex);
     for (std::unique_ptr<TestResult>& collected : results)
@@ -214,9 +217,11 @@ bool CImportServiceReport_Private::ReadTestMeasurement()
             hasLimits = true;
             ReadTestLimits();
         } else if (name == "Result"_L1) {
-            if (!hasLimits && validation)
+            if (!hasLimits && validation) {
                 AddFinding(
                     tr("measurement '%1' has no limits, takes those of the one before").arg(read.name));
+                TakeLimitsOfTheOneBefore(read.type);
+            }
             const auto measurement = QSharedPointer<TestMeasurement>::create(
                 read.id, read.name, EN_ZYN_ADDRESS(read.type), step.data(), unsigned(read.sourceLine), -1L);
             ReadResultOf(measurement, validation);

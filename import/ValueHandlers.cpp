@@ -52,9 +52,31 @@ bool CImportServiceReport_Private::ReadTestLimits()
         AddFinding(tr("limits that are no numbers or have an unknown operator"));
     else if (!outcome.exact)
         AddLoss(tr("limits that do not fit 32 bits, changed to such that do"));
-    if (created)
+    if (created) {
         validation = created;
+        validationTexts = std::move(limits);
+    }
     return true;
+}
+
+// As limits of this measurement's type: so they are read once it is written with them. A text has no digits.
+void CImportServiceReport_Private::TakeLimitsOfTheOneBefore(int measuredType)
+{
+    using namespace ModelAdapter;
+    notation.dataType = measuredType;
+    ReportValues::LimitTexts limits = validationTexts;
+    const bool isDigits = KindOfValue(measuredType) == ValueKind::Text && DigitBase(limits.notation.unitCode);
+    if (KindOfValue(measuredType) == KindOfValue(limits.notation.dataType) && !isDigits)
+        return;
+    limits.notation.dataType = measuredType;
+    if (isDigits)
+        limits.notation.unitCode = 0;
+    ReportValues::LimitsOutcome outcome;
+    const QSharedPointer<ValidationInterface> created(ReportValues::CreateValidation(limits, &outcome));
+    if (created) {
+        validation = created;
+        validationTexts = std::move(limits);
+    }
 }
 
 void CImportServiceReport_Private::ReadUnit(QStringView unitCodeText, QStringView factorText)

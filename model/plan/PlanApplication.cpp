@@ -12,6 +12,7 @@
 
 #include "../value/PropertyValue.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace ZYN {
@@ -20,13 +21,17 @@ namespace {
 
 using AttrType = TestComponentAttr::TestComponentAttrType;
 
-const TestComponentAttr* Find(const QList<TestComponentAttr*>& attributes, const QString& name, bool category)
+/// Takes the first attribute or category of a name out of a list; null when there is none.
+const TestComponentAttr* Take(QList<TestComponentAttr*>& attributes, const QString& name, bool category)
 {
-    for (const TestComponentAttr* const attribute : attributes) {
-        if (attribute->GetName() == name && (attribute->GetType() == TestComponentAttr::Category) == category)
-            return attribute;
-    }
-    return nullptr;
+    const auto found = std::find_if(attributes.begin(), attributes.end(), [&](const TestComponentAttr* item) {
+        return item->GetName() == name && (item->GetType() == TestComponentAttr::Category) == category;
+    });
+    if (found == attributes.end())
+        return nullptr;
+    const TestComponentAttr* const taken = *found;
+    attributes.erase(found);
+    return taken;
 }
 
 AttrType TypeOf(const QVariant& value)
@@ -49,8 +54,9 @@ QVariant Converted(const QVariant& value, AttrType type)
 {
     switch (type) {
     case TestComponentAttr::Integer: {
+        // More than 32 bits would not come back from the plan that is written next.
         const auto number = PropertyValue::ToInteger(value);
-        return number ? QVariant::fromValue(qlonglong(*number)) : QVariant();
+        return number && *number == qint32(*number) ? QVariant(qlonglong(*number)) : QVariant();
     }
     case TestComponentAttr::Real: {
         const auto number = PropertyValue::ToReal(value);
@@ -105,14 +111,15 @@ void PlanApplication::SetAttributes(const TestPlanData& data)
     QList<Level> pending{
         {&data, formerControl ? formerControl->GetAttributes() : QList<TestComponentAttr*>(), nullptr}};
     while (!pending.isEmpty()) {
-        const Level level = pending.takeLast();
+        Level level = pending.takeLast();
         const auto add = [&](TestComponentAttr* attribute) {
             level.category ? level.category->AddChild(attribute) : control->AddAttribute(attribute);
         };
         for (const QString& name : level.data->GetPropertyNames())
-            add(MakeAttribute(name, level.data->GetProperty(name), level.former));
+            add(MakeAttribute(name, level.data->GetProperty(name), Take(level.former, name, false)));
         for (const TestPlanCategory* const category : level.data->GetCategories()) {
-            const TestComponentAttr* const former = Find(level.former, category->GetName(), true);
+            // Of several categories of one name each has its own former one.
+            const TestComponentAttr* const former = Take(level.former, category->GetName(), true);
             auto* const made = new TestComponentAttr(category->GetName(), TestComponentAttr::Category);
             add(made);
             if (category->GetAttributes())
@@ -125,9 +132,8 @@ void PlanApplication::SetAttributes(const TestPlanData& data)
 }
 
 TestComponentAttr* PlanApplication::MakeAttribute(const QString& name, const QVariant& value,
-                                                  const QList<TestComponentAttr*>& former)
+                                                  const TestComponentAttr* known)
 {
-    const TestComponentAttr* const known = Find(former, name, false);
     const AttrType type = known ? known->GetType() : TypeOf(value);
     const QVariant converted = Converted(value, type);
     if (converted.isValid())

@@ -29,8 +29,9 @@ public:
     bool HasChanged() const { return m_changed; }
 
 private:
+    /// \param known the component's attribute of that name; null when it had none
     TestComponentAttr* MakeAttribute(const QString& name, const QVariant& value,
-                                     const QList<TestComponentAttr*>& former);
+                                     const TestComponentAttr* known);
     std::optional<bool> Switch(const TestPlanData& data, const QString& name);
     void Report(const QString& problem);
     void ReportValue(const QString& name, const QVariant& value);

@@ -239,6 +239,20 @@ void WritePatterns(ProgramWriter& writer, RunWriter& run)
     run.Value(writer.Measurement(8, u"integer limits of 64 bits"_s, ZYN_ADDRESS_INTEGER, wide), 1);
 }
 
+/// A measurement without limits takes those of the one before as limits of its own type.
+void WriteBorrowedLimits(ProgramWriter& writer, RunWriter& run)
+{
+    run.Verdict(writer.Step(25, u"borrowed limits"_s), 1.0);
+    run.Value(writer.Measurement(1, u"not whole"_s, ZYN_ADDRESS_REAL, RealLimits(1, 0.5, 9.5)), 1.25);
+    run.Value(writer.Measurement(2, u"integer without limits"_s, ZYN_ADDRESS_INTEGER), 7);
+    run.Value(writer.Measurement(3, u"text limit"_s, ZYN_ADDRESS_STRING, TextLimit(u"x"_s)), u"x"_s);
+    run.Value(writer.Measurement(4, u"newer type without limits"_s, EN_ZYN_ADDRESS(50)), QVariant());
+    run.Value(writer.Measurement(5, u"digits"_s, ZYN_ADDRESS_INTEGER,
+                                 IntegerLimits(MeasurementUnit::Hexadecimal, 0, 7)),
+              5);
+    run.Value(writer.Measurement(6, u"text without limits"_s, ZYN_ADDRESS_STRING), u"V1.2"_s);
+}
+
 void WriteTexts(ProgramWriter& writer, RunWriter& run)
 {
     run.Verdict(writer.Step(30, u"texts"_s), 1.0);
@@ -274,6 +288,7 @@ QSharedPointer<UUTTest> RichTest()
     run.Verdict(writer.program, 0.1 + 0.2)->SetAttribute(u" a  b "_s);
     WriteNumbers(writer, run);
     WritePatterns(writer, run);
+    WriteBorrowedLimits(writer, run);
     WriteTexts(writer, run);
     WriteLostThings(writer, run);
     const auto panel = SampleModels::Panel();
