@@ -4,13 +4,20 @@
 #include "FuzzSupport.h"
 #include "ReportGenerations.h"
 
+#include "import/ReportStructure.h"
+
 #include <ZYNCommon/UUTTest.h>
 
+using namespace ZYN;
 using namespace ZYN::Fuzz;
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
-    const auto test = Imported(Input(data, size));
-    RequireStableReport(Report(QStringLiteral("XML"), *test));
+    const QByteArray document = Input(data, size);
+    for (const ImportFinding& fault : ReportStructure::Faults(document))
+        Require(fault.line > 0 && fault.column > 0 && !fault.text.isEmpty(),
+                "a fault has a text and a place");
+    const Reading reading = Imported(document);
+    RequireStableReport(Report(QStringLiteral("XML"), *reading.test), reading.errors);
     return 0;
 }
