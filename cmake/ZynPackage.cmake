@@ -52,7 +52,7 @@ set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test
 ${about}
 This package holds the command line tool zyn.")
 
-# Changelog and copyright of each package. Compressed without a time stamp: the same source gives the same
+# Changelog and copyright of each package, and which of lintian's warnings are known. Compressed without a time stamp: the same source gives the same
 # package.
 set(doc_dir ${PROJECT_BINARY_DIR}/packaging)
 string(TIMESTAMP ZYN_PACKAGE_DATE "%a, %d %b %Y %H:%M:%S +0000" UTC)
@@ -60,8 +60,16 @@ configure_file(packaging/debian/changelog.in ${doc_dir}/changelog.Debian @ONLY)
 execute_process(COMMAND gzip -9nf ${doc_dir}/changelog.Debian COMMAND_ERROR_IS_FATAL ANY)
 foreach(component ${CPACK_COMPONENTS_ALL})
   string(TOUPPER ${component} upper)
+  set(package ${CPACK_DEBIAN_${upper}_PACKAGE_NAME})
   install(FILES ${doc_dir}/changelog.Debian.gz packaging/debian/copyright
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${CPACK_DEBIAN_${upper}_PACKAGE_NAME} COMPONENT ${component})
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
+  set(overrides "# Debian has no bug that asks for this package.\n${package}: initial-upload-closes-no-bugs *\n")
+  if(component STREQUAL "Runtime")
+    string(APPEND overrides "# Written by CPack, beside the trigger.\n${package}: maintscript-calls-ldconfig *\n")
+  endif()
+  file(WRITE ${doc_dir}/overrides/${package} "${overrides}")
+  install(FILES ${doc_dir}/overrides/${package}
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT ${component})
 endforeach()
 
 include(CPack)
