@@ -94,8 +94,7 @@ bool CReportBuilderPDF::Close()
 {
     if (!CExportBuilderDelegation::Close())
         return false;
-    Print();
-    complete = html->OutputComplete() && !outputFileName.isEmpty() && IsWholePdf();
+    complete = Print() && html->OutputComplete() && IsWholePdf();
     return true;
 }
 
@@ -104,21 +103,26 @@ bool CReportBuilderPDF::OutputComplete() const
     return complete;
 }
 
-void CReportBuilderPDF::Print()
+bool CReportBuilderPDF::Print()
 {
     if (outputFileName.isEmpty())
-        return;
+        return false;
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         qCWarning(logPdf, "A PDF report needs a QGuiApplication for its fonts; no file is made.");
-        return;
+        return false;
     }
     // Qt makes its support of printers at the first use, and two threads at once make it twice.
     static std::mutex onePrinter;
     const std::lock_guard lock(onePrinter);
+    // What is printed is read back, and a pipe would wait for another writer.
+    if (const QFileInfo output(outputFileName); output.exists() && !output.isFile()) {
+        qCWarning(logPdf, "Cannot write the PDF report: %ls is no file.", qUtf16Printable(outputFileName));
+        return false;
+    }
     // Emptied first: what stands there afterwards is then the printer's.
     if (QFile file(outputFileName); !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         qCWarning(logPdf, "Cannot write the PDF report: %ls", qUtf16Printable(file.errorString()));
-        return;
+        return false;
     }
 
     QPrinter printer(QPrinter::HighResolution);
@@ -129,6 +133,7 @@ void CReportBuilderPDF::Print()
     ReportDocument document(logo);
     document.setHtml(Qt::codecForHtml(bytes)->toUnicode(bytes));
     document.print(&printer);
+    return true;
 }
 
 bool CReportBuilderPDF::IsWholePdf() const

@@ -30,7 +30,7 @@ public:
     bool OutputComplete() const override;
 
 private:
-    void Print();
+    bool Print();
     bool IsWholePdf() const;
 
     CReportBuilderHTML* html;

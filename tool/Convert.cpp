@@ -85,11 +85,8 @@ QString OutputName(const Arguments& arguments, const Input& input, const QString
 }
 
 // Every output must have one source, and none may be an input: found before anything is written.
-int CheckConflicts(const QList<Job>& jobs)
+int CheckConflicts(const QList<Job>& jobs, const InputFiles& inputs)
 {
-    QSet<QString> inputs;
-    for (const Job& job : jobs)
-        inputs.insert(QFileInfo(job.input.path).canonicalFilePath());
     QHash<QString, QString> sourceOf;
     for (const Job& job : jobs) {
         const QString& source = sourceOf[job.output];
@@ -100,10 +97,8 @@ int CheckConflicts(const QList<Job>& jobs)
             return ExitUsage;
         }
         sourceOf[job.output] = job.input.name;
-        const QString existing = QFileInfo(job.output).canonicalFilePath();
-        if (!existing.isEmpty() && inputs.contains(existing)) {
-            PrintProblem({job.output, 0, Texts::tr("is an input as well"),
-                          Texts::tr("choose another name for the output")});
+        if (const std::optional<Problem> refusal = inputs.Refusal(job.output)) {
+            PrintProblem(*refusal);
             return ExitFailed;
         }
     }
@@ -192,7 +187,7 @@ int ConvertToFiles(const QList<Input>& inputs, const Arguments& arguments, const
     QList<Job> jobs;
     for (const Input& input : inputs)
         jobs.append({input, OutputName(arguments, input, format)});
-    if (const int conflict = CheckConflicts(jobs))
+    if (const int conflict = CheckConflicts(jobs, InputFiles(inputs)))
         return conflict;
     if (!arguments.folder.empty()) {
         if (const std::optional<Problem> problem = MakeFolders(jobs)) {
@@ -216,6 +211,12 @@ int Run(const Arguments& arguments, const Manners& manners)
     for (const Problem& problem : std::as_const(unreadable))
         conversions.append({problem.file, {}, problem});
     const bool isLot = IsLotFile(arguments, format);
+    if (isLot) {
+        if (const std::optional<Problem> refusal = InputFiles(inputs).Refusal(PathOf(arguments.file))) {
+            PrintProblem(*refusal);
+            return ExitFailed;
+        }
+    }
     if (isLot)
         conversions += AppendToLot(inputs, PathOf(arguments.file), arguments.all, manners);
     else if (const int code = ConvertToFiles(inputs, arguments, format, manners, &conversions))

@@ -79,6 +79,21 @@ std::optional<Problem> CannotRead(const QString& path)
 
 } // namespace
 
+InputFiles::InputFiles(const QList<Input>& inputs)
+{
+    for (const Input& input : inputs)
+        m_paths.insert(QFileInfo(input.path).canonicalFilePath());
+}
+
+std::optional<Problem> InputFiles::Refusal(const QString& output) const
+{
+    const QString existing = QFileInfo(output).canonicalFilePath();
+    if (existing.isEmpty() || !m_paths.contains(existing))
+        return std::nullopt;
+    return Problem{output, 0, Texts::tr("is an input as well"),
+                   Texts::tr("choose another name for the output")};
+}
+
 QString PathOf(const std::string& argument)
 {
     return QFile::decodeName(argument.c_str());

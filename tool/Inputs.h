@@ -3,9 +3,11 @@
 #include "Problem.h"
 
 #include <QtCore/QList>
+#include <QtCore/QSet>
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -23,6 +25,17 @@ struct Input {
 /// are read to their end at once and kept in memory. What is not there becomes a problem.
 QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStringList& extensions,
                           QList<Problem>* problems);
+
+/// Which files are read, so that none of them is written.
+class InputFiles {
+public:
+    explicit InputFiles(const QList<Input>& inputs);
+    /// Why a file cannot be written: it is an input, by this name or another.
+    std::optional<Problem> Refusal(const QString& output) const;
+
+private:
+    QSet<QString> m_paths;
+};
 
 /// A path of the command line.
 QString PathOf(const std::string& argument);

@@ -76,15 +76,17 @@ int Run(const Arguments& arguments, const Manners& manners)
     const QString format = FormatOf(arguments);
     if (const int usage = CheckUsage(format))
         return usage;
+    QList<Problem> problems;
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &problems);
     SafeOutput output(PathOf(arguments.file), arguments.force);
     std::optional<Problem> failure = output.Refusal();
+    if (!failure)
+        failure = InputFiles(inputs).Refusal(PathOf(arguments.file));
     if (failure) {
         PrintProblem(*failure);
         return ExitFailed;
     }
 
-    QList<Problem> problems;
-    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &problems);
     LotReader lot;
     {
         Progress progress(inputs.size(), !manners.quiet);

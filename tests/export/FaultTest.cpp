@@ -1,119 +1,15 @@
 #include "FaultDevices.h"
-
-#include "support/SampleModels.h"
-
-#include "export/CExportDirectorReport.h"
-#include "export/CExportDirectorTestPlan.h"
-#include "export/Environment.h"
-#include "export/FormatRegistry.h"
-#include "export/IExportBuilder.h"
-#include "export/IOutputState.h"
-
-#include <ZYNPersistence/CExportServiceReport.h>
-#include <ZYNPersistence/CExportServiceStatistics.h>
-#include <ZYNPersistence/CExportServiceTestPlan.h>
-
-#include <ZYNCommon/StatisticsCollector.h>
-#include <ZYNCommon/StatisticsDataReport.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/TestResultSet.h>
+#include "FaultModels.h"
+#include "SystemFaults.h"
 
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QtTest>
 
 #include <csignal>
 #include <limits>
-#include <memory>
-#include <sys/resource.h>
 
 using namespace ZYN;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-/// While it lives, files of this process cannot grow beyond a size: the disk is full at a chosen byte.
-class FullDisk {
-public:
-    explicit FullDisk(qint64 bytes)
-    {
-        ::getrlimit(RLIMIT_FSIZE, &before);
-        rlimit limit = before;
-        limit.rlim_cur = static_cast<rlim_t>(bytes);
-        ::setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before); }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-private:
-    rlimit before{};
-};
-
-struct Outcome {
-    bool exported = false;
-    bool complete = false;
-};
-
-/// What is exported: a panel with one item, its statistics, its plan.
-class Models {
-public:
-    Models()
-    {
-        StatisticsCollector collector;
-        collector.AddUnit(unit.data());
-        statistics = collector.TakeReport();
-    }
-
-    Outcome ExportTo(const QString& kind, const QString& fileName)
-    {
-        if (kind == u"plan")
-            return Run(plan, program.data(), fileName);
-        if (kind.startsWith(u"statistics ")) {
-            CExportServiceStatistics service;
-            service.SetFormat(kind.mid(11));
-            return Run(service, statistics.get(), fileName);
-        }
-        CExportServiceReport service;
-        service.SetFormat(kind);
-        return Run(service, unit.data(), fileName);
-    }
-
-    Outcome ExportTo(const QString& kind, QIODevice& device)
-    {
-        std::unique_ptr<IExportBuilder> builder;
-        bool exported = false;
-        if (kind == u"plan") {
-            builder.reset(FormatRegistry::CreateTestPlanBuilder({}, false));
-            builder->SetDevice(&device);
-            exported = CExportDirectorTestPlan().ExportTestPlan(program.data(), builder.get());
-        } else if (kind.startsWith(u"statistics ")) {
-            builder.reset(FormatRegistry::CreateStatisticsBuilder(kind.mid(11)));
-            builder->SetDevice(&device);
-            exported = CExportDirectorBase::ExportStatistics(statistics.get(), builder.get());
-        } else {
-            builder.reset(FormatRegistry::CreateReportBuilder(kind));
-            builder->SetDevice(&device);
-            exported = CExportDirectorReport().ExportUUTTest(unit.data(), builder.get());
-        }
-        return {exported, dynamic_cast<IOutputState&>(*builder).OutputComplete()};
-    }
-
-private:
-    template <class Service, class Model>
-    static Outcome Run(Service& service, Model* model, const QString& fileName)
-    {
-        service.SetOutputFileName(fileName);
-        const bool exported = service.Export(model);
-        return {exported, service.OutputComplete()};
-    }
-
-    QSharedPointer<UUTTest> unit = SampleModels::Panel();
-    QSharedPointer<TestProgram> program = unit->GetResultSets().constFirst()->GetTestProgram();
-    std::unique_ptr<StatisticsDataReport> statistics;
-    CExportServiceTestPlan plan{false};
-};
-
-} // namespace
 
 /// No format may take a loss of output for a complete file. `Export` itself does not look at the device.
 class FaultTest : public QObject {
@@ -125,6 +21,8 @@ private slots:
     void DiskFullAtAByte();
     void DeviceThatBreaks_data();
     void DeviceThatBreaks();
+    void BadDisk_data();
+    void BadDisk();
 
 private:
     QTemporaryDir folder;
@@ -140,8 +38,7 @@ void FaultTest::initTestCase()
 void FaultTest::DiskFullAtAByte_data()
 {
     QTest::addColumn<QString>("kind");
-    for (const char* kind :
-         {"XML", "TXT", "CSV", "HTML", "PDF", "JSON", "STDF", "statistics XML", "statistics CSV", "plan"})
+    for (const char* kind : FaultKinds)
         QTest::newRow(kind) << QString::fromLatin1(kind);
 }
 
@@ -159,14 +56,14 @@ void FaultTest::DiskFullAtAByte()
         const QString fileName = folder.filePath(u"%1.%2"_s.arg(QString::number(room), kind));
         Outcome outcome;
         {
-            const FullDisk disk(room);
+            const SystemFaults::FullDisk disk(room);
             outcome = models.ExportTo(kind, fileName);
         }
         QVERIFY2(outcome.exported && !outcome.complete, QByteArray::number(room));
     }
     Outcome fits;
     {
-        const FullDisk disk(size);
+        const SystemFaults::FullDisk disk(size);
         fits = models.ExportTo(kind, folder.filePath(u"fits."_s + kind));
     }
     QVERIFY(fits.exported && fits.complete);
@@ -202,6 +99,37 @@ void FaultTest::DeviceThatBreaks()
     QVERIFY(!models.ExportTo(kind, last).complete);
     BreakingDevice enough(writes);
     QVERIFY(models.ExportTo(kind, enough).complete);
+}
+
+void FaultTest::BadDisk_data()
+{
+    DiskFullAtAByte_data();
+}
+
+// Also where one write is lost and all that follow are taken.
+void FaultTest::BadDisk()
+{
+    QFETCH(QString, kind);
+    using SystemFaults::BadDisk;
+    const QString fileName = folder.filePath(u"bad."_s + kind);
+    for (const auto& unit : {SampleModels::Panel(), LongUnit()}) {
+        Models models(unit);
+        int writes = 0;
+        {
+            const BadDisk sound(std::numeric_limits<int>::max(), BadDisk::Once);
+            const Outcome whole = models.ExportTo(kind, fileName);
+            QVERIFY(whole.exported && whole.complete);
+            writes = sound.Writes();
+        }
+        QVERIFY(writes > 0);
+        for (const BadDisk::Refusal refusal : {BadDisk::Once, BadDisk::ForGood})
+            for (int good = 0; good < writes; good += 1 + writes / 50) {
+                QFile::remove(fileName);
+                const BadDisk disk(good, refusal);
+                const Outcome outcome = models.ExportTo(kind, fileName);
+                QVERIFY2(outcome.exported && !outcome.complete, QByteArray::number(good));
+            }
+    }
 }
 
 QTEST_MAIN(FaultTest)
