@@ -6,10 +6,9 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QRegularExpression>
-#include <QtCore/QSet>
 
-#include <exception>
 #include <optional>
+#include <set>
 
 namespace ZYN {
 
@@ -84,7 +83,7 @@ public:
 
 private:
     const IniReader& ini;
-    QSet<QString> names;
+    std::set<QString> names; // a hash of Qt would end the process for want of memory
 };
 
 Binning ReadFile(const QString& fileName, QString& errorText)
@@ -119,7 +118,7 @@ Binning BinningReader::read(const QString& fileName, QString& errorText)
 {
     try {
         return ReadFile(fileName, errorText);
-    } catch (const std::exception&) {
+    } catch (...) {
         // Out of memory: nothing may be thrown into the caller's library.
         errorText = UnreadableText();
         return {};

@@ -9,8 +9,6 @@
 #include <ZYNCommon/TestStep.h>
 #include <ZYNCommon/ValidationInterface.h>
 
-#include <new>
-
 namespace ZYN {
 
 namespace {
@@ -26,8 +24,9 @@ bool Guarded(CImportServiceReport_Private* d, const Work& work) noexcept
     }
     try {
         d->errorText = CImportServiceReport_Private::tr("Not enough memory for the import.");
-    } catch (const std::bad_alloc&) {
-        // Even the text does not fit; the result tells.
+    } catch (...) {
+        // A text that needs no memory.
+        d->errorText = QStringLiteral("Not enough memory for the import.");
     }
     return false;
 }

@@ -7,7 +7,7 @@
 
 #include <QtCore/QObject>
 
-#include <exception>
+#include <memory>
 
 namespace ZYN {
 
@@ -23,6 +23,16 @@ TestPlan* Read(const QString& fileName, QString& errorText)
                     ? reader->GetErrorText()
                     : QObject::tr("Could not open file: %1 (%2)").arg(fileName, reader->GetOpenErrorText());
     return nullptr;
+}
+
+/// Nothing may be thrown into the caller's library, also where there is no memory for a text.
+QString OutOfMemory(const QString& fileName) noexcept
+{
+    try {
+        return QObject::tr("Not enough memory to read file: %1").arg(fileName);
+    } catch (...) {
+        return QStringLiteral("Not enough memory to read the file.");
+    }
 }
 
 } // namespace
@@ -45,9 +55,8 @@ TestPlan* CReadServiceTestPlan::ReadTestPlan(const QString& fileName, QString* e
     TestPlan* plan = nullptr;
     try {
         plan = Read(fileName, text);
-    } catch (const std::exception&) {
-        // Out of memory: nothing may be thrown into the caller's library.
-        text = QObject::tr("Not enough memory to read file: %1").arg(fileName);
+    } catch (...) {
+        text = OutOfMemory(fileName);
     }
     if (errorText)
         *errorText = text;

@@ -11,6 +11,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <exception>
 
 namespace {
 
@@ -53,9 +54,7 @@ int Run(const Command& command, int* argc, char** argv)
     return code;
 }
 
-} // namespace
-
-int main(int argc, char** argv)
+int Zyn(int argc, char** argv)
 {
 #ifdef SIGXFSZ
     std::signal(SIGXFSZ, SIG_IGN); // a file size limit is a full disk, not a crash
@@ -94,4 +93,16 @@ int main(int argc, char** argv)
         if (command.app->parsed())
             return Run(command, &argc, argv);
     return ExitUsage;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    try {
+        return Zyn(argc, argv);
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "zyn: %s\n", error.what()); // in English: there may be no memory for more
+    }
+    return ExitFailed;
 }

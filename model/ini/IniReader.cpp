@@ -99,9 +99,8 @@ bool IniReader::readLine(const QString& line)
     if (m_keys.contains(key))
         return fail(QStringLiteral("the key '%1' stands twice in one section").arg(key));
     m_keys.insert(key);
-    QHash<QString, QString>& values = m_values[m_sections.constLast().getName()];
-    if (!values.contains(key)) // of sections of one name, the first that has the key
-        values.insert(key, line.sliced(equals + 1).trimmed());
+    // Of sections of one name, the first that has the key.
+    m_values[m_sections.constLast().getName()].try_emplace(key, line.sliced(equals + 1).trimmed());
     return true;
 }
 
@@ -131,8 +130,11 @@ QList<IniSection> IniReader::getAllSections() const
 
 QString IniReader::getPropertyValue(const QString& section, const QString& key) const
 {
-    const auto values = m_values.constFind(section);
-    return values == m_values.constEnd() ? QString() : values->value(key);
+    const auto values = m_values.find(section);
+    if (values == m_values.end())
+        return {};
+    const auto value = values->second.find(key);
+    return value == values->second.end() ? QString() : value->second;
 }
 
 int IniReader::getErrorLine() const

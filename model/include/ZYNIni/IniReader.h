@@ -4,11 +4,12 @@
 #include <ZYNIni/ZYNIniGlobal.h>
 
 #include <QtCore/QByteArrayView>
-#include <QtCore/QHash>
 #include <QtCore/QIODevice>
 #include <QtCore/QList>
-#include <QtCore/QSet>
 #include <QtCore/QString>
+
+#include <map>
+#include <set>
 
 namespace ZYN {
 
@@ -48,8 +49,9 @@ private:
 
     QIODevice* m_device;
     QList<IniSection> m_sections;
-    QHash<QString, QHash<QString, QString>> m_values;
-    QSet<QString> m_keys; ///< of the section being read
+    // No hashes: those of Qt end the process when there is no memory for them.
+    std::map<QString, std::map<QString, QString>> m_values;
+    std::set<QString> m_keys; ///< of the section being read
     int m_line = 0;
     int m_errorLine = 0;
     QString m_errorText;
