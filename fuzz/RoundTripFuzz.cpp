@@ -15,8 +15,10 @@
 #include <ZYNCommon/StatisticsCollector.h>
 #include <ZYNCommon/StatisticsDataReport.h>
 #include <ZYNCommon/UUTTest.h>
+#include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QBuffer>
+#include <QtGui/QGuiApplication>
 
 using namespace ZYN;
 using namespace ZYN::Fuzz;
@@ -43,6 +45,25 @@ void CheckLotFile(QByteArray bytes)
     Require(contents.findings.isEmpty(), "a lot file is good", contents.Faults());
 }
 
+/// A layout takes as long as a hundred other reports.
+void WritePdf(UUTTest& test)
+{
+    // Qt tells what it makes of a name that is a style sheet.
+    const QtMessageHandler handler =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    static int count = 1;
+    static char name[] = "RoundTripFuzz";
+    static char* arguments[] = {name, nullptr};
+    static const QGuiApplication application(count, arguments);
+    static const MemoryFile file;
+    CExportServiceReport service;
+    service.SetFormat(u"PDF"_s);
+    service.SetOutputFileName(file.Name());
+    Require(service.Export(&test) && service.OutputComplete(), "there is a PDF report",
+            service.GetErrorText());
+    qInstallMessageHandler(handler);
+}
+
 void WriteStatistics(const UUTTest& test, const QString& format)
 {
     StatisticsCollector collector;
@@ -61,6 +82,7 @@ void WriteStatistics(const UUTTest& test, const QString& format)
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
     FuzzedDataProvider bytes(data, size);
+    const bool withPdf = bytes.ConsumeIntegral<quint8>() == 'P';
     const QSharedPointer<UUTTest> test = FuzzedModel(bytes).Test();
 
     const QByteArray report = Report(u"XML"_s, *test);
@@ -82,5 +104,7 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         CheckLotFile(lot);
     for (const QString& format : {u"CSV"_s, u"XML"_s})
         WriteStatistics(*test, format);
+    if (withPdf)
+        WritePdf(*test);
     return 0;
 }
