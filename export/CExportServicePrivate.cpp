@@ -49,7 +49,7 @@ void CExportServicePrivate::NoteException() noexcept
 {
     const char* text = nullptr;
     try {
-        throw;
+        throw; // cppcheck-suppress rethrowNoCurrentException; callers are handlers
     } catch (const std::bad_alloc&) {
         text = QT_TRANSLATE_NOOP("QObject", "Not enough memory for the export.");
     } catch (...) {

@@ -42,10 +42,11 @@ const Scale& ScaleOf(qint8 factor)
 {
     static const auto scales = [] {
         std::array<Scale, 256> all;
-        for (int power = -128; power < 128; ++power)
-            all[static_cast<size_t>(power + 128)] = {
-                static_cast<float>(std::pow(0.1, power)),
-                ValueDisplay::ScaleFactorToString(ValueDisplay::ScaleFactor(power)) != u"#"};
+        for (size_t index = 0; index < all.size(); ++index) {
+            const int power = static_cast<int>(index) - 128;
+            all[index] = {static_cast<float>(std::pow(0.1, power)),
+                          ValueDisplay::ScaleFactorToString(ValueDisplay::ScaleFactor(power)) != u"#"};
+        }
         return all;
     }();
     return scales[static_cast<size_t>(factor + 128)];

@@ -86,7 +86,7 @@ void Checker::TakeInOrder(const Record& record)
     if (record.Is("PIR"))
         BeginPart(record);
     else if (record.Is("PTR") || record.Is("MPR") || record.Is("FTR"))
-        TakeTest(record);
+        TakeTest(record, name);
     else if (record.Is("PRR"))
         EndPart(record);
     else if (record.Is("PCR"))
@@ -107,14 +107,13 @@ void Checker::BeginPart(const Record& record)
     openParts.insert(place, {record.offset, 0});
 }
 
-void Checker::TakeTest(const Record& record)
+void Checker::TakeTest(const Record& record, const QString& name)
 {
     const auto part = openParts.find({record.Number("HEAD_NUM"), record.Number("SITE_NUM")});
     if (part == openParts.end())
-        AddFault(record.offset,
-                 Texts::tr("%1: test %2 at %3 belongs to no part: there is no PIR before it")
-                     .arg(QLatin1StringView(record.type->name), QString::number(record.Number("TEST_NUM")),
-                          Place(record.Number("HEAD_NUM"), record.Number("SITE_NUM"))));
+        AddFault(record.offset, Texts::tr("%1: test %2 at %3 belongs to no part: there is no PIR before it")
+                                    .arg(name, QString::number(record.Number("TEST_NUM")),
+                                         Place(record.Number("HEAD_NUM"), record.Number("SITE_NUM"))));
     else
         ++part->tests;
 }

@@ -45,7 +45,7 @@ private:
     void TakeFar(const RawRecord& raw, const Record& record);
     void TakeInOrder(const Record& record);
     void BeginPart(const Record& record);
-    void TakeTest(const Record& record);
+    void TakeTest(const Record& record, const QString& name);
     void EndPart(const Record& record);
     void TakeCounts(const Record& record);
     void EndStream(qint64 offset);

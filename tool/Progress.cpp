@@ -18,7 +18,7 @@ void PutOnTerminal(const QByteArray& bytes)
 
 QString TimeText(double seconds)
 {
-    const qint64 whole = qint64(seconds + 0.5);
+    const qint64 whole = qRound64(seconds);
     if (whole < 60)
         return QStringLiteral("%1 s").arg(whole);
     return QStringLiteral("%1:%2 min").arg(whole / 60).arg(whole % 60, 2, 10, QLatin1Char('0'));

@@ -12,6 +12,7 @@
 #include <QtCore/QXmlStreamReader>
 
 #include <memory>
+#include <tuple>
 
 namespace ZYN::Tool {
 
@@ -95,9 +96,9 @@ private:
         m_path.pop_back(); // the text was read up to the end of the element
         bool fits = true;
         if (type == TestComponentAttr::TypeToString(TestComponentAttr::Integer))
-            text.toInt(&fits);
+            std::ignore = text.toInt(&fits);
         else if (type == TestComponentAttr::TypeToString(TestComponentAttr::Real))
-            text.toDouble(&fits);
+            std::ignore = text.toDouble(&fits);
         if (!fits)
             Note(Texts::tr("attribute '%1': '%2' is no %3 and counts as 0").arg(name, text, type));
     }

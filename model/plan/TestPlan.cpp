@@ -31,8 +31,9 @@ QHash<QString, QList<TestComponent*>> ComponentsByIdent(TestProgram* program)
 
 } // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): callers are built with this signature
 TestPlan::TestPlan(QFileInfo fileInfo)
-    : m_fileInfo(std::move(fileInfo))
+    : m_fileInfo(fileInfo)
 {
 }
 

@@ -30,6 +30,7 @@ ValidationInterface* TestComponentFactory::CreateValidationInt(int unitCode, con
         {binIdLower, binIdUpper, binIdPass, softBinIdLower, softBinIdUpper, softBinIdPass});
 }
 
+// NOLINTBEGIN(performance-unnecessary-value-param): callers are built with this signature
 ValidationInterface*
 TestComponentFactory::CreateValidationReal(int unitCode, const char* lowerOperator, const char* upperOperator,
                                            double lower, double upper, long binIdLower, long binIdUpper,
@@ -41,6 +42,7 @@ TestComponentFactory::CreateValidationReal(int unitCode, const char* lowerOperat
         {binIdLower, binIdUpper, binIdPass, softBinIdLower, softBinIdUpper, softBinIdPass},
         PropertyValue::ToScaleFactor(scaleFactor).value_or(ValueDisplay::ScaleNone), nominal);
 }
+// NOLINTEND(performance-unnecessary-value-param)
 
 ValidationInterface* TestComponentFactory::CreateValidationString(int unitCode, const char* lowerOperator,
                                                                   const QString& text, long binIdFail,
