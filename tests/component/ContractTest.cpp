@@ -358,27 +358,25 @@ OPERATIONS(IniReader, QString(Name, Name) const, getPropertyValue);
 class ContractTest : public QObject {
     Q_OBJECT
 private slots:
-    void classesAreKnownToObjectCasts();
-};
-
-void ContractTest::classesAreKnownToObjectCasts()
-{
-    // A class without its own meta object answers with its base's name and casts to anything of the base.
+    void classesAreKnownToObjectCasts()
+    {
+        // A class without its own meta object answers with its base's name and casts to anything of the base.
 #define KNOWN(Class) QCOMPARE(Class::staticMetaObject.className(), "ZYN::" #Class)
-    KNOWN(ZYNSession);
-    KNOWN(ZYNUser);
-    KNOWN(ProductType);
-    KNOWN(ProductionLot);
-    KNOWN(Station);
-    KNOWN(TestGroup);
-    KNOWN(TestMeasurement);
-    KNOWN(TestProgram);
-    KNOWN(TestResultSet);
-    KNOWN(TestStep);
-    KNOWN(UUTTest);
-    KNOWN(UnitUnderTest);
-    KNOWN(WorkSpace);
-}
+        KNOWN(ZYNSession);
+        KNOWN(ZYNUser);
+        KNOWN(ProductType);
+        KNOWN(ProductionLot);
+        KNOWN(Station);
+        KNOWN(TestGroup);
+        KNOWN(TestMeasurement);
+        KNOWN(TestProgram);
+        KNOWN(TestResultSet);
+        KNOWN(TestStep);
+        KNOWN(UUTTest);
+        KNOWN(UnitUnderTest);
+        KNOWN(WorkSpace);
+    }
+};
 
 QTEST_APPLESS_MAIN(ContractTest)
 #include "ContractTest.moc"

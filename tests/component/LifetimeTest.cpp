@@ -23,13 +23,13 @@ namespace {
 
 /// A program with one component of each kind.
 struct Components {
-    QSharedPointer<TestProgram> program{new TestProgram(1, u"program"_s, 0)};
-    QSharedPointer<TestGroup> group{new TestGroup(2, u"group"_s, nullptr, 0, -1, ZYN_GROUP_USER, nullptr)};
+    QSharedPointer<TestProgram> program{new TestProgram(1, "program", 0)};
+    QSharedPointer<TestGroup> group{new TestGroup(2, "group", nullptr, 0, -1, ZYN_GROUP_USER, nullptr)};
     QSharedPointer<TestParameter> parameter{
-        new TestParameter(3, u"parameter"_s, ZYN_ADDRESS_REAL, nullptr, 0, -1)};
-    QSharedPointer<TestStep> step{new TestStep(4, u"step"_s, nullptr, 0, -1, QString())};
+        new TestParameter(3, "parameter", ZYN_ADDRESS_REAL, nullptr, 0, -1)};
+    QSharedPointer<TestStep> step{new TestStep(4, "step", nullptr, 0, -1, QString())};
     QSharedPointer<TestMeasurement> measurement{
-        new TestMeasurement(5, u"measurement"_s, ZYN_ADDRESS_REAL, nullptr, 0, -1)};
+        new TestMeasurement(5, "measurement", ZYN_ADDRESS_REAL, nullptr, 0, -1)};
 
     Components()
     {
@@ -47,158 +47,143 @@ constexpr int Deep = 100000;
 class LifetimeTest : public QObject {
     Q_OBJECT
 private slots:
-    void addingAChildMakesItPartOfTheProgram();
-    void measurementsAreFoundByTheirId();
-    void aChildOutlivesItsParents();
-    void aChildThatWasNeverAddedOutlivesItsParent();
-    void aResultWithdrawsItselfFromItsComponent();
-    void aResultKeepsItsComponent();
-    void componentsKeepOnlyTheirOwnResults();
-    void aResultIsOwnedByOneSet();
-    void deepAttributesAreFreed();
-    void deepPlansAreFreed();
-};
-
-void LifetimeTest::addingAChildMakesItPartOfTheProgram()
-{
-    const Components c;
-    QCOMPARE(c.measurement->GetTestProgram(), c.program.data());
-    QCOMPARE(c.parameter->GetTestProgram(), c.program.data());
-    QCOMPARE(c.group->GetChildren(), (QList<TestComponent*>{c.parameter.data(), c.step.data()}));
-    QVERIFY(c.program->GetGroupForIndex(1).isNull());
-    QVERIFY(c.program->GetGroupForIndex(-1).isNull());
-    QCOMPARE(c.step->AddMeasurement(nullptr), -1);
-}
-
-void LifetimeTest::measurementsAreFoundByTheirId()
-{
-    TestStep step(1, QString(), nullptr, 0, -1, QString());
-    for (int count = 0; count < 40; ++count) {
-        // Each id twice: the first one added counts.
-        const auto measurement = QSharedPointer<TestMeasurement>::create(
-            count / 2, QString(), ZYN_ADDRESS_REAL, nullptr, 0u, count);
-        QCOMPARE(step.AddMeasurement(measurement), count);
-        for (int id = 0; id <= count / 2; ++id)
-            QCOMPARE(step.GetMeasurementForID(id)->GetPosition(), 2L * id);
-        QVERIFY(step.GetMeasurementForID(count / 2 + 1).isNull());
-    }
-}
-
-void LifetimeTest::aChildOutlivesItsParents()
-{
-    Components c;
-    c.step.reset();
-    c.group.reset();
-    QCOMPARE(c.measurement->GetTestProgram(), c.program.data());
-    c.program.reset();
-    QCOMPARE(c.measurement->GetTestProgram(), nullptr);
-    QCOMPARE(c.parameter->GetTestProgram(), nullptr);
-}
-
-void LifetimeTest::aChildThatWasNeverAddedOutlivesItsParent()
-{
-    auto step = std::make_unique<TestStep>(1, u"step"_s, nullptr, 0, -1, QString());
-    const TestMeasurement measurement(2, u"m"_s, ZYN_ADDRESS_REAL, step.get(), 0, -1);
-    step.reset();
-    QCOMPARE(measurement.GetTestProgram(), nullptr);
-}
-
-void LifetimeTest::aResultWithdrawsItselfFromItsComponent()
-{
-    const Components c;
-    auto first = std::make_unique<TestResult>(c.measurement);
-    auto second = std::make_unique<TestResult>(c.measurement);
-    second->SetResult(ZYN_RESULT_FAILED);
-    c.measurement->SetResult(first.get());
-    c.measurement->SetResult(second.get());
-    first.reset();
-    QCOMPARE(c.measurement->GetResult(), second.get());
-    second.reset();
-    QCOMPARE(c.measurement->GetResult(), nullptr);
-    QCOMPARE(c.measurement->resultState, ZYN_RESULT_FAILED);
-}
-
-void LifetimeTest::aResultKeepsItsComponent()
-{
-    TestResultSet set(nullptr, nullptr);
+    void addingAChildMakesItPartOfTheProgram()
     {
         const Components c;
-        set.AddResult(new TestResult(c.measurement));
-        c.measurement->SetResult(set.GetResults().first());
+        QCOMPARE(c.measurement->GetTestProgram(), c.program.data());
+        QCOMPARE(c.parameter->GetTestProgram(), c.program.data());
+        QCOMPARE(c.group->GetChildren(), (QList<TestComponent*>{c.parameter.data(), c.step.data()}));
+        QVERIFY(c.program->GetGroupForIndex(1).isNull());
+        QVERIFY(c.program->GetGroupForIndex(-1).isNull());
+        QCOMPARE(c.step->AddMeasurement(nullptr), -1);
     }
-    QCOMPARE(set.GetResults().first()->GetComponent()->GetName(), u"measurement"_s);
-}
 
-void LifetimeTest::componentsKeepOnlyTheirOwnResults()
-{
-    const Components c;
-    auto foreign = std::make_unique<TestResult>(c.step);
-    foreign->SetResult(ZYN_RESULT_PASSED);
-    c.measurement->SetResult(foreign.get());
-    foreign.reset();
-    QCOMPARE(c.measurement->GetResult(), nullptr);
-    QCOMPARE(c.measurement->resultState, ZYN_RESULT_NOT_TESTED);
-}
+    void measurementsAreFoundByTheirId()
+    {
+        TestStep step(1, QString(), nullptr, 0, -1, QString());
+        for (int count = 0; count < 40; ++count) {
+            // Each id twice: the first one added counts.
+            const auto measurement = QSharedPointer<TestMeasurement>::create(
+                count / 2, QString(), ZYN_ADDRESS_REAL, nullptr, 0u, count);
+            QCOMPARE(step.AddMeasurement(measurement), count);
+            for (int id = 0; id <= count / 2; ++id)
+                QCOMPARE(step.GetMeasurementForID(id)->GetPosition(), 2L * id);
+            QVERIFY(step.GetMeasurementForID(count / 2 + 1).isNull());
+        }
+    }
 
-void LifetimeTest::aResultIsOwnedByOneSet()
-{
-    const Components c;
-    TestResultSet first(c.program, nullptr);
-    TestResultSet second(c.program, nullptr);
-    auto* const result = new TestResult(c.measurement);
-    first.AddResult(result);
-    first.AddResult(result);
-    second.AddResult(result);
-    QCOMPARE(first.GetResults().size(), 1);
-    QVERIFY(second.GetResults().isEmpty());
+    void aChildOutlivesItsParents()
+    {
+        Components c;
+        auto parent = std::make_unique<TestStep>(1, "step", nullptr, 0, -1, QString());
+        const TestMeasurement neverAdded(2, "m", ZYN_ADDRESS_REAL, parent.get(), 0, -1);
+        parent.reset();
+        QCOMPARE(neverAdded.GetTestProgram(), nullptr);
+        c.step.reset();
+        c.group.reset();
+        QCOMPARE(c.measurement->GetTestProgram(), c.program.data());
+        c.program.reset();
+        QCOMPARE(c.measurement->GetTestProgram(), nullptr);
+        QCOMPARE(c.parameter->GetTestProgram(), nullptr);
+    }
 
-    // Of several results of one component the last one counts, all are freed with the set.
-    auto* const repeated = new TestResult(c.measurement);
-    first.AddResult(repeated);
-    QCOMPARE(first.GetResult(c.measurement.data()), repeated);
-    // Whatever the component calls its newest one: an earlier one, that of another component.
-    for (TestResult* const newest : {repeated, result}) {
-        c.measurement->SetResult(newest);
+    void aResultWithdrawsItselfFromItsComponent()
+    {
+        const Components c;
+        auto first = std::make_unique<TestResult>(c.measurement);
+        auto second = std::make_unique<TestResult>(c.measurement);
+        second->SetResult(ZYN_RESULT_FAILED);
+        c.measurement->SetResult(first.get());
+        c.measurement->SetResult(second.get());
+        first.reset();
+        QCOMPARE(c.measurement->GetResult(), second.get());
+        second.reset();
+        QCOMPARE(c.measurement->GetResult(), nullptr);
+        QCOMPARE(c.measurement->resultState, ZYN_RESULT_FAILED);
+    }
+
+    void aResultKeepsItsComponent()
+    {
+        TestResultSet set(nullptr, nullptr);
+        {
+            const Components c;
+            set.AddResult(new TestResult(c.measurement));
+            c.measurement->SetResult(set.GetResults().first());
+        }
+        QCOMPARE(set.GetResults().first()->GetComponent()->GetName(), "measurement");
+    }
+
+    void componentsKeepOnlyTheirOwnResults()
+    {
+        const Components c;
+        auto foreign = std::make_unique<TestResult>(c.step);
+        foreign->SetResult(ZYN_RESULT_PASSED);
+        c.measurement->SetResult(foreign.get());
+        foreign.reset();
+        QCOMPARE(c.measurement->GetResult(), nullptr);
+        QCOMPARE(c.measurement->resultState, ZYN_RESULT_NOT_TESTED);
+    }
+
+    void aResultIsOwnedByOneSet()
+    {
+        const Components c;
+        TestResultSet first(c.program, nullptr);
+        TestResultSet second(c.program, nullptr);
+        auto* const result = new TestResult(c.measurement);
+        first.AddResult(result);
+        first.AddResult(result);
+        second.AddResult(result);
+        QCOMPARE(first.GetResults().size(), 1);
+        QVERIFY(second.GetResults().isEmpty());
+
+        // Of several results of one component the last one counts, all are freed with the set.
+        auto* const repeated = new TestResult(c.measurement);
+        first.AddResult(repeated);
         QCOMPARE(first.GetResult(c.measurement.data()), repeated);
-        QCOMPARE(second.GetResult(c.measurement.data()), nullptr);
-        c.step->SetResult(newest);
-        QCOMPARE(first.GetResult(c.step.data()), nullptr);
+        // Whatever the component calls its newest one: an earlier one, that of another component.
+        for (TestResult* const newest : {repeated, result}) {
+            c.measurement->SetResult(newest);
+            QCOMPARE(first.GetResult(c.measurement.data()), repeated);
+            QCOMPARE(second.GetResult(c.measurement.data()), nullptr);
+            c.step->SetResult(newest);
+            QCOMPARE(first.GetResult(c.step.data()), nullptr);
+        }
+        c.step->SetResult(nullptr);
+        first.AddResult(new TestResult(nullptr));
+        first.AddResult(nullptr);
+        QCOMPARE(first.GetResults().size(), 3);
+        QCOMPARE(first.GetResult(nullptr), nullptr);
     }
-    c.step->SetResult(nullptr);
-    first.AddResult(new TestResult(nullptr));
-    first.AddResult(nullptr);
-    QCOMPARE(first.GetResults().size(), 3);
-    QCOMPARE(first.GetResult(nullptr), nullptr);
-}
 
-void LifetimeTest::deepAttributesAreFreed()
-{
-    CtrlAttributes attributes;
-    auto* item = new TestComponentAttr(u"top"_s, TestComponentAttr::Category);
-    attributes.AddAttribute(item);
-    for (int depth = 0; depth < Deep; ++depth) {
-        auto* const child = new TestComponentAttr(QString(), TestComponentAttr::Category);
-        item->AddChild(new TestComponentAttr(QString(), TestComponentAttr::Integer, depth));
-        item->AddChild(child);
-        item = child;
+    void deepAttributesAreFreed()
+    {
+        CtrlAttributes attributes;
+        auto* item = new TestComponentAttr("top", TestComponentAttr::Category);
+        attributes.AddAttribute(item);
+        for (int depth = 0; depth < Deep; ++depth) {
+            auto* const child = new TestComponentAttr(QString(), TestComponentAttr::Category);
+            item->AddChild(new TestComponentAttr(QString(), TestComponentAttr::Integer, depth));
+            item->AddChild(child);
+            item = child;
+        }
+        QCOMPARE(attributes.GetAttributes().first()->GetChildren().size(), 2);
     }
-    QCOMPARE(attributes.GetAttributes().first()->GetChildren().size(), 2);
-}
 
-void LifetimeTest::deepPlansAreFreed()
-{
-    auto top = std::make_unique<TestPlanCategory>(u"top"_s);
-    TestPlanCategory* category = top.get();
-    for (int depth = 0; depth < Deep; ++depth) {
-        auto* const data = new TestPlanData;
-        auto* const child = new TestPlanCategory(QString());
-        data->AddCategory(new TestPlanCategory(u"without content"_s));
-        data->AddCategory(child);
-        category->SetAttributes(data);
-        category = child;
+    void deepPlansAreFreed()
+    {
+        auto top = std::make_unique<TestPlanCategory>("top");
+        TestPlanCategory* category = top.get();
+        for (int depth = 0; depth < Deep; ++depth) {
+            auto* const data = new TestPlanData;
+            auto* const child = new TestPlanCategory(QString());
+            data->AddCategory(new TestPlanCategory("without content"));
+            data->AddCategory(child);
+            category->SetAttributes(data);
+            category = child;
+        }
+        QCOMPARE(top->GetAttributes()->GetCategories().size(), 2);
     }
-    QCOMPARE(top->GetAttributes()->GetCategories().size(), 2);
-}
+};
 
 QTEST_APPLESS_MAIN(LifetimeTest)
 #include "LifetimeTest.moc"

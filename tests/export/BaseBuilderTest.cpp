@@ -1,10 +1,10 @@
-#include "import/ReportFiles.h"
+#include "support/Files.h"
+#include "support/Rows.h"
 
-#include "export/CExportBuilderImp.h"
+#include "report/CReportBuilderStream.h"
 
 #include <QtCore/QBuffer>
 #include <QtCore/QTemporaryDir>
-#include <QtCore/QTextStream>
 #include <QtTest/QtTest>
 
 #include <memory>
@@ -14,41 +14,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A format in the manner of all text formats: one line for each result bracket.
-class LineBuilder : public CExportBuilderImp {
+/// A format of one line for each result bracket.
+class LineBuilder : public CReportBuilderStream {
 public:
     using CExportBuilderImp::rawMode;
     using CExportBuilderImp::readWrite;
     using CExportBuilderImp::RelativeToOutput;
 
-    bool Open() override
+    bool Write(const char* line)
     {
-        if (!BindStream(stream))
-            return false;
-        SetOpened(true);
+        stream << line << Qt::endl;
         return true;
     }
-    bool Close() override
-    {
-        CheckOutput(stream);
-        stream.setDevice(nullptr);
-        SetDevice(nullptr);
-        SetOpened(false);
-        return true;
-    }
-    bool BeginTestResults() override
-    {
-        stream << "begin" << Qt::endl;
-        return true;
-    }
-    bool EndTestResults() override
-    {
-        stream << "end" << Qt::endl;
-        return true;
-    }
-
-private:
-    QTextStream stream;
+    bool BeginTestResults() override { return Write("begin"); }
+    bool EndTestResults() override { return Write("end"); }
 };
 
 /// A device that tells when it was closed or deleted.
@@ -76,113 +55,80 @@ class BaseBuilderTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void DeviceFromOutside();
-    void FileMode_data();
-    void FileMode();
-    void FileThatCannotBeCreated();
-    void DocumentAfterAFailedWalk();
-    void PathsRelativeToOutput();
+    void DeviceFromOutside()
+    {
+        Watched first;
+        Watched second;
+        {
+            LineBuilder builder;
+            builder.SetDevice(first.device);
+            builder.SetDevice(first.device);
+            QVERIFY(!first.closed);
+
+            builder.SetDevice(second.device);
+            QVERIFY(first.closed);
+            QCOMPARE(builder.GetDevice(), second.device);
+
+            builder.SetDevice(nullptr);
+            QVERIFY(second.closed);
+            QVERIFY(!builder.GetDevice());
+
+            second.device->open(QIODevice::WriteOnly);
+            second.closed = false;
+            builder.SetDevice(second.device);
+        }
+        // The end of the builder touches no device but its own file.
+        QVERIFY(!second.closed);
+        QVERIFY(!first.deleted && !second.deleted);
+    }
+
+    void FileMode_data()
+    {
+        const Rows<bool, bool, QIODevice::OpenMode> row;
+        const QIODevice::OpenMode fresh = QIODevice::WriteOnly | QIODevice::Truncate;
+        row("text", false, false, (fresh | QIODevice::Text));
+        row("text ignores read-write", false, true, (fresh | QIODevice::Text));
+        row("raw", true, false, fresh);
+        row("raw read-write", true, true, QIODevice::OpenMode(QIODevice::ReadWrite));
+    }
+    void FileMode()
+    {
+        const auto [rawMode, readWrite, mode] = CurrentRow<bool, bool, QIODevice::OpenMode>();
+        const QString old = Files::Write(Path("old"), "0123456789");
+        LineBuilder builder;
+        builder.rawMode = rawMode;
+        builder.readWrite = readWrite;
+        QVERIFY(builder.OpenFile(old));
+        QCOMPARE(builder.GetDevice()->openMode(), mode);
+        QVERIFY(builder.Open() && builder.BeginTestResults() && builder.Close());
+        // What lies beyond the new text stays only where the file is not truncated.
+        QCOMPARE(Files::Content(old),
+                 mode & QIODevice::Truncate ? QByteArray("begin\n") : QByteArray("begin\n6789"));
+    }
+
+    void FileThatCannotBeCreated()
+    {
+        LineBuilder builder;
+        QVERIFY(builder.OpenFile(Path("good")));
+        QVERIFY(!builder.OpenFile(Path("missing/file")));
+        QVERIFY(!builder.GetDevice());
+        QVERIFY(!builder.Open());
+        QVERIFY(!builder.OutputComplete());
+    }
+
+    void PathsRelativeToOutput()
+    {
+        LineBuilder builder;
+        QCOMPARE(builder.RelativeToOutput("/media/logo.png"), "/media/logo.png");
+        QVERIFY(builder.OpenFile(Path("report")));
+        QCOMPARE(builder.RelativeToOutput(Path("media/logo.png")), "media/logo.png");
+        QCOMPARE(builder.RelativeToOutput(QFileInfo(folder.path()).path() + u"/logo.png"_s), "../logo.png");
+    }
 
 private:
     QString Path(const QString& name) const { return folder.filePath(name); }
     QTemporaryDir folder;
 };
-
-void BaseBuilderTest::DeviceFromOutside()
-{
-    Watched first;
-    Watched second;
-    {
-        LineBuilder builder;
-        builder.SetDevice(first.device);
-        builder.SetDevice(first.device);
-        QVERIFY(!first.closed);
-
-        builder.SetDevice(second.device);
-        QVERIFY(first.closed);
-        QCOMPARE(builder.GetDevice(), second.device);
-
-        builder.SetDevice(nullptr);
-        QVERIFY(second.closed);
-        QVERIFY(!builder.GetDevice());
-
-        second.device->open(QIODevice::WriteOnly);
-        second.closed = false;
-        builder.SetDevice(second.device);
-    }
-    // The end of the builder touches no device but its own file.
-    QVERIFY(!second.closed);
-    QVERIFY(!first.deleted && !second.deleted);
-}
-
-void BaseBuilderTest::FileMode_data()
-{
-    QTest::addColumn<bool>("rawMode");
-    QTest::addColumn<bool>("readWrite");
-    QTest::addColumn<QIODevice::OpenMode>("mode");
-
-    const QIODevice::OpenMode fresh = QIODevice::WriteOnly | QIODevice::Truncate;
-    QTest::newRow("text") << false << false << (fresh | QIODevice::Text);
-    QTest::newRow("text ignores read-write") << false << true << (fresh | QIODevice::Text);
-    QTest::newRow("raw") << true << false << fresh;
-    QTest::newRow("raw read-write") << true << true << QIODevice::OpenMode(QIODevice::ReadWrite);
-}
-
-void BaseBuilderTest::FileMode()
-{
-    QFETCH(bool, rawMode);
-    QFETCH(bool, readWrite);
-    QFETCH(QIODevice::OpenMode, mode);
-    QFile old(Path(u"old"_s));
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write("0123456789");
-    old.close();
-
-    LineBuilder builder;
-    builder.rawMode = rawMode;
-    builder.readWrite = readWrite;
-    QVERIFY(builder.OpenFile(old.fileName()));
-    QCOMPARE(builder.GetDevice()->openMode(), mode);
-    QVERIFY(builder.Open() && builder.BeginTestResults() && builder.Close());
-    // What lies beyond the new text stays only where the file is not truncated.
-    QCOMPARE(ReportFiles::Content(old.fileName()),
-             mode & QIODevice::Truncate ? QByteArray("begin\n") : QByteArray("begin\n6789"));
-}
-
-void BaseBuilderTest::FileThatCannotBeCreated()
-{
-    LineBuilder builder;
-    QVERIFY(builder.OpenFile(Path(u"good"_s)));
-    QVERIFY(!builder.OpenFile(Path(u"missing/file"_s)));
-    QVERIFY(!builder.GetDevice());
-    QVERIFY(!builder.Open());
-    QVERIFY(!builder.OutputComplete());
-}
-
-void BaseBuilderTest::DocumentAfterAFailedWalk()
-{
-    LineBuilder builder;
-    QVERIFY(builder.OpenFile(Path(u"broken"_s)));
-    QVERIFY(!builder.OutputComplete());
-    QVERIFY(builder.Open() && builder.BeginTestResults());
-    // No Close: the walk ended early.
-    QVERIFY(builder.OpenFile(Path(u"next"_s)));
-    QVERIFY(!builder.IsOpened());
-    QVERIFY(!builder.OutputComplete());
-    QVERIFY(builder.Open() && builder.EndTestResults() && builder.Close());
-    QVERIFY(builder.OutputComplete());
-    QCOMPARE(ReportFiles::Content(Path(u"broken"_s)), QByteArray("begin\n"));
-    QCOMPARE(ReportFiles::Content(Path(u"next"_s)), QByteArray("end\n"));
-}
-
-void BaseBuilderTest::PathsRelativeToOutput()
-{
-    LineBuilder builder;
-    QCOMPARE(builder.RelativeToOutput(u"/media/logo.png"_s), u"/media/logo.png"_s);
-    QVERIFY(builder.OpenFile(Path(u"report"_s)));
-    QCOMPARE(builder.RelativeToOutput(Path(u"media/logo.png"_s)), u"media/logo.png"_s);
-    QCOMPARE(builder.RelativeToOutput(QFileInfo(folder.path()).path() + u"/logo.png"_s), u"../logo.png"_s);
-}
 
 QTEST_GUILESS_MAIN(BaseBuilderTest)
 #include "BaseBuilderTest.moc"

@@ -17,7 +17,6 @@
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/ZYNSession.h>
 
-#include <QtCore/QSet>
 #include <QtCore/QStringList>
 
 namespace ZYN {
@@ -28,43 +27,58 @@ class RecordingBuilder : public IExportBuilder {
 public:
     QStringList calls;
     /// Lines that are answered false.
-    QSet<QString> refused;
+    QStringList refused;
     /// Lines after which the builder is no longer opened.
-    QSet<QString> closing;
+    QStringList closing;
     bool opened = false;
 
-    void SetProperty(const QString&, const QString&) override {}
-    void SetDevice(QIODevice*) override {}
-    QIODevice* GetDevice() override { return nullptr; }
+    /// The calls with "X" for a "BeginX" that is ended at once.
+    QStringList Trace() const
+    {
+        QStringList trace;
+        for (const QString& call : calls) {
+            const bool atOnce = call.startsWith("End") && !trace.isEmpty() &&
+                                trace.last().section('(', 0, 0) == "Begin" + call.sliced(3);
+            if (atOnce)
+                trace.last().remove(0, 5);
+            else
+                trace += call;
+        }
+        return trace;
+    }
+
+    void SetProperty(const QString& key, const QString& value) override { Record(key + '=' + value); }
+    void SetDevice(QIODevice* newDevice) override { device = newDevice; }
+    QIODevice* GetDevice() override { return device; }
     bool OpenFile(const QString&) override { return true; }
-    void SetUseScaledData(bool) override {}
-    bool GetUseScaledData() override { return false; }
+    void SetUseScaledData(bool flag) override { scaled = flag; }
+    bool GetUseScaledData() override { return scaled; }
     bool Open() override
     {
-        opened = Record(QStringLiteral("Open"));
+        opened = Record("Open");
         return opened;
     }
     bool Close() override
     {
         opened = false;
-        return Record(QStringLiteral("Close"));
+        return Record("Close");
     }
     bool IsOpened() override { return opened; }
 
 #define ZYN_SLOT_NONE(name)                                                                                  \
     bool name() override                                                                                     \
     {                                                                                                        \
-        return Record(QStringLiteral(#name));                                                                \
+        return Record(QString(#name));                                                                       \
     }
 #define ZYN_SLOT_ONE(name, Model)                                                                            \
     bool name(Model* object) override                                                                        \
     {                                                                                                        \
-        return Record(QStringLiteral(#name " ") + NameOf(object));                                           \
+        return Record(#name " " + NameOf(object));                                                           \
     }
 #define ZYN_SLOT_RESULT(name, Component)                                                                     \
     bool name(Component* component, TestResult* result) override                                             \
     {                                                                                                        \
-        return Record(QStringLiteral(#name " ") + NameOf(component) + NameOf(result));                       \
+        return Record(#name " " + NameOf(component) + NameOf(result));                                       \
     }
     ZYN_EXPORT_BUILDER_SLOTS(ZYN_SLOT_NONE, ZYN_SLOT_ONE, ZYN_SLOT_RESULT)
 #undef ZYN_SLOT_NONE
@@ -72,6 +86,9 @@ public:
 #undef ZYN_SLOT_RESULT
 
 private:
+    QIODevice* device = nullptr;
+    bool scaled = false;
+
     bool Record(const QString& line)
     {
         calls += line;
@@ -82,23 +99,23 @@ private:
 
     static QString NameOf(const ManagedObject* object)
     {
-        return object ? object->GetName() : QStringLiteral("null");
+        return object ? object->GetName() : "null";
     }
     static QString NameOf(const TestResult* result)
     {
-        return QLatin1Char('(') + (result ? result->GetComment() : QStringLiteral("none")) + QLatin1Char(')');
+        return QString('(') + (result ? result->GetComment() : "none") + ')';
     }
     static QString NameOf(const TestResultSet* set)
     {
-        return set ? QStringLiteral("#%1").arg(set->GetTestIndex()) : QStringLiteral("null");
+        return set ? QString("#%1").arg(set->GetTestIndex()) : "null";
     }
     static QString NameOf(const ZYNSession* session)
     {
-        return session ? session->GetMachineName() : QStringLiteral("null");
+        return session ? session->GetMachineName() : "null";
     }
     static QString NameOf(const StatisticsData* data)
     {
-        return data ? data->GetComponent()->GetName() : QStringLiteral("null");
+        return data ? data->GetComponent()->GetName() : "null";
     }
 };
 

@@ -2,6 +2,8 @@
 
 // The small model that the walks are tested with.
 
+#include "support/SampleProgram.h"
+
 #include <ZYNCommon/CtrlLogInReport.h>
 #include <ZYNCommon/Fixture.h>
 #include <ZYNCommon/ProductType.h>
@@ -17,94 +19,69 @@
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/ZYNSession.h>
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QStringList>
 
 namespace ZYN::WalkModel {
 
 using namespace Qt::StringLiterals;
 
-/// The lines of a text without indentation and blank lines.
-inline QStringList Lines(const QString& text)
+/// A trace as it is written in a test: parted by commas and line ends, indented at will.
+inline QStringList Trace(const QString& text)
 {
-    QStringList lines;
-    for (const QString& line : text.split(u'\n')) {
-        if (!line.trimmed().isEmpty())
-            lines += line.trimmed();
-    }
-    return lines;
+    static const QRegularExpression part("\\s*[,\n]\\s*");
+    return text.trimmed().split(part, Qt::SkipEmptyParts);
 }
 
 /// G1 has parameters A and B and the steps S1 (M1, M2) and S2 (no measurement), G2 has step S3 (M3).
 struct Program {
-    QSharedPointer<TestProgram> program{new TestProgram(1, u"P"_s, 0)};
-    QMap<QString, QSharedPointer<TestComponent>> components{{u"P"_s, program}};
+    SampleModels::ProgramWriter writer{1, "P"};
+    QSharedPointer<TestProgram> program = writer.program;
+    QMap<QString, QSharedPointer<TestComponent>> components;
 
     Program()
     {
-        const auto first = AddGroup(u"G1"_s);
-        for (const QString& name : {u"A"_s, u"B"_s}) {
-            const QSharedPointer<TestParameter> parameter(
-                new TestParameter(0, name, ZYN_ADDRESS_PARAMETER, first.data(), 0, -1));
-            first->AddParameter(parameter);
-            components[name] = parameter;
-        }
-        AddStep(first, u"S1"_s, {u"M1"_s, u"M2"_s});
-        AddStep(first, u"S2"_s, {});
-        AddStep(AddGroup(u"G2"_s), u"S3"_s, {u"M3"_s});
+        const auto keep = [this](const QSharedPointer<TestComponent>& component) {
+            components[component->GetName()] = component;
+        };
+        keep(program);
+        keep(writer.Group(0, "G1"));
+        keep(writer.Parameter(0, "A", ZYN_ADDRESS_PARAMETER));
+        keep(writer.Parameter(0, "B", ZYN_ADDRESS_PARAMETER));
+        keep(writer.Step(0, "S1"));
+        keep(writer.Measurement(0, "M1", ZYN_ADDRESS_REAL));
+        keep(writer.Measurement(0, "M2", ZYN_ADDRESS_REAL));
+        keep(writer.Step(0, "S2"));
+        keep(writer.Group(0, "G2"));
+        keep(writer.Step(0, "S3"));
+        keep(writer.Measurement(0, "M3", ZYN_ADDRESS_REAL));
     }
 
     /// A set in which every component but the named ones has a result that bears its name.
     TestResultSet* Run(long index, const QStringList& without = {}) const
     {
-        auto* const set = new TestResultSet(program, {});
-        set->SetTestIndex(index);
-        for (auto row = components.begin(); row != components.end(); ++row) {
-            if (without.contains(row.key()))
-                continue;
-            auto* const result = new TestResult(row.value());
-            result->SetComment(row.key());
-            set->AddResult(result);
+        SampleModels::RunWriter run(program, {}, index);
+        for (const auto& component : components) {
+            if (!without.contains(component->GetName()))
+                run.Verdict(component, 0.0)->SetComment(component->GetName());
         }
-        return set;
+        return run.Take();
     }
 
     void Hide(const QString& name) const { components[name]->SetLogInReportCtrl(new CtrlLogInReport(false)); }
-
-private:
-    QSharedPointer<TestGroup> AddGroup(const QString& name)
-    {
-        const QSharedPointer<TestGroup> group(
-            new TestGroup(0, name, program.data(), 0, -1, ZYN_GROUP_USER, nullptr));
-        program->AddGroup(group);
-        components[name] = group;
-        return group;
-    }
-
-    void AddStep(const QSharedPointer<TestGroup>& group, const QString& name, const QStringList& measurements)
-    {
-        const QSharedPointer<TestStep> step(new TestStep(0, name, group.data(), 0, -1, {}));
-        group->AddStep(step);
-        components[name] = step;
-        for (const QString& measured : measurements) {
-            const QSharedPointer<TestMeasurement> measurement(
-                new TestMeasurement(0, measured, ZYN_ADDRESS_REAL, step.data(), 0, -1));
-            step->AddMeasurement(measurement);
-            components[measured] = measurement;
-        }
-    }
 };
 
 /// A unit with everything in its header.
 inline void FillHeader(UUTTest& test)
 {
-    const QSharedPointer<UnitUnderTest> unit(new UnitUnderTest(1, u"board"_s));
-    unit->SetProductType(QSharedPointer<ProductType>(new ProductType(1, u"type"_s)));
+    const QSharedPointer<UnitUnderTest> unit(new UnitUnderTest(1, "board"));
+    unit->SetProductType(QSharedPointer<ProductType>(new ProductType(1, "type")));
     test.SetUnitUnderTest(unit);
-    test.SetProductionLot(QSharedPointer<ProductionLot>(new ProductionLot(1, u"lot"_s)));
+    test.SetProductionLot(QSharedPointer<ProductionLot>(new ProductionLot(1, "lot")));
     auto* const session = new ZYNSession;
-    session->SetMachineName(u"machine"_s);
+    session->SetMachineName("machine");
     test.SetSession(session);
-    test.SetFixture(QSharedPointer<Fixture>(new Fixture(1, u"fixture"_s)));
+    test.SetFixture(QSharedPointer<Fixture>(new Fixture(1, "fixture")));
 }
 
 } // namespace ZYN::WalkModel

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "support/Files.h"
+
 #include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CExportServiceReport.h>
 #include <ZYNPersistence/CImportServiceReport.h>
 
-#include <QtCore/QFile>
 #include <QtCore/QTemporaryDir>
 
 #include <memory>
@@ -16,23 +17,16 @@ namespace ZYN::ReportFiles {
 inline QString ScratchFile()
 {
     static const QTemporaryDir folder;
-    return folder.filePath(QStringLiteral("report.zyr"));
-}
-
-inline QByteArray Content(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    return folder.filePath("report.zyr");
 }
 
 /// The report of a test; empty when it could not be written completely.
 inline QByteArray Write(UUTTest& test)
 {
-    const QString path = ScratchFile();
     CExportServiceReport service;
-    service.SetFormat(QStringLiteral("XML"));
-    service.SetOutputFileName(path);
-    return service.Export(&test) && service.OutputComplete() ? Content(path) : QByteArray();
+    service.SetFormat("XML");
+    service.SetOutputFileName(ScratchFile());
+    return service.Export(&test) && service.OutputComplete() ? Files::Content(ScratchFile()) : QByteArray();
 }
 
 /// What an import of a document gave.
@@ -47,19 +41,15 @@ struct Reading {
         QStringList texts;
         for (const ImportFinding& finding : findings)
             texts.append(finding.text);
-        return texts.join(QStringLiteral("; "));
+        return texts.join("; ");
     }
 };
 
 /// Reads a document with a service, which keeps what it carries over.
 inline Reading Read(const QByteArray& document, CImportServiceReport& service)
 {
-    QFile file(ScratchFile());
     Reading reading;
-    if (!file.open(QIODevice::WriteOnly) || file.write(document) != document.size())
-        return reading;
-    file.close();
-    service.SetInputFileName(file.fileName());
+    service.SetInputFileName(Files::Write(ScratchFile(), document));
     reading.imported = service.Import(reading.test.get());
     reading.findings = service.GetFindings();
     return reading;

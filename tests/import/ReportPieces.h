@@ -23,13 +23,19 @@ inline QByteArray Report(const QByteArray& content)
     return "<TestReport Version=\"1.4.0\">" + content + "</TestReport>";
 }
 
-/// A result set with one step that holds these measurements; the step's id is 3.
+/// A report with a result set of one program that has this content.
+inline QByteArray ProgramReport(const QByteArray& content)
+{
+    return Report("<TestResults><TestResultSet><Testprogram ID='1' Name='P' Type='1'>" + content +
+                  "</Testprogram></TestResultSet></TestResults>");
+}
+
+/// The same with one group and in it one step that holds these measurements; the step's id is 3.
 inline QByteArray StepReport(const QByteArray& measurements)
 {
-    return Report("<TestResults><TestResultSet><Testprogram ID='1' Name='P' Type='1'><Result Code='1'/>"
-                  "<TestGroup ID='2' Name='G' Type='2'><Result Code='1'/>"
-                  "<TestStep ID='3' Name='S' Type='3'><Result Code='1'/>" +
-                  measurements + "</TestStep></TestGroup></Testprogram></TestResultSet></TestResults>");
+    return ProgramReport("<Result Code='1'/><TestGroup ID='2' Name='G' Type='2'><Result Code='1'/>"
+                         "<TestStep ID='3' Name='S' Type='3'><Result Code='1'/>" +
+                         measurements + "</TestStep></TestGroup>");
 }
 
 inline QByteArray Limits(int type, const QByteArray& unitAttributes,

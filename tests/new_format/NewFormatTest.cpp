@@ -13,31 +13,28 @@ class NewFormatTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void Lookups();
-    void Report();
+    void Lookups()
+    {
+        QCOMPARE(CExportServiceReport::ExtensionForFormat(u" failures "_s), u"fails"_s);
+        QCOMPARE(CExportServiceReport::FormatForExtension(u"out/panel.fails"_s), u"FAILURES"_s);
+        QVERIFY(CExportServiceReport::ValidFormat(u"Failures"_s));
+        QCOMPARE(CExportServiceReport::FormatForExtension(u"panel.csv"_s), u"CSV"_s);
+    }
+
+    void Report()
+    {
+        const QTemporaryDir folder;
+        const QString name = folder.filePath(u"panel.fails"_s);
+        CExportServiceReport service;
+        QVERIFY(service.SetFormat(u"FAILURES"_s));
+        service.SetOutputFileName(name);
+        QVERIFY(service.Export(SampleModels::Panel().data()));
+        QVERIFY(service.OutputComplete());
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        QCOMPARE(file.readAll(), QByteArray("1\t5V rail\t4.5\tV\n2\t3V3 rail\t\tV\n"));
+    }
 };
-
-void NewFormatTest::Lookups()
-{
-    QCOMPARE(CExportServiceReport::ExtensionForFormat(u" failures "_s), u"fails"_s);
-    QCOMPARE(CExportServiceReport::FormatForExtension(u"out/panel.fails"_s), u"FAILURES"_s);
-    QVERIFY(CExportServiceReport::ValidFormat(u"Failures"_s));
-    QCOMPARE(CExportServiceReport::FormatForExtension(u"panel.csv"_s), u"CSV"_s);
-}
-
-void NewFormatTest::Report()
-{
-    const QTemporaryDir folder;
-    const QString name = folder.filePath(u"panel.fails"_s);
-    CExportServiceReport service;
-    QVERIFY(service.SetFormat(u"FAILURES"_s));
-    service.SetOutputFileName(name);
-    QVERIFY(service.Export(SampleModels::Panel().data()));
-    QVERIFY(service.OutputComplete());
-    QFile file(name);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("1\t5V rail\t4.5\tV\n2\t3V3 rail\t\tV\n"));
-}
 
 QTEST_GUILESS_MAIN(NewFormatTest)
 #include "NewFormatTest.moc"

@@ -52,13 +52,13 @@ QString Text(const QList<TestComponentAttr*>& attributes)
 
 /// A program with the idents 1 (program), 2 (group), 3 (step), 4 and 5 (measurements, 4 with limits).
 struct Program {
-    SampleModels::ProgramWriter writer{1, u"program"_s};
-    QSharedPointer<TestGroup> group = writer.Group(2, u"group"_s);
-    QSharedPointer<TestStep> step = writer.Step(3, u"step"_s);
+    SampleModels::ProgramWriter writer{1, "program"};
+    QSharedPointer<TestGroup> group = writer.Group(2, "group");
+    QSharedPointer<TestStep> step = writer.Step(3, "step");
     QSharedPointer<TestMeasurement> rail = writer.Measurement(
-        4, u"rail"_s, ZYN_ADDRESS_REAL, SampleModels::RealLimits(MeasurementUnit::Volt, 1.0, 2.0));
-    QSharedPointer<TestMeasurement> bare = writer.Measurement(5, u"bare"_s, ZYN_ADDRESS_REAL);
-    TestPlan plan{QFileInfo(u"x.tpl"_s)};
+        4, "rail", ZYN_ADDRESS_REAL, SampleModels::RealLimits(MeasurementUnit::Volt, 1.0, 2.0));
+    QSharedPointer<TestMeasurement> bare = writer.Measurement(5, "bare", ZYN_ADDRESS_REAL);
+    TestPlan plan{QFileInfo("x.tpl")};
 
     TestPlan::Applied Apply() const { return plan.ApplyTo(writer.program.data()); }
     QSharedPointer<ValidationInterface> Limits() const { return rail->GetValidationCtrl()->GetValidation(); }
@@ -72,100 +72,94 @@ const QString step = u"3"_s;
 class TestPlanTest : public QObject {
     Q_OBJECT
 private slots:
-    void theLastSetOfAnIdentCounts();
-    void limitsAreReplaced();
-    void attributesKeepTheirTypes();
-    void switches();
-    void unknownAndSharedIdents();
+    void theLastSetOfAnIdentCounts()
+    {
+        TestPlan plan(QFileInfo("dir/x.tpl"));
+        plan.AddValidation(rail, Data({{"a", 1}}));
+        auto* const last = Data({{"a", 2}});
+        plan.AddAttributes(step, Data({}));
+        plan.AddValidation(rail, last);
+        plan.AddValidation(rail, last);
+        plan.AddProperties(rail, nullptr);
+        QCOMPARE(plan.GetKeys(), (QStringList{rail, step}));
+        QCOMPARE(plan.GetValidation(rail), last);
+        QCOMPARE(plan.GetProperties(rail), nullptr);
+        QCOMPARE(plan.ApplyTo(nullptr).components, 0);
+    }
+
+    void limitsAreReplaced()
+    {
+        Program program;
+        const QString lower = u"Lower"_s;
+        program.plan.AddValidation(rail, Data({{"Name", "rail"}, {lower, "1.5"}, {"Nonsense", 1}}));
+        program.plan.AddValidation("5", Data({{lower, 1.5}}));
+        const auto applied = program.Apply();
+        QCOMPARE(applied.components, 1);
+        QCOMPARE(program.Limits()->GetLowerLimit().toDouble(), 1.5);
+        QCOMPARE(program.Limits()->GetUpperLimit().toDouble(), 2.0);
+        QCOMPARE(applied.problems,
+                 (QStringList{"ident '4' (rail): 'Nonsense' does not take the value '1'",
+                              "ident '5' (bare): has no validation that could take the plan's limits"}));
+    }
+
+    void attributesKeepTheirTypes()
+    {
+        Program program;
+        auto* const former = new CtrlAttributes;
+        former->AddAttribute(new TestComponentAttr("gone", TestComponentAttr::Integer, 1));
+        former->AddAttribute(new TestComponentAttr("count", TestComponentAttr::Integer, 2));
+        auto* const category = new TestComponentAttr("sub", TestComponentAttr::Category);
+        category->AddChild(new TestComponentAttr("on", TestComponentAttr::Boolean, false));
+        former->AddAttribute(category);
+        program.step->SetAttributesCtrl(former);
+
+        auto* const data = Data({{"new", 1.5}, {"count", "no number"}, {"text", "7"}});
+        auto* const inner = Data({{"on", "true"}});
+        inner->AddCategory(new TestPlanCategory("empty"));
+        data->AddCategory(Category("sub", inner));
+        data->AddCategory(Category("more", Data({{"n", 3}})));
+        program.plan.AddAttributes(step, data);
+
+        const auto applied = program.Apply();
+        QCOMPARE(Text(program.step->GetAttributesCtrl()->GetAttributes()),
+                 QStringLiteral("new:Real=1.5 count:Integer=2 text:String=7 sub{on:Boolean=true empty{}} "
+                                "more{n:Integer=3}"));
+        QCOMPARE(applied.problems,
+                 QStringList{"ident '3' (step): 'count' does not take the value 'no number'"});
+    }
+
+    void switches()
+    {
+        Program program;
+        program.plan.AddProperties(step, Data({{"LogInReport", "false"}, {"Enabled", "false"}}));
+        program.plan.AddProperties(rail, Data({{"LogInReport", "false"}}));
+        program.plan.AddProperties("2", Data({{"Enabled", "perhaps"}}));
+        const auto applied = program.Apply();
+        QCOMPARE(applied.components, 2);
+        QVERIFY(!program.step->GetLogInReportCtrl()->GetLogInReport());
+        QVERIFY(!program.step->GetEnableCtrl()->IsEnabled());
+        QVERIFY(!program.step->GetTestPlanValuesCtrl()->IsEnabled());
+        QVERIFY(!program.rail->GetLogInReportCtrl()->GetLogInReport());
+        QVERIFY(program.rail->GetTestPlanValuesCtrl()->IsEnabled());
+        QVERIFY(program.group->GetEnableCtrl()->IsEnabled());
+        QCOMPARE(applied.problems,
+                 QStringList{"ident '2' (group): 'Enabled' does not take the value 'perhaps'"});
+    }
+
+    void unknownAndSharedIdents()
+    {
+        Program program;
+        const QString off = u"0"_s;
+        program.bare->SetIdentString(step);
+        program.plan.AddProperties(step, Data({{"Enabled", off}}));
+        program.plan.AddProperties("99", Data({{"Enabled", off}}));
+        const auto applied = program.Apply();
+        QCOMPARE(applied.components, 0);
+        QCOMPARE(applied.unknownKeys, QStringList{"99"});
+        QCOMPARE(applied.problems, QStringList{"ident '3': 2 components have it, none was changed"});
+        QVERIFY(program.step->GetEnableCtrl()->IsEnabled());
+    }
 };
-
-void TestPlanTest::theLastSetOfAnIdentCounts()
-{
-    TestPlan plan(QFileInfo(u"dir/x.tpl"_s));
-    plan.AddValidation(rail, Data({{u"a"_s, 1}}));
-    auto* const last = Data({{u"a"_s, 2}});
-    plan.AddAttributes(step, Data({}));
-    plan.AddValidation(rail, last);
-    plan.AddValidation(rail, last);
-    plan.AddProperties(rail, nullptr);
-    QCOMPARE(plan.GetKeys(), (QStringList{rail, step}));
-    QCOMPARE(plan.GetValidation(rail), last);
-    QCOMPARE(plan.GetProperties(rail), nullptr);
-    QCOMPARE(plan.ApplyTo(nullptr).components, 0);
-}
-
-void TestPlanTest::limitsAreReplaced()
-{
-    Program program;
-    const QString lower = u"Lower"_s;
-    program.plan.AddValidation(rail, Data({{u"Name"_s, u"rail"_s}, {lower, u"1.5"_s}, {u"Nonsense"_s, 1}}));
-    program.plan.AddValidation(u"5"_s, Data({{lower, 1.5}}));
-    const auto applied = program.Apply();
-    QCOMPARE(applied.components, 1);
-    QCOMPARE(program.Limits()->GetLowerLimit().toDouble(), 1.5);
-    QCOMPARE(program.Limits()->GetUpperLimit().toDouble(), 2.0);
-    QCOMPARE(applied.problems,
-             (QStringList{u"ident '4' (rail): 'Nonsense' does not take the value '1'"_s,
-                          u"ident '5' (bare): has no validation that could take the plan's limits"_s}));
-}
-
-void TestPlanTest::attributesKeepTheirTypes()
-{
-    Program program;
-    auto* const former = new CtrlAttributes;
-    former->AddAttribute(new TestComponentAttr(u"gone"_s, TestComponentAttr::Integer, 1));
-    former->AddAttribute(new TestComponentAttr(u"count"_s, TestComponentAttr::Integer, 2));
-    auto* const category = new TestComponentAttr(u"sub"_s, TestComponentAttr::Category);
-    category->AddChild(new TestComponentAttr(u"on"_s, TestComponentAttr::Boolean, false));
-    former->AddAttribute(category);
-    program.step->SetAttributesCtrl(former);
-
-    auto* const data = Data({{u"new"_s, 1.5}, {u"count"_s, u"no number"_s}, {u"text"_s, u"7"_s}});
-    auto* const inner = Data({{u"on"_s, u"true"_s}});
-    inner->AddCategory(new TestPlanCategory(u"empty"_s));
-    data->AddCategory(Category(u"sub"_s, inner));
-    data->AddCategory(Category(u"more"_s, Data({{u"n"_s, 3}})));
-    program.plan.AddAttributes(step, data);
-
-    const auto applied = program.Apply();
-    QCOMPARE(Text(program.step->GetAttributesCtrl()->GetAttributes()),
-             QStringLiteral("new:Real=1.5 count:Integer=2 text:String=7 sub{on:Boolean=true empty{}} "
-                            "more{n:Integer=3}"));
-    QCOMPARE(applied.problems,
-             QStringList{u"ident '3' (step): 'count' does not take the value 'no number'"_s});
-}
-
-void TestPlanTest::switches()
-{
-    Program program;
-    program.plan.AddProperties(step, Data({{u"LogInReport"_s, u"false"_s}, {u"Enabled"_s, u"false"_s}}));
-    program.plan.AddProperties(rail, Data({{u"LogInReport"_s, u"false"_s}}));
-    program.plan.AddProperties(u"2"_s, Data({{u"Enabled"_s, u"perhaps"_s}}));
-    const auto applied = program.Apply();
-    QCOMPARE(applied.components, 2);
-    QVERIFY(!program.step->GetLogInReportCtrl()->GetLogInReport());
-    QVERIFY(!program.step->GetEnableCtrl()->IsEnabled());
-    QVERIFY(!program.step->GetTestPlanValuesCtrl()->IsEnabled());
-    QVERIFY(!program.rail->GetLogInReportCtrl()->GetLogInReport());
-    QVERIFY(program.rail->GetTestPlanValuesCtrl()->IsEnabled());
-    QVERIFY(program.group->GetEnableCtrl()->IsEnabled());
-    QCOMPARE(applied.problems,
-             QStringList{u"ident '2' (group): 'Enabled' does not take the value 'perhaps'"_s});
-}
-
-void TestPlanTest::unknownAndSharedIdents()
-{
-    Program program;
-    const QString off = u"0"_s;
-    program.bare->SetIdentString(step);
-    program.plan.AddProperties(step, Data({{u"Enabled"_s, off}}));
-    program.plan.AddProperties(u"99"_s, Data({{u"Enabled"_s, off}}));
-    const auto applied = program.Apply();
-    QCOMPARE(applied.components, 0);
-    QCOMPARE(applied.unknownKeys, QStringList{u"99"_s});
-    QCOMPARE(applied.problems, QStringList{u"ident '3': 2 components have it, none was changed"_s});
-    QVERIFY(program.step->GetEnableCtrl()->IsEnabled());
-}
 
 QTEST_APPLESS_MAIN(TestPlanTest)
 #include "TestPlanTest.moc"

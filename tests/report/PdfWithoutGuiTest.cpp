@@ -13,21 +13,19 @@ using namespace ZYN;
 class PdfWithoutGuiTest : public QObject {
     Q_OBJECT
 private slots:
-    void saysSoAndMakesNoFile();
+    void saysSoAndMakesNoFile()
+    {
+        QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("report.pdf"));
+        CExportServiceReport service;
+        service.SetFormat(QStringLiteral("PDF"));
+        service.SetOutputFileName(path);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("needs a QGuiApplication")));
+        QVERIFY(service.Export(SampleModels::BareUnit().get()));
+        QVERIFY(!service.OutputComplete());
+        QVERIFY(!QFile::exists(path));
+    }
 };
-
-void PdfWithoutGuiTest::saysSoAndMakesNoFile()
-{
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("report.pdf"));
-    CExportServiceReport service;
-    service.SetFormat(QStringLiteral("PDF"));
-    service.SetOutputFileName(path);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("needs a QGuiApplication")));
-    QVERIFY(service.Export(SampleModels::BareUnit().get()));
-    QVERIFY(!service.OutputComplete());
-    QVERIFY(!QFile::exists(path));
-}
 
 QTEST_GUILESS_MAIN(PdfWithoutGuiTest)
 #include "PdfWithoutGuiTest.moc"

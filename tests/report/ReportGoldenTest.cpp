@@ -1,76 +1,57 @@
 #include "support/Golden.h"
 #include "support/ReportRun.h"
+#include "support/Rows.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QLocale>
-#include <QtTest/QtTest>
 
 #include <clocale>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 /// Every text format against its expected files; under ctest also in other locales.
 class ReportGoldenTest : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void RunsInItsLocale();
-    void Report_data();
-    void Report();
-    void EveryExpectationHasATest();
+    void RunsInItsLocale()
+    {
+        const QString wanted = qEnvironmentVariable("ZYN_TEST_LOCALE");
+        if (wanted.isEmpty())
+            QSKIP("only in the runs of other locales");
+        QVERIFY(std::setlocale(LC_ALL, ""));
+        const QString point = wanted == "C" ? "." : ",";
+        QCOMPARE(QString(std::localeconv()->decimal_point), point);
+        QCOMPARE(QLocale().decimalPoint(), point);
+        QCOMPARE(QLocale().name(), wanted);
+    }
+
+    void Report_data()
+    {
+        const Rows<QString, QString> row;
+        for (const QString format : {"XML", "TXT", "CSV", "HTML", "JSON"}) {
+            for (const QString& name : ReportGoldenRows(format))
+                row(qPrintable(format + ' ' + name), format, name);
+        }
+    }
+    void Report()
+    {
+        const auto [format, caseName] = CurrentRow<QString, QString>();
+        const QString difference = CheckReportGolden(format, caseName);
+        QVERIFY2(difference.isEmpty(), qPrintable(difference));
+    }
+
+    void EveryExpectationHasATest()
+    {
+        // These are no reports; each is gone through by a test of its own.
+        const QStringList known =
+            SampleModels::ReportCaseNames() + QStringList{"statistics", "test-plan", "tool"};
+        for (const QString& folder : QDir(Golden::Folder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+            QVERIFY2(known.contains(folder), qPrintable(folder + " is no sample of a report"));
+            QVERIFY2(!QDir(Golden::Folder() + '/' + folder).isEmpty(), qPrintable(folder + " is empty"));
+        }
+    }
 };
-
-namespace {
-
-/// Formats whose reports are compared byte for byte.
-const QStringList formats{u"XML"_s, u"TXT"_s, u"CSV"_s, u"HTML"_s, u"JSON"_s};
-
-/// Folders of expectations that are no reports; each is gone through by a test of its own.
-const QStringList otherFolders{u"statistics"_s, u"test-plan"_s, u"tool"_s};
-
-} // namespace
-
-void ReportGoldenTest::RunsInItsLocale()
-{
-    const QString wanted = qEnvironmentVariable("ZYN_TEST_LOCALE");
-    if (wanted.isEmpty())
-        QSKIP("only in the runs of other locales");
-    QVERIFY(std::setlocale(LC_ALL, ""));
-    const bool decimalComma = wanted != u"C";
-    QCOMPARE(QString::fromLatin1(std::localeconv()->decimal_point), decimalComma ? u","_s : u"."_s);
-    QCOMPARE(QLocale().decimalPoint(), decimalComma ? u","_s : u"."_s);
-    QCOMPARE(QLocale().name(), wanted);
-}
-
-void ReportGoldenTest::EveryExpectationHasATest()
-{
-    const QStringList folders = QDir(Golden::Folder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
-    for (const QString& folder : folders) {
-        const bool known = SampleModels::ReportCaseNames().contains(folder) || otherFolders.contains(folder);
-        QVERIFY2(known, qPrintable(folder + u" is no sample of a report"_s));
-        QVERIFY2(!QDir(Golden::Folder() + u'/' + folder).isEmpty(), qPrintable(folder + u" is empty"_s));
-    }
-}
-
-void ReportGoldenTest::Report_data()
-{
-    QTest::addColumn<QString>("format");
-    QTest::addColumn<QString>("caseName");
-    for (const QString& format : formats) {
-        const QStringList rows = ReportGoldenRows(format);
-        for (const QString& row : rows)
-            QTest::newRow(qPrintable(format + u' ' + row)) << format << row;
-    }
-}
-
-void ReportGoldenTest::Report()
-{
-    QFETCH(QString, format);
-    QFETCH(QString, caseName);
-    const QString difference = CheckReportGolden(format, caseName);
-    QVERIFY2(difference.isEmpty(), qPrintable(difference));
-}
 
 QTEST_GUILESS_MAIN(ReportGoldenTest)
 #include "ReportGoldenTest.moc"

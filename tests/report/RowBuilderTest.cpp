@@ -1,7 +1,7 @@
 #include "export/FaultDevices.h"
-#include "import/ReportFiles.h"
+#include "support/Files.h"
 #include "support/ReportRun.h"
-#include "support/SampleModels.h"
+#include "support/Rows.h"
 
 #include "export/CExportBuilderImp.h"
 #include "export/CExportDirectorReport.h"
@@ -17,28 +17,10 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
 
 #include <memory>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
-
-/// What the row formats do beyond the documents of the expected files: nothing to write, and one builder
-/// for several documents.
-class RowBuilderTest : public QObject {
-    Q_OBJECT
-
-private Q_SLOTS:
-    void WithoutResultNothingIsWritten_data() { Formats(); }
-    void WithoutResultNothingIsWritten();
-    void NextDocumentIsClean_data();
-    void NextDocumentIsClean();
-    void PanelItemWithoutUnit();
-
-private:
-    static void Formats();
-};
 
 namespace {
 
@@ -49,114 +31,97 @@ Builder MakeBuilder(const QString& format)
     return Builder(dynamic_cast<CExportBuilderImp*>(FormatRegistry::CreateReportBuilder(format)));
 }
 
-/// What a builder writes into an open document between two moments.
-struct Document {
-    QBuffer buffer;
-    Builder builder;
-
-    explicit Document(const QString& format)
-        : builder(MakeBuilder(format))
-    {
-        builder->SetDevice(&buffer);
-        builder->Open();
-        Take();
-    }
-    ~Document() { builder->SetDevice(nullptr); }
-
-    QByteArray Take()
-    {
-        const QByteArray written = buffer.data().mid(taken);
-        taken = buffer.data().size();
-        return written;
-    }
-
-private:
-    qsizetype taken = 0;
-};
-
-bool Walk(UUTTest* test, IExportBuilder* builder)
-{
-    CExportDirectorReport director;
-    return director.ExportUUTTest(test, builder);
-}
-
 } // namespace
 
-void RowBuilderTest::Formats()
-{
-    QTest::addColumn<QString>("format");
-    for (const char* const format : {"CSV", "TXT", "HTML"})
-        QTest::newRow(format) << QString::fromLatin1(format);
-}
+/// What the row formats do beyond the documents of the expected files: nothing to write, and one builder
+/// for several documents.
+class RowBuilderTest : public QObject {
+    Q_OBJECT
 
-void RowBuilderTest::WithoutResultNothingIsWritten()
-{
-    QFETCH(QString, format);
-    Document document(format);
-    IExportBuilder* const builder = document.builder.get();
-    const auto test = SampleModels::PassedUnit();
-    const auto group = test->GetResultSets().constFirst()->GetTestProgram()->GetGroupForIndex(1);
-    const auto step = group->GetStepForIndex(0);
+private Q_SLOTS:
+    void WithoutResultNothingIsWritten()
+    {
+        const auto test = SampleModels::PassedUnit();
+        const auto group = test->GetResultSets().constFirst()->GetTestProgram()->GetGroupForIndex(1);
+        const auto step = group->GetStepForIndex(0);
+        for (const char* format : {"CSV", "TXT", "HTML"}) {
+            QBuffer buffer;
+            const Builder owner = MakeBuilder(format);
+            IExportBuilder* const builder = owner.get();
+            builder->SetDevice(&buffer);
+            builder->Open();
+            const qint64 before = buffer.size();
+            QVERIFY(!builder->BeginTestGroup(group.get(), nullptr));
+            QVERIFY(!builder->BeginTestStep(step.get(), nullptr));
+            QVERIFY(!builder->BeginTestParameter(group->GetParameterForIndex(0).get(), nullptr));
+            QVERIFY(!builder->BeginTestMeasurement(step->GetMeasurementForIndex(0).get(), nullptr));
+            QCOMPARE(buffer.size(), before);
+            builder->SetDevice(nullptr);
+        }
+    }
 
-    QVERIFY(!builder->BeginTestGroup(group.get(), nullptr));
-    QVERIFY(!builder->BeginTestStep(step.get(), nullptr));
-    QVERIFY(!builder->BeginTestParameter(group->GetParameterForIndex(0).get(), nullptr));
-    QVERIFY(!builder->BeginTestMeasurement(step->GetMeasurementForIndex(0).get(), nullptr));
-    QCOMPARE(document.Take(), QByteArray());
-}
+    void NextDocumentIsClean_data()
+    {
+        const Rows<> row;
+        for (const char* format : {"CSV", "TXT", "HTML", "XML"})
+            row(format);
+    }
+    void NextDocumentIsClean()
+    {
+        const QString format = QTest::currentDataTag();
+        const auto sample = SampleModels::MakeReportCase("panel");
+        const ReportRun expected = ExportSample(format, *sample);
+        const Environment::Override environment(SampleModels::ReportTime(), SampleModels::EngineVersion());
+        const QTemporaryDir folder;
+        const Builder builder = MakeBuilder(format);
+        const auto walk = [&](UUTTest* test) {
+            return CExportDirectorReport().ExportUUTTest(test, builder.get());
+        };
+        const auto verifyNext = [&] {
+            const QString next = folder.filePath("next");
+            QVERIFY(builder->OpenFile(next));
+            QVERIFY(walk(sample->test.get()));
+            QVERIFY(builder->OutputComplete());
+            QCOMPARE(Files::Content(next), expected.content);
+        };
 
-void RowBuilderTest::NextDocumentIsClean_data()
-{
-    Formats();
-    QTest::newRow("XML") << u"XML"_s;
-}
+        // A panel item's result set without a program ends the walk in the middle of the document.
+        const auto broken = SampleModels::Panel();
+        broken->GetUUTTests().at(1)->AssignResultSet(new TestResultSet({}, {}));
+        QVERIFY(builder->OpenFile(folder.filePath("broken")));
+        QVERIFY(!walk(broken.get()));
+        QVERIFY(builder->IsOpened());
+        verifyNext();
 
-void RowBuilderTest::NextDocumentIsClean()
-{
-    QFETCH(QString, format);
-    const auto sample = SampleModels::MakeReportCase(u"panel"_s);
-    const ReportRun expected = ExportSample(format, *sample);
-    const Environment::Override environment(SampleModels::ReportTime(), SampleModels::EngineVersion());
+        // Nor does what a device refused get into the next document.
+        BreakingDevice device(7);
+        builder->SetDevice(&device);
+        walk(sample->test.get());
+        QVERIFY(!builder->OutputComplete());
+        verifyNext();
+    }
 
-    // A panel item's result set without a program ends the walk in the middle of the document.
-    const auto broken = SampleModels::Panel();
-    broken->GetUUTTests().at(1)->AssignResultSet(new TestResultSet({}, {}));
-    const QTemporaryDir folder;
-    const Builder builder = MakeBuilder(format);
-    QVERIFY(builder->OpenFile(folder.filePath(u"broken"_s)));
-    QVERIFY(!Walk(broken.get(), builder.get()));
-    QVERIFY(builder->IsOpened());
-
-    QVERIFY(builder->OpenFile(folder.filePath(u"next"_s)));
-    QVERIFY(Walk(sample->test.get(), builder.get()));
-    QVERIFY(builder->OutputComplete());
-    QCOMPARE(ReportFiles::Content(folder.filePath(u"next"_s)), expected.content);
-
-    // Nor does what a device refused get into the next document.
-    BreakingDevice device(7);
-    builder->SetDevice(&device);
-    Walk(sample->test.get(), builder.get());
-    QVERIFY(!builder->OutputComplete());
-    QVERIFY(builder->OpenFile(folder.filePath(u"third"_s)));
-    QVERIFY(Walk(sample->test.get(), builder.get()));
-    QVERIFY(builder->OutputComplete());
-    QCOMPARE(ReportFiles::Content(folder.filePath(u"third"_s)), expected.content);
-}
-
-void RowBuilderTest::PanelItemWithoutUnit()
-{
-    Document document(u"HTML"_s);
-    UUTTest item(1, QString());
-    document.builder->BeginSubUnitTest();
-    QVERIFY(document.builder->BeginUUTTest(&item));
-    QVERIFY(document.Take().startsWith("<hr><br><p class=\"headline\">Panel Item</p>\n<table"));
-    document.builder->EndUUTTest(&item);
-    document.builder->EndSubUnitTest();
-    document.Take();
-    // The next one is no panel item.
-    QVERIFY(document.builder->BeginUUTTest(&item));
-    QVERIFY(document.Take().startsWith("<table"));
-}
+    void PanelItemWithoutUnit()
+    {
+        QBuffer buffer;
+        const Builder builder = MakeBuilder("HTML");
+        builder->SetDevice(&buffer);
+        builder->Open();
+        UUTTest item(1, QString());
+        const auto begin = [&] {
+            const qsizetype before = buffer.data().size();
+            builder->BeginUUTTest(&item);
+            return buffer.data().mid(before);
+        };
+        builder->BeginSubUnitTest();
+        QVERIFY(begin().startsWith("<hr><br><p class=\"headline\">Panel Item</p>\n<table"));
+        builder->EndUUTTest(&item);
+        builder->EndSubUnitTest();
+        // The next one is no panel item.
+        QVERIFY(begin().startsWith("<table"));
+        builder->SetDevice(nullptr);
+    }
+};
 
 QTEST_GUILESS_MAIN(RowBuilderTest)
 #include "RowBuilderTest.moc"

@@ -1,9 +1,8 @@
 #include "stdf/LotFiles.h"
 #include "stdf/LotModels.h"
+#include "support/Rows.h"
 
 #include <ZYNCommon/MeasurementUnit.h>
-#include <ZYNCommon/UUTTest.h>
-#include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QRandomGenerator>
 #include <QtCore/QTemporaryDir>
@@ -38,7 +37,14 @@ QString Bits(float value)
     return QString::number(std::bit_cast<quint32>(value), 16);
 }
 
-/// The fields of a record as one text.
+/// The fields that a record must have as one text.
+template <class... Values>
+QString Joined(const Values&... values)
+{
+    return QStringList{QVariant(values).toString()...}.join('|');
+}
+
+/// The same of a record that was read.
 QString Fields(const Stdf::Record& record)
 {
     QStringList fields{QLatin1StringView(record.type->name)};
@@ -96,35 +102,18 @@ QString ExpectedTest(uint number, const MeasurementData& measurement, const QStr
             parameterFlags |= Holds(result, high, limits.upperOperator) ? 0U : 0x08U;
         }
     }
-    if (measurement.result == ZYN_RESULT_ERROR || measurement.result == ZYN_RESULT_ABORTED)
-        testFlags |= 0x20;
-    if (measurement.result == ZYN_RESULT_DONE)
-        testFlags |= 0x40;
-    if (measurement.result == ZYN_RESULT_FAILED)
-        testFlags |= 0x80;
+    const QMap<EN_ZYN_RESULT, uint> verdicts{{ZYN_RESULT_ERROR, 0x20},
+                                             {ZYN_RESULT_ABORTED, 0x20},
+                                             {ZYN_RESULT_DONE, 0x40},
+                                             {ZYN_RESULT_FAILED, 0x80}};
+    testFlags |= verdicts.value(measurement.result);
 
-    QString text = u"["_s + measurement.ident + u"] "_s + measurement.name + u" - "_s;
+    QString text = '[' + measurement.ident + "] " + measurement.name + " - ";
     if (measurement.name != step)
-        text += step + u" - "_s;
-    text += group;
+        text += step + " - ";
     const QString exponent = QString::number(-scale);
-    return QStringList{u"PTR"_s,
-                       QString::number(number),
-                       u"1"_s,
-                       u"1"_s,
-                       QString::number(testFlags),
-                       QString::number(parameterFlags),
-                       Bits(result),
-                       Encoded(text),
-                       QString(),
-                       QString::number(optional),
-                       exponent,
-                       exponent,
-                       exponent,
-                       Bits(low),
-                       Bits(high),
-                       unit}
-        .join(u'|');
+    return Joined("PTR", number, 1, 1, testFlags, parameterFlags, Bits(result), Encoded(text + group), "",
+                  optional, exponent, exponent, exponent, Bits(low), Bits(high), unit);
 }
 
 QStringList ExpectedPart(const UnitData& unit, const UnitData& whole)
@@ -145,20 +134,9 @@ QStringList ExpectedPart(const UnitData& unit, const UnitData& whole)
                       : unit.result == ZYN_RESULT_ERROR || unit.result == ZYN_RESULT_ABORTED ? 4
                                                                                              : 0;
     const auto milliseconds = static_cast<quint32>(std::llround(unit.seconds * 1000));
-    records.prepend(u"PIR|1|1"_s);
-    records += QStringList{u"PRR"_s,
-                           u"1"_s,
-                           u"1"_s,
-                           QString::number(flags),
-                           QString::number(number),
-                           u"0"_s,
-                           u"65535"_s,
-                           u"-32768"_s,
-                           u"-32768"_s,
-                           QString::number(milliseconds),
-                           Encoded(unit.ident),
-                           Encoded(unit.product.isNull() ? whole.product : unit.product)}
-                   .join(u'|');
+    records.prepend("PIR|1|1");
+    records += Joined("PRR", 1, 1, flags, number, 0, 65535, -32768, -32768, milliseconds, Encoded(unit.ident),
+                      Encoded(unit.product.isNull() ? whole.product : unit.product));
     return records;
 }
 
@@ -170,17 +148,14 @@ QString Seconds(const QDateTime& time)
 QStringList ExpectedFile(const UnitData& unit)
 {
     const QString start = Seconds(unit.start);
-    QStringList records{
-        u"FAR|2|4"_s, QStringList{u"MIR"_s, start, start, u"1"_s, u"P"_s, u" "_s, u" "_s, u"65535"_s, u" "_s,
-                                  Encoded(unit.lot), Encoded(unit.product), Encoded(unit.machine), QString(),
-                                  Encoded(unit.program), Encoded(unit.version), QString(), Encoded(unit.user)}
-                          .join(u'|')};
+    QStringList records{"FAR|2|4",
+                        Joined("MIR", start, start, 1, "P", " ", " ", 65535, " ", Encoded(unit.lot),
+                               Encoded(unit.product), Encoded(unit.machine), "", Encoded(unit.program),
+                               Encoded(unit.version), "", Encoded(unit.user))};
     uint parts = 0;
     uint good = 0;
     QString finish = Seconds(unit.stop);
-    QList<UnitData> tested{unit};
-    tested += unit.items;
-    for (const UnitData& part : tested) {
+    for (const UnitData& part : QList<UnitData>{unit} + unit.items) {
         const QStringList partRecords = ExpectedPart(part, unit);
         records += partRecords;
         if (!partRecords.isEmpty()) {
@@ -190,9 +165,8 @@ QStringList ExpectedFile(const UnitData& unit)
         if (part.stop.isValid())
             finish = Seconds(part.stop);
     }
-    records += u"PCR|1|1|%1|%3|%3|%2|%3"_s.arg(QString::number(parts), QString::number(good),
-                                               QString::number(unknown));
-    records += u"MRR|"_s + finish;
+    records += Joined("PCR", 1, 1, parts, unknown, unknown, good, unknown);
+    records += Joined("MRR", finish);
     return records;
 }
 
@@ -210,11 +184,8 @@ public:
         unit.product = Text();
         if (unit.product.isEmpty())
             unit.product = u"P"_s; // the model knows no product without a name
-        unit.lot = Text();
-        unit.machine = Text();
-        unit.user = Text();
-        unit.program = Text();
-        unit.version = Text();
+        for (QString* text : {&unit.lot, &unit.machine, &unit.user, &unit.program, &unit.version})
+            *text = Text();
         unit.start = Time();
         unit.stop = Time();
         if (Chance(3)) {
@@ -235,19 +206,8 @@ private:
 
     QString Text()
     {
-        static const QStringList pieces{u"a"_s,
-                                        u"Z9"_s,
-                                        u" - "_s,
-                                        u"%1%2"_s,
-                                        u"\n\t"_s,
-                                        u"ÄÖÿ"_s,
-                                        u"Ω"_s,
-                                        u"漢字"_s,
-                                        u"\U0001F600"_s,
-                                        QString(QChar(0xd800)),
-                                        QString(QChar(0)),
-                                        u"e\u0301"_s,
-                                        u"[1] "_s};
+        static const QStringList pieces{"a",    "Z9",         " - ",         "%1%2",   "\n\t",    "ÄÖÿ", "Ω",
+                                        "漢字", "\U0001F600", QChar(0xd800), QChar(0), "e\u0301", "[1] "};
         QString text;
         const int length = OneOf({0, 1, 5, 20, 254, 255, 256, 300, 1000});
         while (text.size() < length)
@@ -259,6 +219,12 @@ private:
     {
         const qint64 seconds = OneOf<qint64>({-1, 0, 1, 1715934600, 4294967295});
         return seconds < 0 ? QDateTime() : QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC);
+    }
+
+    EN_ZYN_RESULT Verdict()
+    {
+        return OneOf({ZYN_RESULT_ABORTED, ZYN_RESULT_ERROR, ZYN_RESULT_FAILED, ZYN_RESULT_NOT_TESTED,
+                      ZYN_RESULT_PASSED, ZYN_RESULT_DONE});
     }
 
     double Real()
@@ -274,8 +240,7 @@ private:
         measurement.ident = QString::number(random.bounded(100));
         measurement.name = Text();
         measurement.kind = OneOf({ZYN_ADDRESS_INTEGER, ZYN_ADDRESS_REAL, ZYN_ADDRESS_STRING});
-        measurement.result = OneOf({ZYN_RESULT_ABORTED, ZYN_RESULT_ERROR, ZYN_RESULT_FAILED,
-                                    ZYN_RESULT_NOT_TESTED, ZYN_RESULT_PASSED, ZYN_RESULT_DONE});
+        measurement.result = Verdict();
         measurement.hasResult = !Chance(8);
         const bool integer = measurement.kind == ZYN_ADDRESS_INTEGER;
         if (!Chance(8)) {
@@ -286,8 +251,8 @@ private:
         if (!Chance(4)) {
             LimitsData limits;
             limits.real = !integer;
-            limits.lowerOperator = OneOf({QString(), u"<="_s, u"<"_s, u"=="_s, u"!="_s, u">="_s});
-            limits.upperOperator = OneOf({QString(), u"<="_s, u"<"_s, u"=="_s, u"!="_s, u">"_s});
+            limits.lowerOperator = OneOf<QString>({"", "<=", "<", "==", "!=", ">="});
+            limits.upperOperator = OneOf<QString>({"", "<=", "<", "==", "!=", ">"});
             limits.lower = integer ? random.bounded(100) : Finite();
             limits.upper = integer ? random.bounded(100) : Finite();
             limits.scale = random.bounded(25) - 12;
@@ -307,8 +272,7 @@ private:
     {
         UnitData unit;
         unit.ident = Text();
-        unit.result = OneOf({ZYN_RESULT_ABORTED, ZYN_RESULT_ERROR, ZYN_RESULT_FAILED, ZYN_RESULT_NOT_TESTED,
-                             ZYN_RESULT_PASSED, ZYN_RESULT_DONE});
+        unit.result = Verdict();
         unit.seconds = OneOf({0.0, 0.0004, 12.3456, 4294967.295, 5000000.0});
         unit.hasResultSet = !Chance(8);
         for (int groups = unit.hasResultSet ? random.bounded(3) : 0; groups > 0; --groups) {
@@ -338,24 +302,21 @@ class StdfFieldsTest : public QObject {
 private slots:
     void RandomUnits_data()
     {
-        QTest::addColumn<quint32>("seed");
+        const Rows<quint32> row;
         for (quint32 seed = 1; seed <= 300; ++seed)
-            QTest::addRow("seed %u", seed) << seed;
+            row(QByteArray::number(seed), seed);
     }
     void RandomUnits()
     {
-        QFETCH(quint32, seed);
-        UnitData unit = Units(seed).Any();
-        const QStringList expected = ExpectedFile(unit);
+        const auto [seed] = CurrentRow<quint32>();
+        const UnitData unit = Units(seed).Any();
         const auto contents = Export(unit);
         // Without a program there is no header: nothing but counts.
-        const bool program = unit.hasResultSet || std::ranges::any_of(unit.items, [](const UnitData& item) {
-                                 return item.hasResultSet;
-                             });
+        const bool program = unit.hasResultSet || std::ranges::any_of(unit.items, &UnitData::hasResultSet);
         QStringList actual;
         for (const Stdf::Record& record : contents.records)
             actual += Fields(record);
-        QCOMPARE(actual.join(u'\n'), (program ? expected : expected.sliced(2)).join(u'\n'));
+        QCOMPARE(actual.join('\n'), ExpectedFile(unit).mid(program ? 0 : 2).join('\n'));
         if (program)
             QVERIFY2(contents.findings.isEmpty(), qPrintable(contents.Faults()));
     }
@@ -363,26 +324,21 @@ private slots:
     void ScaledMeasurement()
     {
         // 12.3 mV between 1 mV and 500 mV.
-        const auto test = Export(SimpleUnit(u"SN1"_s, 1)).Of("PTR").value(0);
+        const auto test = Export(SimpleUnit("SN1", 1)).Of("PTR").value(0);
         QCOMPARE(test.Value("RESULT").toFloat(), 12.3F);
         QCOMPARE(test.Value("LO_LIMIT").toFloat(), 1.0F);
         QCOMPARE(test.Value("HI_LIMIT").toFloat(), 500.0F);
         QCOMPARE(test.Value("RES_SCAL").toInt(), 3);
-        QCOMPARE(test.Text("UNITS"), u"V"_s);
-        QCOMPARE(test.Text("TEST_TXT"), u"[1] Rail 1 - Supply - Power"_s);
+        QCOMPARE(test.Text("UNITS"), "V");
+        QCOMPARE(test.Text("TEST_TXT"), "[1] Rail 1 - Supply - Power");
         QCOMPARE(test.Number("OPT_FLAG"), 12U);
     }
 
 private:
     LotFiles::Contents Export(const UnitData& unit)
     {
-        const QString lot = folder.filePath(u"%1.stdf"_s.arg(++files));
-        CExportServiceReport service;
-        service.SetFormat(u"STDF"_s);
-        service.SetOutputFileName(lot);
-        const auto test = MakeTest(unit);
-        return service.Export(test.get()) && service.OutputComplete() ? LotFiles::Read(lot)
-                                                                      : LotFiles::Contents();
+        const QString lot = folder.filePath(QString("%1.stdf").arg(++files));
+        return Append(unit, lot) ? LotFiles::Read(lot) : LotFiles::Contents();
     }
 
     QTemporaryDir folder;

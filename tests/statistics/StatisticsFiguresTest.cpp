@@ -1,5 +1,6 @@
 /// Mean, sigma, capability: against certified figures, and what is left out of them.
 
+#include "support/Rows.h"
 #include "support/SampleProgram.h"
 
 #include <ZYNCommon/StatisticsData.h>
@@ -78,199 +79,167 @@ QString Texts(const StatisticsData& data, bool scaled)
 class StatisticsFiguresTest : public QObject {
     Q_OBJECT
 private slots:
-    void certifiedFigures_data();
-    void certifiedFigures();
-    void whatIsCountedButNotAveraged();
-    void hugeValues();
-    void capability_data();
-    void capability();
-    void limitsThatChange();
-    void resultsOnDemand();
-    void texts_data();
-    void texts();
-};
-
-// NIST Statistical Reference Datasets, univariate summary statistics: values and certified figures. Binary
-// numbers cannot hold the decimal values exactly; `held` is the sigma of what they do hold, computed with
-// rational numbers, so the one figure tells about the method and the other about the whole.
-void StatisticsFiguresTest::certifiedFigures_data()
-{
-    QTest::addColumn<Values>("values");
-    QTest::addColumn<double>("mean");
-    QTest::addColumn<double>("sigma");
-    QTest::addColumn<double>("held");
-    QTest::addColumn<double>("digits");
-    QTest::newRow("Michelso") << SpeedOfLight() << 299.8524 << 0.0790105478190518 << 0.0790105478190506671
-                              << 13.0;
-    QTest::newRow("NumAcc1") << Values{10000001, 10000003, 10000002} << 10000002.0 << 1.0 << 1.0 << 15.0;
-    QTest::newRow("NumAcc2") << Alternating(1.2, 1.1, 1.3) << 1.2 << 0.1 << 0.09999999999999998 << 15.0;
-    QTest::newRow("NumAcc3") << Alternating(1000000.2, 1000000.1, 1000000.3) << 1000000.2 << 0.1
-                             << 0.1000000000349245965 << 9.4;
-    QTest::newRow("NumAcc4") << Alternating(10000000.2, 10000000.1, 10000000.3) << 10000000.2 << 0.1
-                             << 0.1000000005587935448 << 8.2;
-}
-
-void StatisticsFiguresTest::certifiedFigures()
-{
-    QFETCH(Values, values);
-    QFETCH(double, mean);
-    QFETCH(double, sigma);
-    QFETCH(double, held);
-    QFETCH(double, digits);
-    StatisticsData data(nullptr);
-    for (const double value : values)
-        Add(data, value);
-    const double meanDigits = LogRelativeError(data.GetMean(), mean);
-    const double sigmaDigits = LogRelativeError(data.GetSigma(), sigma);
-    const double methodDigits = LogRelativeError(data.GetSigma(), held);
-    qInfo("correct digits: mean %.1f, sigma %.1f (of the values held %.1f)", meanDigits, sigmaDigits,
-          methodDigits);
-    QVERIFY(meanDigits >= 15.0);
-    QVERIFY(sigmaDigits >= digits);
-    QVERIFY(methodDigits >= 13.0);
-}
-
-void StatisticsFiguresTest::whatIsCountedButNotAveraged()
-{
-    StatisticsData data(nullptr);
-    QVERIFY(!data.HasStatisticDetails());
-    for (const QVariant& value : {QVariant(NaN), QVariant(Infinity), QVariant(-Infinity), QVariant(true),
-                                  QVariant(u"12"_s), QVariant()})
-        data.AddValue(ZYN_RESULT_FAILED, value, nullptr);
-    QVERIFY(!data.HasStatisticDetails());
-    QCOMPARE(data.Size(), 6);
-    QCOMPARE(data.GetNrFail(), 6);
-    QCOMPARE(Texts(data, true), u"|||||||"_s);
-
-    for (const int code : {1, 6, 0, 2, -5})
-        data.AddValue(static_cast<EN_ZYN_RESULT>(code), 4, nullptr);
-    QCOMPARE(data.GetNrPass(), 1);
-    QCOMPARE(data.GetNrFail(), 7);
-    QCOMPARE(data.GetValueCount(), 5);
-    QCOMPARE(data.GetMean(), 4.0);
-    QCOMPARE(data.GetSigma(), 0.0);
-}
-
-void StatisticsFiguresTest::hugeValues()
-{
-    constexpr double largest = std::numeric_limits<double>::max();
-    StatisticsData data(nullptr);
-    for (const double value : {largest, -largest, largest, -largest})
-        Add(data, value);
-    QCOMPARE(data.GetMean(), 0.0);
-    QCOMPARE(data.GetMaximum(), largest);
-
-    StatisticsData integers(nullptr); // an offset that no double could hold together with the spread
-    for (const qlonglong value : {1ll, 2ll, 3ll})
-        Add(integers, value + 1000000000000000ll);
-    QCOMPARE(integers.GetSigma(), 1.0);
-}
-
-void StatisticsFiguresTest::capability_data()
-{
-    QTest::addColumn<Limits>("limits");
-    QTest::addColumn<Values>("values");
-    QTest::addColumn<double>("cpk");
-    const Values values{9, 10, 11}; // mean 10, sigma 1
-    QTest::newRow("upper is nearer") << Real("<=", 1, "<=", 13) << values << 1.0;
-    QTest::newRow("lower is nearer") << Real("<", 8.5, "<", 13) << values << 0.5;
-    QTest::newRow("only upper") << Real("", 0, "<=", 16) << values << 2.0;
-    QTest::newRow("outside the limits") << Real("<=", 1, "<=", 7) << values << -1.0;
-    QTest::newRow("integers") << SampleModels::IntegerLimits(0, 7, 100) << values << 1.0;
-    QTest::newRow("no limits") << Limits() << values << NaN;
-    QTest::newRow("limits that are no bounds") << Real("==", 10, "!=", 11) << values << NaN;
-    QTest::newRow("infinite limit") << Real("<=", 7, "<=", Infinity) << values << 1.0;
-    QTest::newRow("sigma 0") << Real("<=", 1, "<=", 13) << Values{10, 10} << NaN;
-    QTest::newRow("one value") << Real("<=", 1, "<=", 13) << Values{10} << NaN;
-    QTest::newRow("no value") << Real("<=", 1, "<=", 13) << Values{} << NaN;
-    const Limits inverted = Real("<=", 1, "<=", 13);
-    inverted->SetResultInverted(true);
-    QTest::newRow("inverted") << inverted << values << NaN;
-    QTest::newRow("text") << SampleModels::TextLimit(u"9"_s) << values << NaN;
-}
-
-void StatisticsFiguresTest::capability()
-{
-    QFETCH(Limits, limits);
-    QFETCH(Values, values);
-    StatisticsData data(nullptr);
-    for (const double value : values)
-        Add(data, value, limits);
-    QTEST(data.GetCpk(), "cpk");
-}
-
-void StatisticsFiguresTest::limitsThatChange()
-{
-    StatisticsData data(nullptr);
-    Add(data, 9.0, Real("<=", 1, "<=", 11));
-    Add(data, 10.0, Real("<=", 1, "<=", 11));
-    Add(data, 11.0);
-    QVERIFY(!data.HaveLimitsChanged());
-    const double before = data.GetCpk();
-    Add(data, 10.0, Real("<=", 1, "<=", 13));
-    QVERIFY(data.HaveLimitsChanged());
-    QVERIFY(data.GetCpk() > before);
-    QCOMPARE(data.GetValidation()->GetUpperLimit().toDouble(), 13.0);
-
-    StatisticsData sharper(nullptr);
-    Add(sharper, 1.0, Real("<=", 1, "<=", 2));
-    Add(sharper, 1.0, Real("<", 1, "<=", 2));
-    QVERIFY(sharper.HaveLimitsChanged());
-}
-
-void StatisticsFiguresTest::resultsOnDemand()
-{
-    const auto measurement =
-        QSharedPointer<TestMeasurement>::create(1, QString(), ZYN_ADDRESS_INTEGER, nullptr, 0u, -1);
-    StatisticsData data(measurement);
-    const QList<QVariant> values{QVariant(0.1),
-                                 QVariant(std::numeric_limits<qlonglong>::min()),
-                                 QVariant(std::numeric_limits<qulonglong>::max()),
-                                 QVariant(u"v1"_s),
-                                 QVariant(),
-                                 QVariant(-Infinity)};
-    for (const QVariant& value : values)
-        data.AddValue(ZYN_RESULT_FAILED, value,
-                      SampleModels::IntegerLimits(MeasurementUnit::Hexadecimal, 0, 255));
-    for (int i = 0; i < values.size(); ++i) {
-        QCOMPARE(data.GetResult(i)->GetValue(), values.at(i));
-        QCOMPARE(data.GetResult(i)->GetResult(), ZYN_RESULT_FAILED);
+    // NIST Statistical Reference Datasets, univariate summary statistics: values and certified figures.
+    // Binary numbers cannot hold the decimal values exactly; `held` is the sigma of what they do hold,
+    // computed with rational numbers, so the one figure tells about the method and the other about the whole.
+    void certifiedFigures_data()
+    {
+        const Rows<Values, double, double, double, double> row;
+        row("Michelso", SpeedOfLight(), 299.8524, 0.0790105478190518, 0.0790105478190506671, 13.0);
+        row("NumAcc1", Values{10000001, 10000003, 10000002}, 10000002.0, 1.0, 1.0, 15.0);
+        row("NumAcc2", Alternating(1.2, 1.1, 1.3), 1.2, 0.1, 0.09999999999999998, 15.0);
+        row("NumAcc3", Alternating(1000000.2, 1000000.1, 1000000.3), 1000000.2, 0.1, 0.1000000000349245965,
+            9.4);
+        row("NumAcc4", Alternating(10000000.2, 10000000.1, 10000000.3), 10000000.2, 0.1,
+            0.1000000005587935448, 8.2);
     }
-    QCOMPARE(data.GetResult(2)->GetValueString(nullptr), u"ffffffffffffffff"_s);
-    QCOMPARE(data.GetResult(-1), nullptr);
-    QCOMPARE(data.GetResult(int(values.size())), nullptr);
-}
+    void certifiedFigures()
+    {
+        const auto [values, mean, sigma, held, digits] = CurrentRow<Values, double, double, double, double>();
+        StatisticsData data(nullptr);
+        for (const double value : values)
+            Add(data, value);
+        const double meanDigits = LogRelativeError(data.GetMean(), mean);
+        const double sigmaDigits = LogRelativeError(data.GetSigma(), sigma);
+        const double methodDigits = LogRelativeError(data.GetSigma(), held);
+        qInfo("correct digits: mean %.1f, sigma %.1f (of the values held %.1f)", meanDigits, sigmaDigits,
+              methodDigits);
+        QVERIFY(meanDigits >= 15.0);
+        QVERIFY(sigmaDigits >= digits);
+        QVERIFY(methodDigits >= 13.0);
+    }
 
-void StatisticsFiguresTest::texts_data()
-{
-    QTest::addColumn<Limits>("limits");
-    QTest::addColumn<Values>("values");
-    QTest::addColumn<bool>("scaled");
-    QTest::addColumn<QString>("texts");
-    const Values millivolts{0.0031, 0.0033, 0.0034};
-    QTest::newRow("plain") << Real("<=", 0.003, "<=", 0.0036, -3) << millivolts << false
-                           << u"0.0031|0.0034|0.003266667|0.000152753|0.581914|0.003|0.0036|V"_s;
-    QTest::newRow("scaled") << Real("<=", 0.003, "<=", 0.0036, -3) << millivolts << true
-                            << u"3.1|3.4|3.266667|0.152753|0.581914|3|3.6|mV"_s;
-    QTest::newRow("large with a small spread") << Limits() << Values{1e9, 1e9 + 0.25, 1e9 + 0.5} << false
-                                               << u"1000000000|1000000000.5|1000000000.25|0.25||||"_s;
-    QTest::newRow("status words") << SampleModels::IntegerLimits(MeasurementUnit::Hexadecimal, 0, 255)
-                                  << Values{16, 255, 17} << true << u"10|ff|96|137.699|0.232391|0|ff|hex"_s;
-    QTest::newRow("one value") << Real("<=", -3, "<=", 3) << Values{-2.5} << false
-                               << u"-2.5|-2.5|-2.5|||-3|3|V"_s;
-    QTest::newRow("equal values") << Limits() << Values{0.1, 0.1, 0.1} << false << u"0.1|0.1|0.1|0||||"_s;
-}
+    void whatIsCountedButNotAveraged()
+    {
+        StatisticsData data(nullptr);
+        QVERIFY(!data.HasStatisticDetails());
+        for (const QVariant& value : {QVariant(NaN), QVariant(Infinity), QVariant(-Infinity), QVariant(true),
+                                      QVariant("12"), QVariant()})
+            data.AddValue(ZYN_RESULT_FAILED, value, nullptr);
+        QVERIFY(!data.HasStatisticDetails());
+        QCOMPARE(data.Size(), 6);
+        QCOMPARE(data.GetNrFail(), 6);
+        QCOMPARE(Texts(data, true), "|||||||");
 
-void StatisticsFiguresTest::texts()
-{
-    QFETCH(Limits, limits);
-    QFETCH(Values, values);
-    QFETCH(bool, scaled);
-    StatisticsData data(nullptr);
-    for (const double value : values)
-        Add(data, value, limits);
-    QTEST(Texts(data, scaled), "texts");
-}
+        for (const int code : {1, 6, 0, 2, -5})
+            data.AddValue(static_cast<EN_ZYN_RESULT>(code), 4, nullptr);
+        QCOMPARE(data.GetNrPass(), 1);
+        QCOMPARE(data.GetNrFail(), 7);
+        QCOMPARE(data.GetValueCount(), 5);
+        QCOMPARE(data.GetMean(), 4.0);
+        QCOMPARE(data.GetSigma(), 0.0);
+    }
+
+    void hugeValues()
+    {
+        constexpr double largest = std::numeric_limits<double>::max();
+        StatisticsData data(nullptr);
+        for (const double value : {largest, -largest, largest, -largest})
+            Add(data, value);
+        QCOMPARE(data.GetMean(), 0.0);
+        QCOMPARE(data.GetMaximum(), largest);
+
+        StatisticsData integers(nullptr); // an offset that no double could hold together with the spread
+        for (const qlonglong value : {1ll, 2ll, 3ll})
+            Add(integers, value + 1000000000000000ll);
+        QCOMPARE(integers.GetSigma(), 1.0);
+    }
+
+    void capability_data()
+    {
+        const Rows<Limits, Values, double> row;
+        const Values values{9, 10, 11}; // mean 10, sigma 1
+        row("upper is nearer", Real("<=", 1, "<=", 13), values, 1.0);
+        row("lower is nearer", Real("<", 8.5, "<", 13), values, 0.5);
+        row("only upper", Real("", 0, "<=", 16), values, 2.0);
+        row("outside the limits", Real("<=", 1, "<=", 7), values, -1.0);
+        row("integers", SampleModels::IntegerLimits(0, 7, 100), values, 1.0);
+        row("no limits", Limits(), values, NaN);
+        row("limits that are no bounds", Real("==", 10, "!=", 11), values, NaN);
+        row("infinite limit", Real("<=", 7, "<=", Infinity), values, 1.0);
+        row("sigma 0", Real("<=", 1, "<=", 13), Values{10, 10}, NaN);
+        row("one value", Real("<=", 1, "<=", 13), Values{10}, NaN);
+        row("no value", Real("<=", 1, "<=", 13), Values{}, NaN);
+        const Limits inverted = Real("<=", 1, "<=", 13);
+        inverted->SetResultInverted(true);
+        row("inverted", inverted, values, NaN);
+        row("text", SampleModels::TextLimit("9"), values, NaN);
+    }
+    void capability()
+    {
+        const auto [limits, values, cpk] = CurrentRow<Limits, Values, double>();
+        StatisticsData data(nullptr);
+        for (const double value : values)
+            Add(data, value, limits);
+        QCOMPARE(data.GetCpk(), cpk);
+    }
+
+    void limitsThatChange()
+    {
+        StatisticsData data(nullptr);
+        Add(data, 9.0, Real("<=", 1, "<=", 11));
+        Add(data, 10.0, Real("<=", 1, "<=", 11));
+        Add(data, 11.0);
+        QVERIFY(!data.HaveLimitsChanged());
+        const double before = data.GetCpk();
+        Add(data, 10.0, Real("<=", 1, "<=", 13));
+        QVERIFY(data.HaveLimitsChanged());
+        QVERIFY(data.GetCpk() > before);
+        QCOMPARE(data.GetValidation()->GetUpperLimit().toDouble(), 13.0);
+
+        StatisticsData sharper(nullptr);
+        Add(sharper, 1.0, Real("<=", 1, "<=", 2));
+        Add(sharper, 1.0, Real("<", 1, "<=", 2));
+        QVERIFY(sharper.HaveLimitsChanged());
+    }
+
+    void resultsOnDemand()
+    {
+        const auto measurement =
+            QSharedPointer<TestMeasurement>::create(1, QString(), ZYN_ADDRESS_INTEGER, nullptr, 0u, -1);
+        StatisticsData data(measurement);
+        const QList<QVariant> values{QVariant(0.1),
+                                     QVariant(std::numeric_limits<qlonglong>::min()),
+                                     QVariant(std::numeric_limits<qulonglong>::max()),
+                                     QVariant("v1"),
+                                     QVariant(),
+                                     QVariant(-Infinity)};
+        for (const QVariant& value : values)
+            data.AddValue(ZYN_RESULT_FAILED, value,
+                          SampleModels::IntegerLimits(MeasurementUnit::Hexadecimal, 0, 255));
+        for (int i = 0; i < values.size(); ++i) {
+            QCOMPARE(data.GetResult(i)->GetValue(), values.at(i));
+            QCOMPARE(data.GetResult(i)->GetResult(), ZYN_RESULT_FAILED);
+        }
+        QCOMPARE(data.GetResult(2)->GetValueString(nullptr), "ffffffffffffffff");
+        QCOMPARE(data.GetResult(-1), nullptr);
+        QCOMPARE(data.GetResult(int(values.size())), nullptr);
+    }
+
+    void texts_data()
+    {
+        const Rows<Limits, Values, bool, QString> row;
+        const Values millivolts{0.0031, 0.0033, 0.0034};
+        row("plain", Real("<=", 0.003, "<=", 0.0036, -3), millivolts, false,
+            "0.0031|0.0034|0.003266667|0.000152753|0.581914|0.003|0.0036|V");
+        row("scaled", Real("<=", 0.003, "<=", 0.0036, -3), millivolts, true,
+            "3.1|3.4|3.266667|0.152753|0.581914|3|3.6|mV");
+        row("large with a small spread", Limits(), Values{1e9, 1e9 + 0.25, 1e9 + 0.5}, false,
+            "1000000000|1000000000.5|1000000000.25|0.25||||");
+        row("status words", SampleModels::IntegerLimits(MeasurementUnit::Hexadecimal, 0, 255),
+            Values{16, 255, 17}, true, "10|ff|96|137.699|0.232391|0|ff|hex");
+        row("one value", Real("<=", -3, "<=", 3), Values{-2.5}, false, "-2.5|-2.5|-2.5|||-3|3|V");
+        row("equal values", Limits(), Values{0.1, 0.1, 0.1}, false, "0.1|0.1|0.1|0||||");
+    }
+    void texts()
+    {
+        const auto [limits, values, scaled, texts] = CurrentRow<Limits, Values, bool, QString>();
+        StatisticsData data(nullptr);
+        for (const double value : values)
+            Add(data, value, limits);
+        QCOMPARE(Texts(data, scaled), texts);
+    }
+};
 
 QTEST_APPLESS_MAIN(StatisticsFiguresTest)
 #include "StatisticsFiguresTest.moc"

@@ -3,9 +3,6 @@
 
 #include "LotModels.h"
 
-#include <ZYNCommon/UUTTest.h>
-#include <ZYNPersistence/CExportServiceReport.h>
-
 #include <cstdio>
 
 int main(int argc, char** argv)
@@ -27,11 +24,7 @@ int main(int argc, char** argv)
             panel.items[item].ident = QStringLiteral("%1.%2").arg(panel.ident).arg(item);
             idents += u'\n' + panel.items[item].ident;
         }
-        const auto test = ZYN::LotModels::MakeTest(panel);
-        ZYN::CExportServiceReport service;
-        service.SetFormat(QStringLiteral("STDF"));
-        service.SetOutputFileName(lot);
-        if (!service.Export(test.get()) || !service.OutputComplete())
+        if (!ZYN::LotModels::Append(panel, lot))
             return 1;
         std::puts(qPrintable(idents));
         std::fflush(stdout);

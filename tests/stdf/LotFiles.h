@@ -1,8 +1,8 @@
 #pragma once
 
-#include "stdf/Checker.h"
+#include "support/Files.h"
 
-#include <QtCore/QFile>
+#include "stdf/Checker.h"
 
 /// Lot files of the tests: reading them to the end with the independent reader.
 namespace ZYN::LotFiles {
@@ -68,18 +68,6 @@ inline Contents Read(const QString& fileName)
 {
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? Read(&file) : Contents();
-}
-
-inline QByteArray Bytes(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline bool Save(const QString& fileName, const QByteArray& bytes)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
 } // namespace ZYN::LotFiles

@@ -11,8 +11,9 @@
 #include <optional>
 
 namespace ZYN {
+class CExportServiceReport;
 class UUTTest;
-}
+} // namespace ZYN
 
 /// Units of a lot as plain data, and the model made from them: the data is what the records of a lot file
 /// are compared with.
@@ -66,6 +67,11 @@ struct UnitData {
 };
 
 QSharedPointer<UUTTest> MakeTest(const UnitData& unit);
+
+/// Adds a unit's parts to a lot file, by a service of its own or by one that has written before.
+/// \return whether all of it reached the file
+bool Append(const UnitData& unit, const QString& fileName);
+bool Append(const UnitData& unit, const QString& fileName, CExportServiceReport& service);
 
 /// A unit of lot "LOT-1" with one group of `tests` real measurements in milli.
 UnitData SimpleUnit(const QString& ident, int tests = 3);

@@ -1,13 +1,13 @@
 #include "LotFiles.h"
 #include "RecordRows.h"
+#include "support/Program.h"
+#include "support/Rows.h"
 
 #include "stdf/JsonPrinter.h"
 #include "stdf/TestDefaults.h"
 #include "stdf/TextPrinter.h"
 
 #include <QtCore/QBuffer>
-#include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
 using namespace ZYN;
@@ -50,21 +50,26 @@ QByteArray Far(bool bigEndian)
     return bigEndian ? QByteArray::fromHex("0002000a0104") : QByteArray::fromHex("0200000a0204");
 }
 
+/// Bytes that are read like a file.
+struct Input : QBuffer {
+    explicit Input(const QByteArray& bytes)
+    {
+        setData(bytes);
+        open(ReadOnly);
+    }
+};
+
 LotFiles::Contents ReadBytes(const QByteArray& bytes)
 {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    return LotFiles::Read(&buffer);
+    Input input(bytes);
+    return LotFiles::Read(&input);
 }
 
 /// The lines of a file as `zyn show --json` prints them.
 QList<QByteArray> JsonLines(const QByteArray& bytes)
 {
-    QBuffer buffer;
-    buffer.setData(bytes);
-    buffer.open(QIODevice::ReadOnly);
-    Stdf::Reader reader(&buffer);
+    Input input(bytes);
+    Stdf::Reader reader(&input);
     QList<QByteArray> lines;
     for (Stdf::RawRecord raw; reader.Next(raw);)
         lines += Stdf::ToJsonLine(raw, Stdf::Decode(raw, reader.IsBigEndian()));
@@ -102,40 +107,30 @@ class StdfReaderTest : public QObject {
 private slots:
     void EveryRecordType_data()
     {
-        QTest::addColumn<int>("type");
-        QTest::addColumn<int>("subType");
-        QTest::addColumn<QByteArray>("tokens");
-        QTest::addColumn<QByteArray>("json");
-        for (const RecordRows::Row& row : RecordRows::rows)
-            QTest::newRow(row.name) << row.type << row.subType << QByteArray(row.tokens)
-                                    << QByteArray(row.json);
+        const Rows<RecordRows::Row> row;
+        for (const RecordRows::Row& record : RecordRows::rows)
+            row(record.name, record);
     }
     void EveryRecordType()
     {
-        QFETCH(int, type);
-        QFETCH(int, subType);
-        QFETCH(QByteArray, tokens);
-        QFETCH(QByteArray, json);
+        const auto [row] = CurrentRow<RecordRows::Row>();
         const QByteArray name = QByteArray(QTest::currentDataTag()).first(3);
         for (const bool bigEndian : {false, true}) {
-            const auto lines =
-                JsonLines(Far(bigEndian) + RecordBytes(type, subType, Body(tokens, bigEndian), bigEndian));
+            const auto lines = JsonLines(
+                Far(bigEndian) + RecordBytes(row.type, row.subType, Body(row.tokens, bigEndian), bigEndian));
             QCOMPARE(lines.size(), 2);
             QCOMPARE(lines[0], QByteArray("{\"offset\":0,\"record\":\"FAR\",\"CPU_TYPE\":") +
                                    (bigEndian ? '1' : '2') + ",\"STDF_VER\":4}");
             QCOMPARE(lines[1],
-                     "{\"offset\":6,\"record\":\"" + name + '"' + (json.isEmpty() ? "" : ",") + json + '}');
+                     "{\"offset\":6,\"record\":\"" + name + '"' + (*row.json ? "," : "") + row.json + '}');
         }
     }
 
     void DamageIsNamedWithItsPlace_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("fault");
+        const Rows<QByteArray, QString> row;
         const QByteArray good = FileOf({far, mir, pir, ptr, prr, pcr, mrr});
-        const auto row = [](const char* name, const QByteArray& bytes, const char* fault) {
-            QTest::newRow(name) << bytes << QString::fromLatin1(fault);
-        };
+
         row("good", good, "");
         row("empty", QByteArray(), "0: the file is empty");
         row("cut in a header", FileOf({far}) + "ab", "6: the file ends inside a record header");
@@ -186,8 +181,7 @@ private slots:
     }
     void DamageIsNamedWithItsPlace()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, fault);
+        const auto [bytes, fault] = CurrentRow<QByteArray, QString>();
         QCOMPARE(ReadBytes(bytes).Faults().section(u'\n', 0, 0), fault);
     }
 
@@ -196,8 +190,8 @@ private slots:
         const QByteArray good = FileOf({far, mir, "180 7 00", "180 7 01", mrr});
         const auto contents = ReadBytes(good + good);
         QCOMPARE(contents.findings.size(), 2);
-        QCOMPARE(contents.findings[0].text, u"a further stream begins here"_s);
-        QCOMPARE(contents.findings[1].text, u"4 records of the unknown type 180, subtype 7"_s);
+        QCOMPARE(contents.findings[0].text, "a further stream begins here");
+        QCOMPARE(contents.findings[1].text, "4 records of the unknown type 180, subtype 7");
         QCOMPARE(contents.Faults(), QString());
         QCOMPARE(JsonLines(good)[2],
                  QByteArray(
@@ -206,25 +200,20 @@ private slots:
 
     void LimitsComeFromTheFirstTestRecord_data()
     {
-        QTest::addColumn<QByteArray>("later");
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, const char* later, const QString& expected) {
-            QTest::newRow(name) << QByteArray(later) << expected;
-        };
-        row("nothing given", "15 10 00000001 01 01 00 00 40000000", u"T 1 2 -3 V"_s);
-        row("another test", "15 10 00000001 01 01 00 00 40000000 'U'", u"U - - 0 "_s);
+        const Rows<QByteArray, QString> row;
+        row("nothing given", "15 10 00000001 01 01 00 00 40000000", "T 1 2 -3 V");
+        row("another test", "15 10 00000001 01 01 00 00 40000000 'U'", "U - - 0 ");
         row("both by default", "15 10 00000001 01 01 00 00 40000000 'T' '' 31 07 00 00 40a00000 40a00000",
-            u"T 1 2 -3 V"_s);
-        row("no low limit", "15 10 00000001 01 01 00 00 40000000 'T' '' 40", u"T - 2 -3 V"_s);
+            "T 1 2 -3 V");
+        row("no low limit", "15 10 00000001 01 01 00 00 40000000 'T' '' 40", "T - 2 -3 V");
         row("own limits", "15 10 00000001 01 01 00 00 40000000 'T' '' 0e 03 03 03 40400000 40800000 'A'",
-            u"T 3 4 3 A"_s);
-        row("another number", "15 10 00000002 01 01 00 00 40000000", u" - - 0 "_s);
-        row("functional test", "15 20 00000001 01 01 00", u"T 1 2 -3 V"_s);
+            "T 3 4 3 A");
+        row("another number", "15 10 00000002 01 01 00 00 40000000", " - - 0 ");
+        row("functional test", "15 20 00000001 01 01 00", "T 1 2 -3 V");
     }
     void LimitsComeFromTheFirstTestRecord()
     {
-        QFETCH(QByteArray, later);
-        QFETCH(QString, expected);
+        const auto [later, expected] = CurrentRow<QByteArray, QString>();
         const auto contents = ReadBytes(
             FileOf({far, "15 10 00000001 01 01 00 00 3f800000 'T' '' 0e fd 00 00 3f800000 40000000 'V'",
                     later.constData()}));
@@ -243,13 +232,13 @@ private slots:
     void GzipIsReadToo()
     {
         const QByteArray plain = FileOf({far, "20 20"});
-        const QByteArray member = Gzip(plain);
+        const QByteArray member = Program::Run("gzip", {"-n9"}, {}, plain).output;
         QVERIFY(member.startsWith("\x1f\x8b"));
-        QCOMPARE(ReadBytes(member + member).Names(), u"FAR EPS FAR EPS"_s);
+        QCOMPARE(ReadBytes(member + member).Names(), "FAR EPS FAR EPS");
 
         const auto cut = ReadBytes(member.chopped(12));
         QVERIFY(cut.fault);
-        QCOMPARE(cut.fault->text, u"the gzip data breaks off"_s);
+        QCOMPARE(cut.fault->text, "the gzip data breaks off");
         QByteArray damaged = member;
         damaged[12] = static_cast<char>(~damaged[12]);
         QVERIFY(ReadBytes(damaged).fault);
@@ -257,8 +246,7 @@ private slots:
 
     void TextForPeople()
     {
-        QBuffer buffer;
-        buffer.setData(
+        Input input(
             FileOf({far,
                     "1 10 00000001 66471a68 01 50 20 20 ffff 20 'LOT-1' 'Board' 'TESTER-3' '' 'motor.tp' "
                     "'1.2' '' 'Anna'",
@@ -267,25 +255,13 @@ private slots:
                     "5 20 01 01 08 0002 0000 ffff 8000 8000 00003039 'SN1' 'Board'",
                     "1 40 01 01 0001 00000001 46 'bad'",
                     "1 30 01 01 00000001 ffffffff ffffffff 00000000 ffffffff", "1 20 66471a74"}));
-        buffer.open(QIODevice::ReadOnly);
-        Stdf::Reader reader(&buffer);
+        Stdf::Reader reader(&input);
         QStringList lines;
         Stdf::TextPrinter printer([&](const QString& line) { lines += line; });
         for (Stdf::RawRecord raw; reader.Next(raw);)
             printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
         printer.Finish(reader);
         QCOMPARE(lines.join(u'\n'), QString::fromLatin1(RecordRows::lotAsText));
-    }
-
-private:
-    static QByteArray Gzip(const QByteArray& plain)
-    {
-        QProcess gzip;
-        gzip.start(u"gzip"_s, {u"-n9"_s});
-        gzip.write(plain);
-        gzip.closeWriteChannel();
-        gzip.waitForFinished();
-        return gzip.readAllStandardOutput();
     }
 };
 

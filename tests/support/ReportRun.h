@@ -15,8 +15,6 @@ struct ReportRun {
     bool exported = false;
     /// Whether the builder says that every byte reached the device.
     bool complete = false;
-    /// Why there was no walk; empty when there was one.
-    QString error;
 };
 
 /// "report.<extension>".

@@ -1,16 +1,11 @@
 #include "SampleModels.h"
 
-#include <algorithm>
-#include <iterator>
-
 namespace ZYN::SampleModels {
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 struct CaseRow {
-    QLatin1StringView name;
+    const char* name;
     QSharedPointer<UUTTest> (*make)();
     bool withLogo = false;
     bool ignoreReportFlag = false;
@@ -18,15 +13,15 @@ struct CaseRow {
 };
 
 constexpr CaseRow caseRows[] = {
-    {"passed-unit"_L1, PassedUnit},
-    {"failed-unit"_L1, FailedUnit},
-    {"failed-unit-unscaled"_L1, FailedUnit, false, false, false},
-    {"panel"_L1, Panel},
-    {"panel-logo"_L1, Panel, true},
-    {"bare-unit"_L1, BareUnit},
-    {"hostile-names"_L1, HostileNames},
-    {"excluded"_L1, ExcludedComponents},
-    {"excluded-ignored"_L1, ExcludedComponents, false, true},
+    {"passed-unit", PassedUnit},
+    {"failed-unit", FailedUnit},
+    {"failed-unit-unscaled", FailedUnit, false, false, false},
+    {"panel", Panel},
+    {"panel-logo", Panel, true},
+    {"bare-unit", BareUnit},
+    {"hostile-names", HostileNames},
+    {"excluded", ExcludedComponents},
+    {"excluded-ignored", ExcludedComponents, false, true},
 };
 
 } // namespace
@@ -41,11 +36,11 @@ QStringList ReportCaseNames()
 
 std::optional<ReportCase> MakeReportCase(const QString& name)
 {
-    const auto* const row = std::find_if(std::begin(caseRows), std::end(caseRows),
-                                         [&](const CaseRow& candidate) { return candidate.name == name; });
-    if (row == std::end(caseRows))
-        return std::nullopt;
-    return ReportCase{name, row->make(), row->withLogo, row->ignoreReportFlag, row->useScaledData};
+    for (const auto& [rowName, make, withLogo, ignoreReportFlag, useScaledData] : caseRows) {
+        if (name == rowName)
+            return ReportCase{name, make(), withLogo, ignoreReportFlag, useScaledData};
+    }
+    return std::nullopt;
 }
 
 } // namespace ZYN::SampleModels

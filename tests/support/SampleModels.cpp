@@ -21,37 +21,37 @@ namespace {
 
 QSharedPointer<Station> SampleStation()
 {
-    const QSharedPointer<Station> station(new Station(3, u"ICT-03"_s));
-    station->SetDescription(u"In-circuit test, line 2"_s);
+    const QSharedPointer<Station> station(new Station(3, "ICT-03"));
+    station->SetDescription("In-circuit test, line 2");
     return station;
 }
 
 QSharedPointer<ProductType> SampleProductType()
 {
-    const QSharedPointer<ProductType> product(new ProductType(12, u"Motor Controller MC-40"_s));
-    product->SetArticelCode(u"MC40-0012-B"_s);
-    product->SetCustomer(u"Example Drives"_s);
-    product->SetDescription(u"Three-phase controller, 40 A"_s);
+    const QSharedPointer<ProductType> product(new ProductType(12, "Motor Controller MC-40"));
+    product->SetArticelCode("MC40-0012-B");
+    product->SetCustomer("Example Drives");
+    product->SetDescription("Three-phase controller, 40 A");
     product->SetClusterLevel(1);
     product->AddTestProgram(100);
-    product->SetParameter(u"Revision"_s, u"B"_s);
+    product->SetParameter("Revision", "B");
     return product;
 }
 
 ZYNSession* SampleSession()
 {
-    const QSharedPointer<WorkSpace> workSpace(new WorkSpace(5, u"Production"_s));
-    workSpace->CreateNewUser(u"operator1"_s);
+    const QSharedPointer<WorkSpace> workSpace(new WorkSpace(5, "Production"));
+    workSpace->CreateNewUser("operator1");
     workSpace->Login(0, QString());
     auto* const session = new ZYNSession;
-    session->SetMachineName(u"TESTER-07"_s);
+    session->SetMachineName("TESTER-07");
     session->SetWorkSpace(workSpace);
     return session;
 }
 
 QSharedPointer<UnitUnderTest> SampleUnit(long id, const QString& serialNo, long panelIndex = 0)
 {
-    const QSharedPointer<UnitUnderTest> unit(new UnitUnderTest(id, u"MC-40"_s));
+    const QSharedPointer<UnitUnderTest> unit(new UnitUnderTest(id, "MC-40"));
     unit->SetSerialNo(serialNo);
     unit->SetIdentString(u"MC40;"_s + serialNo);
     unit->SetPanelIndex(panelIndex);
@@ -61,24 +61,24 @@ QSharedPointer<UnitUnderTest> SampleUnit(long id, const QString& serialNo, long 
 
 void SetTimes(UUTTest* test, double seconds)
 {
-    test->SetStartTimeString(u"2024-03-05T10:15:00+01:00"_s);
-    test->SetStopTimeString(u"2024-03-05T10:16:23+01:00"_s);
+    test->SetStartTimeString("2024-03-05T10:15:00+01:00");
+    test->SetStopTimeString("2024-03-05T10:16:23+01:00");
     test->SetDuration(seconds);
 }
 
 /// A test with every header item.
 QSharedPointer<UUTTest> SampleTest(long id, const QString& serialNo)
 {
-    const QSharedPointer<UUTTest> test(new UUTTest(id, u"Final test"_s));
+    const QSharedPointer<UUTTest> test(new UUTTest(id, "Final test"));
     test->SetUnitUnderTest(SampleUnit(id, serialNo));
-    const QSharedPointer<ProductionLot> lot(new ProductionLot(77, u"LOT-2024-077"_s));
-    lot->SetOrderCode(u"PO-4500012"_s);
+    const QSharedPointer<ProductionLot> lot(new ProductionLot(77, "LOT-2024-077"));
+    lot->SetOrderCode("PO-4500012");
     test->SetProductionLot(lot);
-    const QSharedPointer<Fixture> fixture(new Fixture(9, u"Bed of nails 9"_s));
-    fixture->SetIdent(u"FX-9"_s);
-    fixture->SetDescription(u"160 probes"_s);
-    fixture->SetSerialNo(u"F0009"_s);
-    fixture->SetFixtureTypeName(u"Vacuum"_s);
+    const QSharedPointer<Fixture> fixture(new Fixture(9, "Bed of nails 9"));
+    fixture->SetIdent("FX-9");
+    fixture->SetDescription("160 probes");
+    fixture->SetSerialNo("F0009");
+    fixture->SetFixtureTypeName("Vacuum");
     test->SetFixture(fixture);
     test->SetSession(SampleSession());
     SetTimes(test.get(), 83.0);
@@ -88,21 +88,21 @@ QSharedPointer<UUTTest> SampleTest(long id, const QString& serialNo)
 void NameProgram(TestProgram* program, const QString& displayName, const char* fileName)
 {
     program->SetDisplayName(displayName);
-    program->SetCreator(u"j.doe"_s);
-    program->SetVersion(u"2.1.0"_s);
-    program->SetFileVersion(u"5"_s);
+    program->SetCreator("j.doe");
+    program->SetVersion("2.1.0");
+    program->SetFileVersion("5");
     program->SetFileName(fileName);
 }
 
 /// The program of a panel item: one group with a step of two voltages.
 QSharedPointer<TestProgram> ItemProgram()
 {
-    ProgramWriter writer(200, u"ItemTest"_s);
-    NameProgram(writer.program.get(), u"Panel item test"_s, "/programs/item_test.prg");
-    writer.Group(210, u"Supply"_s);
-    writer.Step(211, u"Rails"_s, u"Voltages of both rails"_s);
-    writer.Measurement(1, u"5V rail"_s, ZYN_ADDRESS_REAL, RealLimits(MeasurementUnit::Volt, 4.75, 5.25));
-    writer.Measurement(2, u"3V3 rail"_s, ZYN_ADDRESS_REAL, RealLimits(MeasurementUnit::Volt, 3.2, 3.4));
+    ProgramWriter writer(200, "ItemTest");
+    NameProgram(writer.program.get(), "Panel item test", "/programs/item_test.prg");
+    writer.Group(210, "Supply");
+    writer.Step(211, "Rails", "Voltages of both rails");
+    writer.Measurement(1, "5V rail", ZYN_ADDRESS_REAL, RealLimits(MeasurementUnit::Volt, 4.75, 5.25));
+    writer.Measurement(2, "3V3 rail", ZYN_ADDRESS_REAL, RealLimits(MeasurementUnit::Volt, 3.2, 3.4));
     return writer.program;
 }
 
@@ -110,7 +110,7 @@ QSharedPointer<TestProgram> ItemProgram()
 QSharedPointer<UUTTest> PanelItem(const QSharedPointer<TestProgram>& program, long index, double rail5,
                                   const QVariant& rail33)
 {
-    const QSharedPointer<UUTTest> test(new UUTTest(300 + index, u"Item"_s));
+    const QSharedPointer<UUTTest> test(new UUTTest(300 + index, "Item"));
     test->SetUnitUnderTest(SampleUnit(300 + index, u"P0042-%1"_s.arg(index), index));
     SetTimes(test.get(), 12.5);
 
@@ -125,7 +125,7 @@ QSharedPointer<UUTTest> PanelItem(const QSharedPointer<TestProgram>& program, lo
     if (!rail33.isValid()) {
         for (TestResult* const result : {whole, groupResult, stepResult, last})
             result->SetResult(ZYN_RESULT_ABORTED);
-        last->SetComment(u"Stopped by the operator"_s);
+        last->SetComment("Stopped by the operator");
     }
     test->AssignResultSet(run.Take());
     return test;
@@ -135,59 +135,54 @@ QSharedPointer<UUTTest> PanelItem(const QSharedPointer<TestProgram>& program, lo
 
 QSharedPointer<UUTTest> PassedUnit()
 {
-    ProgramWriter writer(100, u"BoardTest"_s);
+    ProgramWriter writer(100, "BoardTest");
     RunWriter run(writer.program, SampleStation(), 1);
-    NameProgram(writer.program.get(), u"Board test MC-40"_s, "/programs/board_test.prg");
-    run.Verdict(writer.program, 83.0)->SetComment(u"All done"_s);
+    NameProgram(writer.program.get(), "Board test MC-40", "/programs/board_test.prg");
+    run.Verdict(writer.program, 83.0)->SetComment("All done");
 
-    run.Verdict(writer.Group(110, u"Power up"_s, ZYN_GROUP_SETUP), 1.5);
-    run.Verdict(writer.Step(111, u"Switch on"_s), 1.25);
-    run.Value(writer.Measurement(0, u"Relay"_s, ZYN_ADDRESS_INTEGER, IntegerLimits(0, 1, 1)), 1);
+    const auto real = [&](long id, const QString& name, double value, const Limits& limits) {
+        return run.Value(writer.Measurement(id, name, ZYN_ADDRESS_REAL, limits), value);
+    };
+    using Unit = MeasurementUnit;
+    run.Verdict(writer.Group(110, "Power up", ZYN_GROUP_SETUP), 1.5);
+    run.Verdict(writer.Step(111, "Switch on"), 1.25);
+    run.Value(writer.Measurement(0, "Relay", ZYN_ADDRESS_INTEGER, IntegerLimits(0, 1, 1)), 1);
 
-    run.Verdict(writer.Group(120, u"Supply"_s), 60.0)->SetAttribute(u"critical"_s);
-    run.Value(writer.Parameter(121, u"Settling time"_s, ZYN_ADDRESS_REAL), 0.25);
-    run.Value(writer.Parameter(122, u"Mode"_s, ZYN_ADDRESS_STRING), u"fast"_s);
-    run.Verdict(writer.Step(123, u"Idle current"_s, u"Current without load"_s), 20.0);
-    run.Value(writer.Measurement(0, u"Idle current"_s, ZYN_ADDRESS_REAL,
-                                 RealLimits(MeasurementUnit::Ampere, 0.010, 0.015, -3)),
-              0.0123);
-    run.Value(writer.Measurement(1, u"Ripple"_s, ZYN_ADDRESS_REAL,
-                                 RealLimits(MeasurementUnit::Ampere, 0.0, 0.000002, -6, "", "<")),
-              0.0000015);
-    run.Verdict(writer.Step(124, u"Rails"_s, u"Voltages of both rails"_s), 30.0);
-    run.Value(writer.Measurement(1, u"5V rail"_s, ZYN_ADDRESS_REAL,
-                                 RealLimits(MeasurementUnit::Volt, 4.75, 5.25)),
-              5.01)
-        ->SetComment(u"Calibrated 2024-01"_s);
-    run.Value(writer.Measurement(2, u"Clock"_s, ZYN_ADDRESS_REAL,
-                                 RealLimits(MeasurementUnit::Hertz, 7.9e6, 8.1e6, 6)),
-              8000125.5);
+    run.Verdict(writer.Group(120, "Supply"), 60.0)->SetAttribute("critical");
+    run.Value(writer.Parameter(121, "Settling time", ZYN_ADDRESS_REAL), 0.25);
+    run.Value(writer.Parameter(122, "Mode", ZYN_ADDRESS_STRING), "fast");
+    run.Verdict(writer.Step(123, "Idle current", "Current without load"), 20.0);
+    real(0, "Idle current", 0.0123, RealLimits(Unit::Ampere, 0.010, 0.015, -3));
+    real(1, "Ripple", 0.0000015, RealLimits(Unit::Ampere, 0.0, 0.000002, -6, "", "<"));
+    run.Verdict(writer.Step(124, "Rails", "Voltages of both rails"), 30.0);
+    real(1, "5V rail", 5.01, RealLimits(Unit::Volt, 4.75, 5.25))->SetComment("Calibrated 2024-01");
+    real(2, "Clock", 8000125.5, RealLimits(Unit::Hertz, 7.9e6, 8.1e6, 6));
 
-    run.Verdict(writer.Group(130, u"Power down"_s, ZYN_GROUP_CLEANUP), 0.75);
-    run.Verdict(writer.Step(131, u"Switch off"_s), 0.5);
+    run.Verdict(writer.Group(130, "Power down", ZYN_GROUP_CLEANUP), 0.75);
+    run.Verdict(writer.Step(131, "Switch off"), 0.5);
 
-    const QSharedPointer<UUTTest> test = SampleTest(1, u"SN000123"_s);
-    test->SetResultDescription(u"Passed at first try"_s);
+    const QSharedPointer<UUTTest> test = SampleTest(1, "SN000123");
+    test->SetResultDescription("Passed at first try");
     test->AssignResultSet(run.Take());
     return test;
 }
 
 QSharedPointer<UUTTest> Panel()
 {
-    const QSharedPointer<UUTTest> panel = SampleTest(300, u"P0042"_s);
+    const QSharedPointer<UUTTest> panel = SampleTest(300, "P0042");
     const auto multiPanel = panel->GetProductType()->GetMultiPanelInfo();
     multiPanel->SetMultiPanel(true);
     multiPanel->SetPanelItems(3);
     multiPanel->SetSplitting(true);
-    multiPanel->SetSplittingString(u"200_3"_s);
+    multiPanel->SetSplittingString("200_3");
 
-    ProgramWriter writer(150, u"PanelTest"_s);
+    ProgramWriter writer(150, "PanelTest");
     RunWriter run(writer.program, SampleStation(), 1);
-    NameProgram(writer.program.get(), u"Panel test"_s, "/programs/panel_test.prg");
+    NameProgram(writer.program.get(), "Panel test", "/programs/panel_test.prg");
     run.Verdict(writer.program, 5.0);
-    run.Verdict(writer.Group(160, u"Panel"_s), 4.5);
-    run.Verdict(writer.Step(161, u"Barcode"_s), 4.0);
-    run.Value(writer.Measurement(0, u"Barcode"_s, ZYN_ADDRESS_STRING, TextLimit(u"P0042"_s)), u"P0042"_s);
+    run.Verdict(writer.Group(160, "Panel"), 4.5);
+    run.Verdict(writer.Step(161, "Barcode"), 4.0);
+    run.Value(writer.Measurement(0, "Barcode", ZYN_ADDRESS_STRING, TextLimit("P0042")), "P0042");
     panel->AssignResultSet(run.Take());
 
     const QSharedPointer<TestProgram> program = ItemProgram();
@@ -201,47 +196,37 @@ QSharedPointer<UUTTest> BareUnit()
 {
     const QSharedPointer<UUTTest> test(new UUTTest(0, QString()));
     const QSharedPointer<UnitUnderTest> unit(new UnitUnderTest(0, QString()));
-    unit->SetSerialNo(u"SN000001"_s);
+    unit->SetSerialNo("SN000001");
     test->SetUnitUnderTest(unit);
     return test;
 }
 
 QSharedPointer<UUTTest> ExcludedComponents()
 {
-    ProgramWriter writer(400, u"Excluded"_s);
+    ProgramWriter writer(400, "Excluded");
     RunWriter run(writer.program, SampleStation(), 1);
-    NameProgram(writer.program.get(), u"Program with private parts"_s, "/programs/excluded.prg");
-    const auto exclude = [](const QSharedPointer<TestComponent>& component) {
+    NameProgram(writer.program.get(), "Program with private parts", "/programs/excluded.prg");
+    const auto excluded = [](const auto& component) {
         component->SetLogInReportCtrl(new CtrlLogInReport(false));
+        return component;
+    };
+    const auto measurement = [&](long id, const QString& name) {
+        return writer.Measurement(id, name, ZYN_ADDRESS_INTEGER, IntegerLimits(0, 0, 9));
     };
 
-    // The program's own control counts for nothing.
-    exclude(writer.program);
-    run.Verdict(writer.program, 4.0);
-    const auto group = writer.Group(410, u"Reported group"_s);
-    run.Verdict(group, 2.0);
-    run.Value(writer.Parameter(411, u"Reported parameter"_s, ZYN_ADDRESS_INTEGER), 1);
-    const auto parameter = writer.Parameter(412, u"Excluded parameter"_s, ZYN_ADDRESS_INTEGER);
-    exclude(parameter);
-    run.Value(parameter, 2);
-    run.Verdict(writer.Step(413, u"Reported step"_s), 1.0);
-    run.Value(writer.Measurement(1, u"Reported measurement"_s, ZYN_ADDRESS_INTEGER, IntegerLimits(0, 0, 9)),
-              3);
-    const auto measurement =
-        writer.Measurement(2, u"Excluded measurement"_s, ZYN_ADDRESS_INTEGER, IntegerLimits(0, 0, 9));
-    exclude(measurement);
-    run.Value(measurement, 4);
-    const auto step = writer.Step(414, u"Excluded step"_s);
-    exclude(step);
-    run.Verdict(step, 1.0);
-    run.Value(writer.Measurement(1, u"In an excluded step"_s, ZYN_ADDRESS_INTEGER, IntegerLimits(0, 0, 9)),
-              5);
-    const auto hidden = writer.Group(420, u"Excluded group"_s);
-    exclude(hidden);
-    run.Verdict(hidden, 2.0);
-    run.Verdict(writer.Step(421, u"In an excluded group"_s), 1.0);
+    run.Verdict(excluded(writer.program), 4.0); // a program's own control counts for nothing
+    run.Verdict(writer.Group(410, "Reported group"), 2.0);
+    run.Value(writer.Parameter(411, "Reported parameter", ZYN_ADDRESS_INTEGER), 1);
+    run.Value(excluded(writer.Parameter(412, "Excluded parameter", ZYN_ADDRESS_INTEGER)), 2);
+    run.Verdict(writer.Step(413, "Reported step"), 1.0);
+    run.Value(measurement(1, "Reported measurement"), 3);
+    run.Value(excluded(measurement(2, "Excluded measurement")), 4);
+    run.Verdict(excluded(writer.Step(414, "Excluded step")), 1.0);
+    run.Value(measurement(1, "In an excluded step"), 5);
+    run.Verdict(excluded(writer.Group(420, "Excluded group")), 2.0);
+    run.Verdict(writer.Step(421, "In an excluded group"), 1.0);
 
-    const QSharedPointer<UUTTest> test = SampleTest(4, u"SN000456"_s);
+    const QSharedPointer<UUTTest> test = SampleTest(4, "SN000456");
     test->AssignResultSet(run.Take());
     return test;
 }
@@ -253,7 +238,7 @@ QDateTime ReportTime()
 
 QString EngineVersion()
 {
-    return u"4.2.1"_s;
+    return "4.2.1";
 }
 
 } // namespace ZYN::SampleModels

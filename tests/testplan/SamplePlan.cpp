@@ -34,19 +34,19 @@ Limits IntValidation()
 CtrlAttributes* AttributesOfEveryType()
 {
     auto* const control = new CtrlAttributes;
-    control->AddAttribute(new Attr(u"Retries"_s, Attr::Integer, 3));
-    control->AddAttribute(new Attr(u"Delay"_s, Attr::Real, 0.1));
-    control->AddAttribute(new Attr(u"Note"_s, Attr::String, u"a < b & \"Ω\" \t|\n|"_s));
-    control->AddAttribute(new Attr(u"Fast"_s, Attr::Boolean, true));
-    control->AddAttribute(new Attr(u"Newer"_s, Attr::TestComponentAttrType(42), 7));
-    control->AddAttribute(new Attr(u"Nothing"_s, Attr::String));
-    auto* const outer = new Attr(u"Relay"_s, Attr::Category);
-    outer->AddChild(new Attr(u"Channel"_s, Attr::Integer, -2147483647 - 1));
-    outer->AddChild(new Attr(u"Empty"_s, Attr::Category));
-    auto* const inner = new Attr(u"Timing"_s, Attr::Category);
-    inner->AddChild(new Attr(u"Settle"_s, Attr::Real, 1e-300));
+    control->AddAttribute(new Attr("Retries", Attr::Integer, 3));
+    control->AddAttribute(new Attr("Delay", Attr::Real, 0.1));
+    control->AddAttribute(new Attr("Note", Attr::String, "a < b & \"Ω\" \t|\n|"));
+    control->AddAttribute(new Attr("Fast", Attr::Boolean, true));
+    control->AddAttribute(new Attr("Newer", Attr::TestComponentAttrType(42), 7));
+    control->AddAttribute(new Attr("Nothing", Attr::String));
+    auto* const outer = new Attr("Relay", Attr::Category);
+    outer->AddChild(new Attr("Channel", Attr::Integer, -2147483647 - 1));
+    outer->AddChild(new Attr("Empty", Attr::Category));
+    auto* const inner = new Attr("Timing", Attr::Category);
+    inner->AddChild(new Attr("Settle", Attr::Real, 1e-300));
     outer->AddChild(inner);
-    outer->AddChild(new Attr(u"After"_s, Attr::Integer, 1));
+    outer->AddChild(new Attr("After", Attr::Integer, 1));
     control->AddAttribute(outer);
     return control;
 }
@@ -72,63 +72,63 @@ namespace SamplePlan {
 
 QSharedPointer<TestProgram> Program()
 {
-    ProgramWriter writer(1, u"Board"_s);
-    const auto power = writer.Group(10, u"Power & \"Rails\""_s);
+    ProgramWriter writer(1, "Board");
+    const auto power = writer.Group(10, "Power & \"Rails\"");
     power->SetTestPlanValuesCtrl(new CtrlTestPlanValues(true, false));
     power->SetAttributesCtrl(AttributesOfEveryType());
-    writer.Parameter(11, u"Load"_s, ZYN_ADDRESS_REAL)
+    writer.Parameter(11, "Load", ZYN_ADDRESS_REAL)
         ->SetTestPlanValuesCtrl(new CtrlTestPlanValues(false, true));
 
-    const auto step = writer.Step(20, u"5 V"_s);
-    step->SetIdentString(u"S-<20>"_s);
+    const auto step = writer.Step(20, "5 V");
+    step->SetIdentString("S-<20>");
     step->SetAttributesCtrl(new CtrlAttributes); // an empty list leaves the element out
-    writer.Measurement(21, u"Output"_s, ZYN_ADDRESS_REAL, RealValidation())
+    writer.Measurement(21, "Output", ZYN_ADDRESS_REAL, RealValidation())
         ->SetTestPlanValuesCtrl(new CtrlTestPlanValues(true, true));
-    writer.Measurement(22, u"Mask"_s, ZYN_ADDRESS_INTEGER, IntValidation());
-    writer.Measurement(23, u"Text"_s, ZYN_ADDRESS_STRING, SampleModels::TextLimit(u"A<B"_s));
+    writer.Measurement(22, "Mask", ZYN_ADDRESS_INTEGER, IntValidation());
+    writer.Measurement(23, "Text", ZYN_ADDRESS_STRING, SampleModels::TextLimit("A<B"));
 
     // Disabled: itself left out, its children not.
-    const auto disabled = writer.Group(30, u"Disabled"_s);
+    const auto disabled = writer.Group(30, "Disabled");
     disabled->SetTestplanDisabled(true);
     disabled->SetTestPlanValuesCtrl(new CtrlTestPlanValues);
     disabled->SetAttributesCtrl(AttributesOfEveryType());
-    writer.Step(31, u"Child"_s)->SetTestPlanValuesCtrl(new CtrlTestPlanValues);
-    writer.Measurement(32, u"Hidden"_s, ZYN_ADDRESS_REAL, RealValidation())->SetTestplanDisabled(true);
+    writer.Step(31, "Child")->SetTestPlanValuesCtrl(new CtrlTestPlanValues);
+    writer.Measurement(32, "Hidden", ZYN_ADDRESS_REAL, RealValidation())->SetTestplanDisabled(true);
     return writer.program;
 }
 
 QSharedPointer<TestProgram> ProgramWithoutPlan()
 {
-    ProgramWriter writer(1, u"Board"_s);
-    writer.Group(10, u"Group"_s);
-    writer.Step(20, u"Step"_s);
-    writer.Measurement(21, u"Free"_s, ZYN_ADDRESS_REAL);
-    writer.Measurement(22, u"Hidden"_s, ZYN_ADDRESS_REAL, RealValidation())->SetTestplanDisabled(true);
+    ProgramWriter writer(1, "Board");
+    writer.Group(10, "Group");
+    writer.Step(20, "Step");
+    writer.Measurement(21, "Free", ZYN_ADDRESS_REAL);
+    writer.Measurement(22, "Hidden", ZYN_ADDRESS_REAL, RealValidation())->SetTestplanDisabled(true);
     return writer.program;
 }
 
 QSharedPointer<TestProgram> DeepProgram(int depth)
 {
-    ProgramWriter writer(1, u"Board"_s);
+    ProgramWriter writer(1, "Board");
     auto* const control = new CtrlAttributes;
-    writer.Group(10, u"Group"_s)->SetAttributesCtrl(control);
-    auto* innermost = new Attr(u"0"_s, Attr::Category);
+    writer.Group(10, "Group")->SetAttributesCtrl(control);
+    auto* innermost = new Attr("0", Attr::Category);
     control->AddAttribute(innermost);
     for (int level = 1; level < depth; ++level) {
         auto* const next = new Attr(QString::number(level), Attr::Category);
         innermost->AddChild(next);
         innermost = next;
     }
-    innermost->AddChild(new Attr(u"Depth"_s, Attr::Integer, depth));
+    innermost->AddChild(new Attr("Depth", Attr::Integer, depth));
     return writer.program;
 }
 
 QSharedPointer<TestProgram> ProgramWith(const QSharedPointer<ValidationInterface>& validation)
 {
-    ProgramWriter writer(1, u"Board"_s);
-    writer.Group(10, u"Group"_s);
-    writer.Step(20, u"Step"_s);
-    writer.Measurement(21, u"M"_s, ZYN_ADDRESS_INTEGER, validation);
+    ProgramWriter writer(1, "Board");
+    writer.Group(10, "Group");
+    writer.Step(20, "Step");
+    writer.Measurement(21, "M", ZYN_ADDRESS_INTEGER, validation);
     return writer.program;
 }
 
@@ -145,7 +145,7 @@ QString Describe(const TestPlan& plan)
             if (!data)
                 continue;
             text += u"%1 %2\n"_s.arg(QLatin1StringView(kind), key);
-            ::Describe(u"  "_s, data, text);
+            ::Describe("  ", data, text);
         }
     }
     return text;

@@ -1,4 +1,5 @@
 #include "SamplePlan.h"
+#include "support/Files.h"
 #include "support/Golden.h"
 #include "support/RelaxNg.h"
 
@@ -51,208 +52,171 @@ public:
     Limits GetLimits() const override { return {}; }
 };
 
-QByteArray Content(const QString& fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 } // namespace
 
 class TestPlanExportTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void board();
-    void schemasRefuseDamage();
-    void validationProperties();
-    void noPlanLeavesNoFile();
-    void startFailures();
-    void serviceIsReused();
-    void failedWalkLeavesNothingBehind();
-    void deviceFromOutsideStaysOpen();
-    void textsThatAreNoXml();
-    void deepCategories();
+    void board()
+    {
+        for (const bool excludeBinIds : {false, true}) {
+            const QString golden = excludeBinIds ? "board-without-bin-ids.tpl" : "board.tpl";
+            const QByteArray content = Export(SamplePlan::Program().get(), excludeBinIds);
+            QCOMPARE(Golden::Difference("test-plan", golden, content), QString());
+            QCOMPARE(RelaxNg::Faults("test-plan-3.0.0.rng", Path("out.tpl")), QString());
+        }
+    }
+
+    void schemasRefuseDamage()
+    {
+        QByteArray content = Export(SamplePlan::Program().get());
+        const auto refused = [&](const char* schema, const QByteArray& document) {
+            return RelaxNg::Refuses(schema, document, Path("damaged.tpl"));
+        };
+        const std::pair<const char*, const char*> damages[] = {{"Version=\"3.0.0\"", "Version=\"3.0\""},
+                                                               {" Unit=\"V\"", ""},
+                                                               {"Name=\"Lower\"", "Name=\"LogInReport\""},
+                                                               {">true</Property>", ">1</Property>"},
+                                                               {">3</Attribute>", "><b/></Attribute>"}};
+        for (const auto& [before, after] : damages) {
+            const QByteArray damaged = QByteArray(content).replace(before, after);
+            QVERIFY2(damaged != content && refused("test-plan-3.0.0.rng", damaged), before);
+        }
+        QVERIFY2(refused("test-plan-2.0.0.rng", content), "another version's schema refuses the file");
+        content.replace("3.0.0", "2.0.0");
+        QVERIFY(!refused("test-plan-2.0.0.rng", content));
+    }
+
+    void validationProperties()
+    {
+        const auto validation = QSharedPointer<OpenValidation>::create();
+        const auto written = [&](bool excludeBinIds) {
+            const QByteArray content = Export(SamplePlan::ProgramWith(validation).get(), excludeBinIds);
+            QStringList found;
+            static const QRegularExpression property("<Property Name=\"(\\w*)\">([^<]*)</Property>");
+            for (const auto& match : property.globalMatch(QString::fromUtf8(content)))
+                found += match.captured(1) + u'=' + match.captured(2);
+            return found.join(u' ');
+        };
+        for (const char* name : {"Name", "LogInReport", "BinId", "BinIdLower", "MyBinIds", "name", "BINID"})
+            validation->properties.insert(name, 1);
+        validation->properties.insert({{"Invalid", QVariant()}, {"Flag", true}, {"Empty", QString()}});
+        QCOMPARE(written(false), "BINID=1 BinId=1 BinIdLower=1 Empty= Flag=true MyBinIds=1 name=1");
+        QCOMPARE(written(true), "BINID=1 Empty= Flag=true name=1");
+    }
+
+    void noPlanLeavesNoFile()
+    {
+        CExportServiceTestPlan service(false);
+        service.SetOutputFileName(Path("none.tpl"));
+        QVERIFY(service.Export(SamplePlan::Program().get()));
+        QVERIFY(QFile::exists(Path("none.tpl")));
+        QVERIFY(service.Export(SamplePlan::ProgramWithoutPlan().get()));
+        QVERIFY2(!QFile::exists(Path("none.tpl")), "the counter begins anew with each document");
+        QVERIFY(service.OutputComplete());
+        QVERIFY(service.GetErrorText().isEmpty());
+    }
+
+    // The builder keeps its device after the end of a document: others must be able to read it all the same.
+    void serviceIsReused()
+    {
+        const auto program = SamplePlan::Program();
+        CExportServiceTestPlan service(false);
+        QByteArray first;
+        for (const char* const name : {"a.tpl", "b.tpl", "a.tpl"}) {
+            service.SetOutputFileName(Path(name));
+            QVERIFY(service.Export(program.get()));
+            QVERIFY(service.OutputComplete());
+            const QByteArray content = Files::Content(Path(name));
+            QVERIFY(content.endsWith("</TestPlan>\n"));
+            if (first.isEmpty())
+                first = content;
+            QCOMPARE(content, first);
+        }
+    }
+
+    // A walk that breaks off leaves elements open in the stream writer.
+    void failedWalkLeavesNothingBehind()
+    {
+        const auto program = SamplePlan::Program();
+        const QByteArray expected = Export(program.get());
+        CTestPlanBuilderXML builder(false);
+        const auto writeDocument = [&](const QString& name) {
+            return builder.OpenFile(name) && builder.Open() && builder.BeginTestProgram(program.get()) &&
+                   builder.BeginTestGroup(program->GetGroupForIndex(0).get());
+        };
+        QVERIFY(writeDocument(Path("broken.tpl")));
+        QVERIFY(writeDocument(Path("whole.tpl")));
+        QVERIFY(builder.Close());
+        QVERIFY(builder.OutputComplete());
+        const QByteArray content = Files::Content(Path("whole.tpl"));
+        QVERIFY2(content.startsWith(expected.left(200)), content);
+        QVERIFY2(content.endsWith("\n</TestPlan>\n"), "Close ends the root that no EndTestProgram ended");
+        QCOMPARE(content.count("<TestPlan "), 1);
+    }
+
+    void deviceFromOutsideStaysOpen()
+    {
+        QBuffer buffer;
+        CTestPlanBuilderXML builder(false);
+        QVERIFY2(!builder.Open(), "no device");
+        builder.SetDevice(&buffer);
+        QVERIFY(builder.Open());
+        QVERIFY(!builder.BeginTestGroup(static_cast<TestGroup*>(nullptr)));
+        QVERIFY(builder.EndTestProgram(nullptr));
+        QVERIFY(builder.Close());
+        QVERIFY(buffer.isOpen());
+        QVERIFY(!builder.IsOpened());
+        QCOMPARE(buffer.data(),
+                 QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<TestPlan Version=\"3.0.0\"/>\n"));
+    }
+
+    // The stream writer would drop these and all that follows.
+    void textsThatAreNoXml()
+    {
+        const QString bad = u"a"_s + QChar(0xD800) + u"b"_s + QChar(0x0001) + u'c';
+        const auto validation = QSharedPointer<OpenValidation>::create();
+        validation->properties = {{u"P"_s + bad, bad}, {"Z", 1}};
+        const auto program = SamplePlan::ProgramWith(validation);
+        program->GetGroupForIndex(0)->SetIdentString(bad);
+        const QByteArray content = Export(program.get());
+        const QByteArray mended = QString("a\ufffdb\ufffdc").toUtf8();
+        QVERIFY2(content.contains("<Property Name=\"P" + mended + "\">" + mended + "</Property>"), content);
+        QVERIFY(content.contains("<Property Name=\"Z\">1</Property>"));
+        QVERIFY(content.endsWith("</TestPlan>\n"));
+    }
+
+    void deepCategories()
+    {
+        constexpr int depth = 100000;
+        const QByteArray content = Export(SamplePlan::DeepProgram(depth).get());
+        QCOMPARE(content.count("<Category "), depth);
+        QVERIFY2(content.size() < 100 * depth, "indentation does not grow with the square of the depth");
+        const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(Path("out.tpl")));
+        QVERIFY(plan);
+        const TestPlanData* data = plan->GetAttributes("10");
+        int level = 0;
+        for (; !data->GetCategories().isEmpty(); ++level)
+            data = data->GetCategories().constFirst()->GetAttributes();
+        QCOMPARE(level, depth);
+        QCOMPARE(data->GetProperty("Depth"), QVariant(depth));
+    }
 
 private:
     QString Path(const char* name) const { return folder.filePath(QLatin1StringView(name)); }
     /// Exports with a service of its own that has gone when this returns.
-    QByteArray Export(TestProgram* program, bool excludeBinIds = false);
+    QByteArray Export(TestProgram* program, bool excludeBinIds = false)
+    {
+        CExportServiceTestPlan service(excludeBinIds);
+        service.SetOutputFileName(Path("out.tpl"));
+        if (!service.Export(program) || !service.OutputComplete() || !service.GetErrorText().isEmpty())
+            return "export failed";
+        return Files::Content(Path("out.tpl"));
+    }
 
     QTemporaryDir folder;
 };
-
-QByteArray TestPlanExportTest::Export(TestProgram* program, bool excludeBinIds)
-{
-    CExportServiceTestPlan service(excludeBinIds);
-    service.SetOutputFileName(Path("out.tpl"));
-    if (!service.Export(program) || !service.OutputComplete() || !service.GetErrorText().isEmpty())
-        return "export failed";
-    return Content(Path("out.tpl"));
-}
-
-void TestPlanExportTest::board()
-{
-    for (const bool excludeBinIds : {false, true}) {
-        const QString golden = QLatin1StringView(excludeBinIds ? "board-without-bin-ids.tpl" : "board.tpl");
-        const QByteArray content = Export(SamplePlan::Program().get(), excludeBinIds);
-        QCOMPARE(Golden::Difference(u"test-plan"_s, golden, content), QString());
-        QCOMPARE(RelaxNg::Faults(u"test-plan-3.0.0.rng"_s, Path("out.tpl")), QString());
-    }
-}
-
-void TestPlanExportTest::schemasRefuseDamage()
-{
-    QByteArray content = Export(SamplePlan::Program().get());
-    const auto refused = [&](const char* schema, const QByteArray& document) {
-        return RelaxNg::Refuses(QLatin1StringView(schema), document, Path("damaged.tpl"));
-    };
-    const std::pair<const char*, const char*> damages[] = {{"Version=\"3.0.0\"", "Version=\"3.0\""},
-                                                           {" Unit=\"V\"", ""},
-                                                           {"Name=\"Lower\"", "Name=\"LogInReport\""},
-                                                           {">true</Property>", ">1</Property>"},
-                                                           {">3</Attribute>", "><b/></Attribute>"}};
-    for (const auto& [before, after] : damages) {
-        const QByteArray damaged = QByteArray(content).replace(before, after);
-        QVERIFY2(damaged != content && refused("test-plan-3.0.0.rng", damaged), before);
-    }
-    QVERIFY2(refused("test-plan-2.0.0.rng", content), "another version's schema refuses the file");
-    content.replace("3.0.0", "2.0.0");
-    QVERIFY(!refused("test-plan-2.0.0.rng", content));
-}
-
-void TestPlanExportTest::validationProperties()
-{
-    const auto validation = QSharedPointer<OpenValidation>::create();
-    const auto written = [&](bool excludeBinIds) {
-        const QByteArray content = Export(SamplePlan::ProgramWith(validation).get(), excludeBinIds);
-        QStringList found;
-        static const QRegularExpression property(u"<Property Name=\"(\\w*)\">([^<]*)</Property>"_s);
-        for (const auto& match : property.globalMatch(QString::fromUtf8(content)))
-            found += match.captured(1) + u'=' + match.captured(2);
-        return found.join(u' ');
-    };
-    for (const char* name : {"Name", "LogInReport", "BinId", "BinIdLower", "MyBinIds", "name", "BINID"})
-        validation->properties.insert(QString::fromLatin1(name), 1);
-    validation->properties.insert({{u"Invalid"_s, QVariant()}, {u"Flag"_s, true}, {u"Empty"_s, QString()}});
-    QCOMPARE(written(false), u"BINID=1 BinId=1 BinIdLower=1 Empty= Flag=true MyBinIds=1 name=1"_s);
-    QCOMPARE(written(true), u"BINID=1 Empty= Flag=true name=1"_s);
-}
-
-void TestPlanExportTest::noPlanLeavesNoFile()
-{
-    CExportServiceTestPlan service(false);
-    service.SetOutputFileName(Path("none.tpl"));
-    QVERIFY(service.Export(SamplePlan::Program().get()));
-    QVERIFY(QFile::exists(Path("none.tpl")));
-    QVERIFY(service.Export(SamplePlan::ProgramWithoutPlan().get()));
-    QVERIFY2(!QFile::exists(Path("none.tpl")), "the counter begins anew with each document");
-    QVERIFY(service.OutputComplete());
-    QVERIFY(service.GetErrorText().isEmpty());
-}
-
-void TestPlanExportTest::startFailures()
-{
-    CExportServiceTestPlan service(false);
-    const auto program = SamplePlan::Program();
-    QVERIFY(!service.Export(program.get()));
-    QCOMPARE(service.GetErrorText(), u"No filename provided."_s);
-    const QString missing = Path("missing/%1.tpl");
-    service.SetOutputFileName(missing);
-    QVERIFY(!service.Export(program.get()));
-    QCOMPARE(service.GetErrorText(), u"Could not create file: "_s + missing);
-    service.SetOutputFileName(Path("null.tpl"));
-    QVERIFY(!service.Export(nullptr));
-    QVERIFY2(service.GetErrorText().isEmpty(), "the export started");
-    QVERIFY(!service.OutputComplete());
-}
-
-// The builder keeps its device after the end of a document: others must be able to read it all the same.
-void TestPlanExportTest::serviceIsReused()
-{
-    const auto program = SamplePlan::Program();
-    CExportServiceTestPlan service(false);
-    QByteArray first;
-    for (const char* const name : {"a.tpl", "b.tpl", "a.tpl"}) {
-        service.SetOutputFileName(Path(name));
-        QVERIFY(service.Export(program.get()));
-        QVERIFY(service.OutputComplete());
-        const QByteArray content = Content(Path(name));
-        QVERIFY(content.endsWith("</TestPlan>\n"));
-        if (first.isEmpty())
-            first = content;
-        QCOMPARE(content, first);
-    }
-}
-
-// A walk that breaks off leaves elements open in the stream writer.
-void TestPlanExportTest::failedWalkLeavesNothingBehind()
-{
-    const auto program = SamplePlan::Program();
-    const QByteArray expected = Export(program.get());
-    CTestPlanBuilderXML builder(false);
-    const auto writeDocument = [&](const QString& name) {
-        return builder.OpenFile(name) && builder.Open() && builder.BeginTestProgram(program.get()) &&
-               builder.BeginTestGroup(program->GetGroupForIndex(0).get());
-    };
-    QVERIFY(writeDocument(Path("broken.tpl")));
-    QVERIFY(writeDocument(Path("whole.tpl")));
-    QVERIFY(builder.Close());
-    QVERIFY(builder.OutputComplete());
-    const QByteArray content = Content(Path("whole.tpl"));
-    QVERIFY2(content.startsWith(expected.left(200)), content);
-    QVERIFY2(content.endsWith("\n</TestPlan>\n"), "Close ends the root that no EndTestProgram ended");
-    QCOMPARE(content.count("<TestPlan "), 1);
-}
-
-void TestPlanExportTest::deviceFromOutsideStaysOpen()
-{
-    QBuffer buffer;
-    CTestPlanBuilderXML builder(false);
-    QVERIFY2(!builder.Open(), "no device");
-    builder.SetDevice(&buffer);
-    QVERIFY(builder.Open());
-    QVERIFY(!builder.BeginTestGroup(static_cast<TestGroup*>(nullptr)));
-    QVERIFY(builder.EndTestProgram(nullptr));
-    QVERIFY(builder.Close());
-    QVERIFY(buffer.isOpen());
-    QVERIFY(!builder.IsOpened());
-    QCOMPARE(buffer.data(),
-             QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<TestPlan Version=\"3.0.0\"/>\n"));
-}
-
-// The stream writer would drop these and all that follows.
-void TestPlanExportTest::textsThatAreNoXml()
-{
-    const QString bad = u"a"_s + QChar(0xD800) + u"b"_s + QChar(0x0001) + u'c';
-    const auto validation = QSharedPointer<OpenValidation>::create();
-    validation->properties = {{u"P"_s + bad, bad}, {u"Z"_s, 1}};
-    const auto program = SamplePlan::ProgramWith(validation);
-    program->GetGroupForIndex(0)->SetIdentString(bad);
-    const QByteArray content = Export(program.get());
-    const QByteArray mended = "a\xEF\xBF\xBD"
-                              "b\xEF\xBF\xBD"
-                              "c";
-    QVERIFY2(content.contains("<Property Name=\"P" + mended + "\">" + mended + "</Property>"), content);
-    QVERIFY(content.contains("<Property Name=\"Z\">1</Property>"));
-    QVERIFY(content.endsWith("</TestPlan>\n"));
-}
-
-void TestPlanExportTest::deepCategories()
-{
-    constexpr int depth = 100000;
-    const QByteArray content = Export(SamplePlan::DeepProgram(depth).get());
-    QCOMPARE(content.count("<Category "), depth);
-    QVERIFY2(content.size() < 100 * depth, "indentation does not grow with the square of the depth");
-    const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(Path("out.tpl")));
-    QVERIFY(plan);
-    const TestPlanData* data = plan->GetAttributes(u"10"_s);
-    int level = 0;
-    for (; !data->GetCategories().isEmpty(); ++level)
-        data = data->GetCategories().constFirst()->GetAttributes();
-    QCOMPARE(level, depth);
-    QCOMPARE(data->GetProperty(u"Depth"_s), QVariant(depth));
-}
 
 QTEST_APPLESS_MAIN(TestPlanExportTest)
 #include "TestPlanExportTest.moc"

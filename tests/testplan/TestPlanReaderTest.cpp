@@ -1,5 +1,7 @@
 #include "SamplePlan.h"
+#include "support/Files.h"
 #include "support/Golden.h"
+#include "support/Rows.h"
 
 #include "testplan/CTestPlanReaderXML.h"
 
@@ -28,175 +30,149 @@ class TestPlanReaderTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void whatComesBackAsWhat();
-    void content_data();
-    void content();
-    void refused_data();
-    void refused();
-    void cannotBeOpened();
-    void readerIsReused();
+    // Integer and real attributes keep their types; everything else comes back as text: booleans and unknown
+    // types of attributes, all of a validation, both switches. Unit and type of a validation do not come
+    // back.
+    void whatComesBackAsWhat()
+    {
+        const QString fileName = folder.filePath("board.tpl");
+        CExportServiceTestPlan service(false);
+        service.SetOutputFileName(fileName);
+        QVERIFY(service.Export(SamplePlan::Program().get()));
+        const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(fileName));
+        QVERIFY(plan);
+        QCOMPARE(plan->GetFileInfo().fileName(), "board.tpl");
+        QCOMPARE(Golden::Difference("test-plan", "board-read-back.txt", SamplePlan::Describe(*plan).toUtf8()),
+                 QString());
+    }
+
+    void content_data()
+    {
+        const Rows<QByteArray, QString> row;
+        row("root without content", "<TestPlan Version='3.0.0'/>", "");
+        row("version 2 by the same rules",
+            Plan("<Properties Ident='7'><Property Name='X'>true</Property></Properties>", "2.0.0"),
+            "Properties 7\n  X: QString 'true'\n");
+        row("integers",
+            Plan("<Attributes Ident='1'><Attribute Name='a' Type='Integer'>12ab</Attribute>"
+                 "<Attribute Name='b' Type='Integer'>2147483648</Attribute>"
+                 "<Attribute Name='c' Type='Integer'>-5</Attribute>"
+                 "<Attribute Name='d' Type='Integer'/></Attributes>"),
+            "Attributes 1\n  a: int '0'\n  b: int '0'\n  c: int '-5'\n  d: int '0'\n");
+        row("reals",
+            Plan("<Attributes Ident='1'><Attribute Name='a' Type='Real'>1,5</Attribute>"
+                 "<Attribute Name='b' Type='Real'>1.5e3</Attribute>"
+                 "<Attribute Name='c' Type='Real'>x</Attribute></Attributes>"),
+            "Attributes 1\n  a: double '0'\n  b: double '1500'\n  c: double '0'\n");
+        row("other types are texts",
+            Plan("<Attributes Ident='1'><Attribute Name='a' Type='integer'>1</Attribute>"
+                 "<Attribute Name='b'>2</Attribute><Attribute Name='c' "
+                 "Type='Category'>3</Attribute></Attributes>"),
+            "Attributes 1\n  a: QString '1'\n  b: QString '2'\n  c: QString '3'\n");
+        row("empty sets",
+            Plan("<Attributes Ident='1'/><Properties Ident='1'/><Validation Ident='1' Name='n'/>"),
+            "Validation 1\n  Name: QString 'n'\nAttributes 1\nProperties 1\n");
+        row("unknown elements are skipped with their content",
+            Plan("<Extra><Properties Ident='9'/></Extra>"
+                 "<Properties Ident='1'><Comment><Property Name='x'>1</Property></Comment>"
+                 "<Property Name='y'>2</Property></Properties>"
+                 "<Attributes Ident='1'><Property Name='x'>1</Property><Category Name='c'><b>text</b>"
+                 "<Attribute Name='z' Type='Integer'>3</Attribute></Category></Attributes>"
+                 "<Validation Ident='1'><Attribute Name='x'/></Validation>"),
+            "Validation 1\n  Name: QString ''\nAttributes 1\n  c/\n    z: int '3'\nProperties 1\n"
+            "  y: QString '2'\n");
+        row("text, CDATA, references and comments",
+            Plan("<Properties Ident='&lt;&#x3a9;'><Property Name='&amp;'>a<![CDATA[<b>]]>&gt;<!-- x -->c"
+                 "</Property></Properties>"),
+            "Properties <Ω\n  &: QString 'a<b>>c'\n");
+        row("a document type without entities", "<!DOCTYPE TestPlan [<!ELEMENT a ANY>]>" + Plan(""), "");
+    }
+    void content()
+    {
+        const auto [document, plan] = CurrentRow<QByteArray, QString>();
+        QString errorText;
+        const std::unique_ptr<TestPlan> read(
+            CReadServiceTestPlan().ReadTestPlan(Write(document), &errorText));
+        QVERIFY2(read, qPrintable(errorText));
+        QVERIFY(errorText.isEmpty());
+        QCOMPARE(SamplePlan::Describe(*read), plan);
+    }
+
+    void refused_data()
+    {
+        const Rows<QByteArray, QString> row;
+        const char* const otherRoot = "The file is not an TestPlan file\tLine 1, column ";
+        const char* const otherVersion =
+            "Only TestPlan file versions 2.0.0 and 3.0.0 are supported\tLine 1, column ";
+
+        row("empty", "", "Premature end of document.\tLine 1, column 0");
+        row("other root", "<Testplan Version='3.0.0'/>", otherRoot);
+        row("no version", "<TestPlan/>", otherVersion);
+        row("short version", Plan("", "3.0"), otherVersion);
+        row("cut off", "<TestPlan Version='3.0.0'>\n<Properties Ident='1'>\n",
+            "Premature end of document.\tLine 3, column 0");
+        row("wrong end deep in a category",
+            Plan("\n<Attributes Ident='1'><Category Name='a'><Category Name='b'>\n</Attributes>"),
+            "Opening and ending tag mismatch.\tLine 3, column 13");
+        row("element in an attribute",
+            Plan("<Attributes Ident='1'><Attribute Name='a' Type='Integer'>1<b/></Attribute></Attributes>"),
+            "Expected character data.\tLine 1, column ");
+        row("undeclared entity", Plan("<Properties Ident='1'><Property Name='a'>&x;</Property></Properties>"),
+            "Entity 'x' not declared.\tLine 1, column ");
+        const char* const entities = "Documents that declare entities are not supported\tLine 1, column ";
+        row("entity", "<!DOCTYPE TestPlan [<!ENTITY x 'y'>]>" + Plan(""), entities);
+        row("parameter entity that is used",
+            "<!DOCTYPE TestPlan [<!ENTITY % x '<!ELEMENT a ANY>'>%x;]>" + Plan(""),
+            "Entity expands to more characters than the entity expansion limit.");
+        row("parameter entity", "<!DOCTYPE TestPlan [<!ENTITY % x '<!ELEMENT a ANY>'>]>" + Plan(""),
+            entities);
+    }
+    void refused()
+    {
+        const auto [document, errorText] = CurrentRow<QByteArray, QString>();
+        QString text;
+        const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(Write(document), &text));
+        QVERIFY(!plan);
+        QVERIFY2(text.startsWith(errorText), qPrintable(text));
+        static const QRegularExpression position("\\tLine \\d+, column \\d+$");
+        QVERIFY2(text.contains(position), qPrintable(text));
+    }
+
+    void cannotBeOpened()
+    {
+        const QString missing = folder.filePath("missing %1.tpl");
+        QString text;
+        QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing, &text));
+        QCOMPARE(text, u"Could not open file: %1 (No such file or directory)"_s.arg(missing));
+        QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing));
+
+        CTestPlanReaderXML reader;
+        QVERIFY2(!reader.Read(), "nothing is open");
+        QVERIFY(!reader.Open(folder.path()));
+        QVERIFY(!reader.IsOpened());
+        QVERIFY(!reader.Read());
+        QVERIFY(!reader.TakeTestPlan());
+    }
+
+    void readerIsReused()
+    {
+        CTestPlanReaderXML reader;
+        QVERIFY(reader.Open(Write(Plan("<Properties Ident='1'>"))));
+        QVERIFY(!reader.Read());
+        QVERIFY(!reader.Open(folder.filePath("missing.tpl")));
+        QVERIFY2(reader.GetErrorText().startsWith(u'\t'), "no fault of an earlier document");
+        QVERIFY(reader.Open(Write(Plan("<Properties Ident='2'/>"))));
+        QVERIFY(reader.Read());
+        const std::unique_ptr<TestPlan> plan(reader.TakeTestPlan());
+        QCOMPARE(plan->GetKeys(), QStringList{"2"});
+        QVERIFY(!reader.TakeTestPlan());
+    }
 
 private:
-    QString Write(const QByteArray& content);
+    QString Write(const QByteArray& content) { return Files::Write(folder.filePath("in.tpl"), content); }
 
     QTemporaryDir folder;
 };
-
-QString TestPlanReaderTest::Write(const QByteArray& content)
-{
-    QFile file(folder.filePath(u"in.tpl"_s));
-    if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-        qFatal("cannot write the test's input");
-    return file.fileName();
-}
-
-// Integer and real attributes keep their types; everything else comes back as text: booleans and unknown
-// types of attributes, all of a validation, both switches. Unit and type of a validation do not come back.
-void TestPlanReaderTest::whatComesBackAsWhat()
-{
-    const QString fileName = folder.filePath(u"board.tpl"_s);
-    CExportServiceTestPlan service(false);
-    service.SetOutputFileName(fileName);
-    QVERIFY(service.Export(SamplePlan::Program().get()));
-    const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(fileName));
-    QVERIFY(plan);
-    QCOMPARE(plan->GetFileInfo().fileName(), u"board.tpl"_s);
-    QCOMPARE(
-        Golden::Difference(u"test-plan"_s, u"board-read-back.txt"_s, SamplePlan::Describe(*plan).toUtf8()),
-        QString());
-}
-
-void TestPlanReaderTest::content_data()
-{
-    QTest::addColumn<QByteArray>("document");
-    QTest::addColumn<QString>("plan");
-    const auto row = [](const char* name, const QByteArray& document, const char* plan) {
-        QTest::newRow(name) << document << QString::fromUtf8(plan);
-    };
-
-    row("root without content", "<TestPlan Version='3.0.0'/>", "");
-    row("version 2 by the same rules",
-        Plan("<Properties Ident='7'><Property Name='X'>true</Property></Properties>", "2.0.0"),
-        "Properties 7\n  X: QString 'true'\n");
-    row("integers",
-        Plan("<Attributes Ident='1'><Attribute Name='a' Type='Integer'>12ab</Attribute>"
-             "<Attribute Name='b' Type='Integer'>2147483648</Attribute>"
-             "<Attribute Name='c' Type='Integer'>-5</Attribute>"
-             "<Attribute Name='d' Type='Integer'/></Attributes>"),
-        "Attributes 1\n  a: int '0'\n  b: int '0'\n  c: int '-5'\n  d: int '0'\n");
-    row("reals",
-        Plan("<Attributes Ident='1'><Attribute Name='a' Type='Real'>1,5</Attribute>"
-             "<Attribute Name='b' Type='Real'>1.5e3</Attribute>"
-             "<Attribute Name='c' Type='Real'>x</Attribute></Attributes>"),
-        "Attributes 1\n  a: double '0'\n  b: double '1500'\n  c: double '0'\n");
-    row("other types are texts",
-        Plan("<Attributes Ident='1'><Attribute Name='a' Type='integer'>1</Attribute>"
-             "<Attribute Name='b'>2</Attribute><Attribute Name='c' "
-             "Type='Category'>3</Attribute></Attributes>"),
-        "Attributes 1\n  a: QString '1'\n  b: QString '2'\n  c: QString '3'\n");
-    row("empty sets", Plan("<Attributes Ident='1'/><Properties Ident='1'/><Validation Ident='1' Name='n'/>"),
-        "Validation 1\n  Name: QString 'n'\nAttributes 1\nProperties 1\n");
-    row("unknown elements are skipped with their content",
-        Plan("<Extra><Properties Ident='9'/></Extra>"
-             "<Properties Ident='1'><Comment><Property Name='x'>1</Property></Comment>"
-             "<Property Name='y'>2</Property></Properties>"
-             "<Attributes Ident='1'><Property Name='x'>1</Property><Category Name='c'><b>text</b>"
-             "<Attribute Name='z' Type='Integer'>3</Attribute></Category></Attributes>"
-             "<Validation Ident='1'><Attribute Name='x'/></Validation>"),
-        "Validation 1\n  Name: QString ''\nAttributes 1\n  c/\n    z: int '3'\nProperties 1\n"
-        "  y: QString '2'\n");
-    row("text, CDATA, references and comments",
-        Plan("<Properties Ident='&lt;&#x3a9;'><Property Name='&amp;'>a<![CDATA[<b>]]>&gt;<!-- x -->c"
-             "</Property></Properties>"),
-        "Properties <Ω\n  &: QString 'a<b>>c'\n");
-    row("a document type without entities", "<!DOCTYPE TestPlan [<!ELEMENT a ANY>]>" + Plan(""), "");
-}
-
-void TestPlanReaderTest::content()
-{
-    QFETCH(QByteArray, document);
-    QFETCH(QString, plan);
-    QString errorText;
-    const std::unique_ptr<TestPlan> read(CReadServiceTestPlan().ReadTestPlan(Write(document), &errorText));
-    QVERIFY2(read, qPrintable(errorText));
-    QVERIFY(errorText.isEmpty());
-    QCOMPARE(SamplePlan::Describe(*read), plan);
-}
-
-void TestPlanReaderTest::refused_data()
-{
-    QTest::addColumn<QByteArray>("document");
-    QTest::addColumn<QString>("errorText");
-    const auto row = [](const char* name, const QByteArray& document, const char* errorText) {
-        QTest::newRow(name) << document << QString::fromUtf8(errorText);
-    };
-    const char* const otherRoot = "The file is not an TestPlan file\tLine 1, column ";
-    const char* const otherVersion =
-        "Only TestPlan file versions 2.0.0 and 3.0.0 are supported\tLine 1, column ";
-
-    row("empty", "", "Premature end of document.\tLine 1, column 0");
-    row("other root", "<Testplan Version='3.0.0'/>", otherRoot);
-    row("no version", "<TestPlan/>", otherVersion);
-    row("short version", Plan("", "3.0"), otherVersion);
-    row("cut off", "<TestPlan Version='3.0.0'>\n<Properties Ident='1'>\n",
-        "Premature end of document.\tLine 3, column 0");
-    row("wrong end deep in a category",
-        Plan("\n<Attributes Ident='1'><Category Name='a'><Category Name='b'>\n</Attributes>"),
-        "Opening and ending tag mismatch.\tLine 3, column 13");
-    row("element in an attribute",
-        Plan("<Attributes Ident='1'><Attribute Name='a' Type='Integer'>1<b/></Attribute></Attributes>"),
-        "Expected character data.\tLine 1, column ");
-    row("undeclared entity", Plan("<Properties Ident='1'><Property Name='a'>&x;</Property></Properties>"),
-        "Entity 'x' not declared.\tLine 1, column ");
-    const char* const entities = "Documents that declare entities are not supported\tLine 1, column ";
-    row("entity", "<!DOCTYPE TestPlan [<!ENTITY x 'y'>]>" + Plan(""), entities);
-    row("parameter entity that is used",
-        "<!DOCTYPE TestPlan [<!ENTITY % x '<!ELEMENT a ANY>'>%x;]>" + Plan(""),
-        "Entity expands to more characters than the entity expansion limit.");
-    row("parameter entity", "<!DOCTYPE TestPlan [<!ENTITY % x '<!ELEMENT a ANY>'>]>" + Plan(""), entities);
-}
-
-void TestPlanReaderTest::refused()
-{
-    QFETCH(QByteArray, document);
-    QFETCH(QString, errorText);
-    QString text;
-    const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(Write(document), &text));
-    QVERIFY(!plan);
-    QVERIFY2(text.startsWith(errorText), qPrintable(text));
-    static const QRegularExpression position(u"\\tLine \\d+, column \\d+$"_s);
-    QVERIFY2(text.contains(position), qPrintable(text));
-}
-
-void TestPlanReaderTest::cannotBeOpened()
-{
-    const QString missing = folder.filePath(u"missing %1.tpl"_s);
-    QString text;
-    QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing, &text));
-    QCOMPARE(text, u"Could not open file: %1 (No such file or directory)"_s.arg(missing));
-    QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing));
-
-    CTestPlanReaderXML reader;
-    QVERIFY2(!reader.Read(), "nothing is open");
-    QVERIFY(!reader.Open(folder.path()));
-    QVERIFY(!reader.IsOpened());
-    QVERIFY(!reader.Read());
-    QVERIFY(!reader.TakeTestPlan());
-}
-
-void TestPlanReaderTest::readerIsReused()
-{
-    CTestPlanReaderXML reader;
-    QVERIFY(reader.Open(Write(Plan("<Properties Ident='1'>"))));
-    QVERIFY(!reader.Read());
-    QVERIFY(!reader.Open(folder.filePath(u"missing.tpl"_s)));
-    QVERIFY2(reader.GetErrorText().startsWith(u'\t'), "no fault of an earlier document");
-    QVERIFY(reader.Open(Write(Plan("<Properties Ident='2'/>"))));
-    QVERIFY(reader.Read());
-    const std::unique_ptr<TestPlan> plan(reader.TakeTestPlan());
-    QCOMPARE(plan->GetKeys(), QStringList{u"2"_s});
-    QVERIFY(!reader.TakeTestPlan());
-}
 
 QTEST_APPLESS_MAIN(TestPlanReaderTest)
 #include "TestPlanReaderTest.moc"

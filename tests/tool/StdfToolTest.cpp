@@ -1,64 +1,38 @@
+#include "ToolFolder.h"
 #include "stdf/LotFiles.h"
+#include "support/Rows.h"
 
-#include <QtCore/QDir>
 #include <QtCore/QProcess>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
+
+#include <sys/resource.h>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 /// STDF lot files by the command line.
 class StdfToolTest : public QObject {
     Q_OBJECT
 
 private:
-    struct Outcome {
-        int code = -1;
-        QString output;
-        QString errors;
-    };
+    ToolFolder folder;
 
-    QTemporaryDir folder;
-
-    QString Path(const QString& name) const { return folder.filePath(name); }
-
-    Outcome Run(const QStringList& arguments) const
-    {
-        QProcess process;
-        process.setWorkingDirectory(folder.path());
-        process.start(QStringLiteral(ZYN_TOOL), arguments);
-        process.waitForFinished(120000);
-        return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput()),
-                QString::fromUtf8(process.readAllStandardError())};
-    }
+    LotFiles::Contents Lot(const QString& name) const { return LotFiles::Read(folder.Path(name)); }
 
 private slots:
-    void initTestCase()
-    {
-        QCOMPARE(Run({u"simulate"_s, u"-q"_s, u"-d"_s, u"lot"_s, u"--panels"_s, u"6"_s, u"--items"_s, u"2"_s})
-                     .code,
-                 0);
-        QCOMPARE(
-            Run({u"simulate"_s, u"-q"_s, u"-d"_s, u"other"_s, u"--panels"_s, u"1"_s, u"--items"_s, u"1"_s})
-                .code,
-            0);
-    }
+    void initTestCase() { QCOMPARE(folder.Zyn("simulate -q -d lot --panels 6 --items 2").code, 0); }
 
     void PartsStandInInputOrder()
     {
-        const Outcome first = Run({u"convert"_s, u"lot"_s, u"-o"_s, u"lot.stdf"_s});
+        const auto first = folder.Zyn("convert lot -o lot.stdf");
         QCOMPARE(first.code, 0);
-        QCOMPARE(first.errors, u"lot.stdf holds 12 parts\n"_s);
-        const auto contents = LotFiles::Read(Path(u"lot.stdf"_s));
+        QCOMPARE(first.errors, QByteArray("lot.stdf holds 12 parts\n"));
+        const auto contents = Lot("lot.stdf");
         QVERIFY(contents.findings.isEmpty());
         QStringList sorted = contents.PartIds();
         sorted.sort();
         QCOMPARE(contents.PartIds(), sorted);
 
-        QCOMPARE(Run({u"convert"_s, u"lot"_s, u"-o"_s, u"lot.stdf"_s}).errors,
-                 u"lot.stdf holds 24 parts\n"_s);
-        QCOMPARE(Run({u"check"_s, u"lot.stdf"_s}).code, 0);
+        QCOMPARE(folder.Zyn("convert lot -o lot.stdf").errors, QByteArray("lot.stdf holds 24 parts\n"));
+        QCOMPARE(folder.Zyn("check lot.stdf").code, 0);
     }
 
     void TwoProcessesLoseNothing()
@@ -66,88 +40,68 @@ private slots:
         QProcess one;
         QProcess two;
         for (QProcess* process : {&one, &two}) {
-            process->setWorkingDirectory(folder.path());
-            process->start(QStringLiteral(ZYN_TOOL), {u"convert"_s, u"lot"_s, u"-o"_s, u"both.stdf"_s});
+            process->setWorkingDirectory(folder.Path("."));
+            process->start(ZYN_TOOL, {"convert", "lot", "-o", "both.stdf"});
         }
         QVERIFY(one.waitForFinished(120000) && two.waitForFinished(120000));
         QCOMPARE(one.exitCode() + two.exitCode(), 0);
-        const auto contents = LotFiles::Read(Path(u"both.stdf"_s));
-        QCOMPARE(contents.PartIds().size(), 24);
-        QVERIFY(contents.findings.isEmpty());
+        QCOMPARE(Lot("both.stdf").PartIds().size(), 24);
+        QVERIFY(Lot("both.stdf").findings.isEmpty());
     }
 
     void ReportOfAnotherLotIsNamed()
     {
-        QFile report(Path(u"other/panel-0001.zyr"_s));
-        QVERIFY(report.open(QIODevice::ReadWrite));
-        QByteArray text = report.readAll();
-        const QString lot = LotFiles::Read(Path(u"lot.stdf"_s)).Of("MIR")[0].Text("LOT_ID");
-        QVERIFY(text.contains(lot.toUtf8()));
-        text.replace(lot.toUtf8(), "X2");
-        report.resize(0);
-        report.seek(0);
-        report.write(text);
-        report.close();
-
-        const QByteArray before = LotFiles::Bytes(Path(u"lot.stdf"_s));
-        const Outcome outcome = Run({u"convert"_s, u"other/panel-0001.zyr"_s, u"-o"_s, u"lot.stdf"_s});
+        QByteArray report = folder.Content("lot/panel-0001.zyr");
+        report.replace(Lot("lot.stdf").Of("MIR")[0].Text("LOT_ID").toUtf8(), "X2");
+        folder.Write("other.zyr", report);
+        const QByteArray before = folder.Content("lot.stdf");
+        const auto outcome = folder.Zyn("convert other.zyr -o lot.stdf");
         QCOMPARE(outcome.code, 0);
-        QCOMPARE(LotFiles::Bytes(Path(u"lot.stdf"_s)), before);
-        const QStringList files = QDir(folder.path()).entryList({u"lot_*_failure.stdf"_s});
+        QCOMPARE(folder.Content("lot.stdf"), before);
+        const QStringList files = QDir(folder.Path(".")).entryList({"lot_*_failure.stdf"});
         QCOMPARE(files.size(), 1);
-        QVERIFY2(outcome.errors.contains(files[0]), qPrintable(outcome.errors));
-        QVERIFY(LotFiles::Read(Path(files[0])).findings.isEmpty());
+        QVERIFY2(outcome.errors.contains(files[0].toUtf8()), outcome.errors);
+        QVERIFY(Lot(files[0]).findings.isEmpty());
     }
 
-    void LotIsPutBackWhenThereIsNoRoom_data()
-    {
-        QTest::addColumn<bool>("exists");
-        QTest::newRow("lot that exists") << true;
-        QTest::newRow("new lot") << false;
-    }
     void LotIsPutBackWhenThereIsNoRoom()
     {
-        QFETCH(bool, exists);
-        const QString name = exists ? u"lot.stdf"_s : u"new.stdf"_s;
-        const QByteArray before = LotFiles::Bytes(Path(name));
-        QProcess shell;
-        shell.setWorkingDirectory(folder.path());
-        // A file size limit a little above what is there acts like a full disk.
-        const qint64 blocks = before.size() / 1024 + 1;
-        shell.start(u"bash"_s, {u"-c"_s, u"ulimit -f %1; exec '%2' convert lot/panel-0001.zyr -o %3"_s.arg(
-                                             QString::number(blocks), QStringLiteral(ZYN_TOOL), name)});
-        QVERIFY(shell.waitForFinished(60000));
-        QCOMPARE(shell.exitCode(), 1);
-        QVERIFY(shell.readAllStandardError().contains("the lot is as it was"));
-        QCOMPARE(LotFiles::Bytes(Path(name)), before);
-        QCOMPARE(QFile::exists(Path(name)), exists);
+        for (const QString name : {"lot.stdf", "new.stdf"}) {
+            const bool exists = QFile::exists(folder.Path(name));
+            const QByteArray before = folder.Content(name);
+            // A file size limit a little above what is there acts like a full disk.
+            const auto outcome = folder.Zyn("convert lot/panel-0001.zyr -o " + name, {}, [&before] {
+                const rlimit limit{rlim_t(before.size() + 1024), rlim_t(before.size() + 1024)};
+                setrlimit(RLIMIT_FSIZE, &limit);
+            });
+            QCOMPARE(outcome.code, 1);
+            QVERIFY2(outcome.errors.contains("the lot is as it was"), outcome.errors);
+            QCOMPARE(folder.Content(name), before);
+            QCOMPARE(QFile::exists(folder.Path(name)), exists);
+        }
     }
 
     void BrokenReportsAreLeftOut()
     {
-        QFile broken(Path(u"lot/panel-0003.zyr"_s));
-        QVERIFY(broken.resize(broken.size() / 2));
-        const Outcome outcome = Run({u"convert"_s, u"lot"_s, u"-o"_s, u"part.stdf"_s});
+        folder.Write("lot/panel-0003.zyr", folder.Content("lot/panel-0003.zyr").first(20000));
+        const auto outcome = folder.Zyn("convert lot -o part.stdf");
         QCOMPARE(outcome.code, 1);
-        QVERIFY(outcome.errors.contains(u"panel-0003.zyr"_s));
-        QVERIFY(outcome.errors.endsWith(u"part.stdf holds 10 parts\n"_s) ||
-                outcome.errors.contains(u"part.stdf holds 10 parts\n"_s));
+        QVERIFY2(outcome.errors.contains("panel-0003.zyr"), outcome.errors);
+        QVERIFY2(outcome.errors.contains("part.stdf holds 10 parts\n"), outcome.errors);
     }
 
     void ShowAndCheckTellOfDamage()
     {
-        QVERIFY(QFile::copy(Path(u"lot.stdf"_s), Path(u"torn.stdf"_s)));
-        QVERIFY(QFile::resize(Path(u"torn.stdf"_s), 5000));
-        const Outcome check = Run({u"check"_s, u"torn.stdf"_s});
+        folder.Write("torn.stdf", folder.Content("lot.stdf").first(5000));
+        const auto check = folder.Zyn("check torn.stdf");
         QCOMPARE(check.code, 1);
-        QVERIFY2(check.output.startsWith(u"torn.stdf:offset "_s), qPrintable(check.output));
-        const Outcome show = Run({u"show"_s, u"torn.stdf"_s});
+        QVERIFY2(check.output.startsWith("torn.stdf:offset "), check.output);
+        const auto show = folder.Zyn("show torn.stdf");
         QCOMPARE(show.code, 1);
-        QVERIFY(show.output.contains(u"Damaged at offset"_s));
-        const QStringList lines =
-            Run({u"show"_s, u"--json"_s, u"torn.stdf"_s}).output.split(u'\n', Qt::SkipEmptyParts);
-        QVERIFY(lines.first().contains(u"\"record\":\"FAR\""_s));
-        QVERIFY(lines.last().contains(u"\"error\":"_s));
+        QVERIFY2(show.output.contains("Damaged at offset"), show.output);
+        const QByteArrayList lines = folder.Zyn("show --json torn.stdf").output.trimmed().split('\n');
+        QVERIFY(lines.first().contains("\"record\":\"FAR\""));
+        QVERIFY(lines.last().contains("\"error\":"));
     }
 };
 
