@@ -6,7 +6,6 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,10 +23,10 @@ QString Describe(const Binning& binning)
     QStringList texts;
     for (auto it = binning.bins.cbegin(); it != binning.bins.cend(); ++it) {
         if (it.key() != it->id)
-            return u"key and id differ"_s;
-        texts += u"%1 %2 %3 %4"_s.arg(QString::number(it->id), it->name,
-                                      it->type == BinType::Hard ? u"hard"_s : u"soft"_s,
-                                      it->result == BinResult::Pass ? u"pass"_s : u"fail"_s);
+            return "key and id differ";
+        texts += QString("%1 %2 %3 %4")
+                     .arg(QString::number(it->id), it->name, it->type == BinType::Hard ? "hard" : "soft",
+                          it->result == BinResult::Pass ? "pass" : "fail");
     }
     return texts.join("; ");
 }
@@ -58,7 +57,7 @@ private slots:
     {
         const auto [content, bins] = CurrentRow<QByteArray, QString>();
         const QString fileName = Write(content);
-        QString errorText = u"untouched"_s;
+        QString errorText = "untouched";
         const Binning binning = BinningReader::read(fileName, errorText);
         QCOMPARE(errorText, "untouched");
         QVERIFY(binning.valid);

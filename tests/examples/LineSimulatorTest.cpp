@@ -14,13 +14,12 @@
 
 using namespace ZYN;
 using namespace ZYN::Simulation;
-using namespace Qt::StringLiterals;
 
 namespace {
 
 QString KeyOf(long step, long measurement)
 {
-    return u"%1/%2"_s.arg(step).arg(measurement);
+    return QString("%1/%2").arg(step).arg(measurement);
 }
 
 QSet<QString> FailedMeasurements(const TestResultSet* run)

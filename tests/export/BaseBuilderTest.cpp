@@ -10,7 +10,6 @@
 #include <memory>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -122,7 +121,7 @@ private slots:
         QCOMPARE(builder.RelativeToOutput("/media/logo.png"), "/media/logo.png");
         QVERIFY(builder.OpenFile(Path("report")));
         QCOMPARE(builder.RelativeToOutput(Path("media/logo.png")), "media/logo.png");
-        QCOMPARE(builder.RelativeToOutput(QFileInfo(folder.path()).path() + u"/logo.png"_s), "../logo.png");
+        QCOMPARE(builder.RelativeToOutput(QFileInfo(folder.path()).path() + "/logo.png"), "../logo.png");
     }
 
 private:

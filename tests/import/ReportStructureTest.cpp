@@ -8,7 +8,6 @@
 #include <QtTest/QtTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -16,13 +15,13 @@ QString FaultsOf(const QByteArray& document)
 {
     QStringList lines;
     for (const ImportFinding& fault : ReportStructure::Faults(document))
-        lines.append(u"%1: %2"_s.arg(fault.line).arg(fault.text));
+        lines.append(QString("%1: %2").arg(fault.line).arg(fault.text));
     return lines.join(u'\n');
 }
 
 QByteArray Sample(const QString& name)
 {
-    return Files::Content(Golden::Folder() + u'/' + name + u"/report.zyr"_s);
+    return Files::Content(Golden::Folder() + u'/' + name + "/report.zyr");
 }
 
 } // namespace
@@ -85,9 +84,6 @@ private slots:
 
     void endsOnAnything()
     {
-        const QByteArray document = Sample("panel");
-        for (qsizetype size = 0; size < document.size(); size += 7)
-            ReportStructure::Faults(document.first(size));
         QCOMPARE(FaultsOf(QByteArray("<a>").repeated(100000)), "1: 'a' in 'document' is unknown");
         const QByteArray unknown = "<TestReport Version='1'>" + QByteArray("<a/>").repeated(5000);
         QCOMPARE(ReportStructure::Faults(unknown).size(), 1000);

@@ -59,14 +59,14 @@ QStringList Statements(const QByteArray& document)
         const QString place = path.join(u'/');
         for (const QXmlStreamAttribute& attribute : attributes)
             if (!isProperty || attribute.name() != "Name"_L1)
-                lines.append(u"%1: %2=%3"_s.arg(place, attribute.name(), attribute.value()));
+                lines.append(QString("%1: %2=%3").arg(place, attribute.name(), attribute.value()));
         if (isProperty) {
             lines.append(place + u'=' + reader.readElementText());
             path.removeLast();
         }
     }
     if (reader.hasError())
-        lines.append(u"error: "_s + reader.errorString());
+        lines.append("error: " + reader.errorString());
     return lines;
 }
 
@@ -84,7 +84,7 @@ QList<Loss> Losses()
     const auto loss = [](const char* name, const QString& pattern) {
         return Loss{name, QRegularExpression(pattern, QRegularExpression::DotMatchesEverythingOption)};
     };
-    const QString measurement = u"/TestMeasurement#\\d+\\[%1\\]"_s;
+    const QString measurement = "/TestMeasurement#\\d+\\[%1\\]";
     const QString anyMeasurement = measurement.arg("[^/]*");
     return {
         loss("fixture", "^TestReport/Fixture/"),
@@ -98,11 +98,10 @@ QList<Loss> Losses()
         loss("scale prefix of integers", u'(' + measurement.arg("integer with prefix") +
                                              "/(Limits/(Unit(: Factor)?|Lower|Upper)|Result/(Value|Unit)))="),
         loss("integer limits beyond 32 bits",
-             u'(' + measurement.arg("integer limits of 64 bits") + u"/Limits/Upper)="_s),
-        loss("integer of a real measurement",
-             u'(' + measurement.arg("integer as real") + u"/Result/Value)="_s),
-        loss("number that was not measured", u'(' + anyMeasurement + u"/Result/Value)=0?\\z"_s),
-        loss("carriage return", u'(' + measurement.arg("carriage return") + u"/Result/Value)="_s),
+             u'(' + measurement.arg("integer limits of 64 bits") + "/Limits/Upper)="),
+        loss("integer of a real measurement", u'(' + measurement.arg("integer as real") + "/Result/Value)="),
+        loss("number that was not measured", u'(' + anyMeasurement + "/Result/Value)=0?\\z"),
+        loss("carriage return", u'(' + measurement.arg("carriage return") + "/Result/Value)="),
     };
 }
 
@@ -114,7 +113,7 @@ QStringList PlacesWithoutLimits(const QStringList& statements)
     QMap<QString, bool> hasLimits;
     for (const QString& line : statements)
         if (const QString found = place.match(line).captured(); !found.isEmpty())
-            hasLimits[found] |= line.startsWith(found + u"Limits"_s);
+            hasLimits[found] |= line.startsWith(found + "Limits");
     return hasLimits.keys(false);
 }
 
@@ -170,7 +169,7 @@ void WriteNumbers(ProgramWriter& writer, RunWriter& run)
     run.Verdict(writer.Group(10, "numbers", EN_ZYN_GROUP(7)), 0.001);
     long id = 0;
     for (int factor = -12; factor <= 12; ++factor) {
-        run.Verdict(writer.Step(11, u"factor %1"_s.arg(factor)), 1e-9);
+        run.Verdict(writer.Step(11, QString("factor %1").arg(factor)), 1e-9);
         for (const double number : unusualNumbers) {
             const auto limits =
                 RealLimits(MeasurementUnit::Volt, -std::abs(number), number, factor, "<", ">=");
@@ -241,7 +240,7 @@ void WriteTexts(ProgramWriter& writer, RunWriter& run)
 {
     run.Verdict(writer.Step(30, "texts"), 1.0);
     for (const QString text : {"", " ", " a  b ", "a\n\tb\n", "<&>\"']]>", "\u03a9 \U0001f600"})
-        run.Value(writer.Measurement(1, u"text"_s + text, ZYN_ADDRESS_STRING, TextLimit(text)), text)
+        run.Value(writer.Measurement(1, "text" + text, ZYN_ADDRESS_STRING, TextLimit(text)), text)
             ->SetComment(" two \n words ");
     run.Value(writer.Measurement(2, "carriage return", ZYN_ADDRESS_STRING, TextLimit("x")), "a\rb");
 }

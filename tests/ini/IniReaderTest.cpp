@@ -7,7 +7,6 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,7 +14,7 @@ QString SectionsOf(const IniReader& reader)
 {
     QStringList names;
     for (const IniSection& section : reader.getAllSections())
-        names.append(u"%1@%2"_s.arg(section.getName()).arg(section.getLine()));
+        names.append(QString("%1@%2").arg(section.getName()).arg(section.getLine()));
     return names.join(QLatin1Char(' '));
 }
 

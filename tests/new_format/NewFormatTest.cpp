@@ -6,7 +6,6 @@
 #include <QtTest/QtTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 /// A format that was added as docs/adding-a-format.md says: a source pair, an include and a row of the table.
 class NewFormatTest : public QObject {
@@ -15,18 +14,18 @@ class NewFormatTest : public QObject {
 private slots:
     void Lookups()
     {
-        QCOMPARE(CExportServiceReport::ExtensionForFormat(u" failures "_s), u"fails"_s);
-        QCOMPARE(CExportServiceReport::FormatForExtension(u"out/panel.fails"_s), u"FAILURES"_s);
-        QVERIFY(CExportServiceReport::ValidFormat(u"Failures"_s));
-        QCOMPARE(CExportServiceReport::FormatForExtension(u"panel.csv"_s), u"CSV"_s);
+        QCOMPARE(CExportServiceReport::ExtensionForFormat(" failures "), "fails");
+        QCOMPARE(CExportServiceReport::FormatForExtension("out/panel.fails"), "FAILURES");
+        QVERIFY(CExportServiceReport::ValidFormat("Failures"));
+        QCOMPARE(CExportServiceReport::FormatForExtension("panel.csv"), "CSV");
     }
 
     void Report()
     {
         const QTemporaryDir folder;
-        const QString name = folder.filePath(u"panel.fails"_s);
+        const QString name = folder.filePath("panel.fails");
         CExportServiceReport service;
-        QVERIFY(service.SetFormat(u"FAILURES"_s));
+        QVERIFY(service.SetFormat("FAILURES"));
         service.SetOutputFileName(name);
         QVERIFY(service.Export(SampleModels::Panel().data()));
         QVERIFY(service.OutputComplete());

@@ -13,7 +13,6 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -64,8 +63,8 @@ struct Program {
     QSharedPointer<ValidationInterface> Limits() const { return rail->GetValidationCtrl()->GetValidation(); }
 };
 
-const QString rail = u"4"_s;
-const QString step = u"3"_s;
+const QString rail = "4";
+const QString step = "3";
 
 } // namespace
 
@@ -90,7 +89,7 @@ private slots:
     void limitsAreReplaced()
     {
         Program program;
-        const QString lower = u"Lower"_s;
+        const QString lower = "Lower";
         program.plan.AddValidation(rail, Data({{"Name", "rail"}, {lower, "1.5"}, {"Nonsense", 1}}));
         program.plan.AddValidation("5", Data({{lower, 1.5}}));
         const auto applied = program.Apply();
@@ -149,7 +148,7 @@ private slots:
     void unknownAndSharedIdents()
     {
         Program program;
-        const QString off = u"0"_s;
+        const QString off = "0";
         program.bare->SetIdentString(step);
         program.plan.AddProperties(step, Data({{"Enabled", off}}));
         program.plan.AddProperties("99", Data({{"Enabled", off}}));

@@ -14,7 +14,6 @@
 
 using namespace ZYN;
 using namespace LotModels;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -183,7 +182,7 @@ public:
         UnitData unit = Part();
         unit.product = Text();
         if (unit.product.isEmpty())
-            unit.product = u"P"_s; // the model knows no product without a name
+            unit.product = "P"; // the model knows no product without a name
         for (QString* text : {&unit.lot, &unit.machine, &unit.user, &unit.program, &unit.version})
             *text = Text();
         unit.start = Time();

@@ -9,48 +9,33 @@
 #include <QtCore/QTemporaryDir>
 #include <QtTest/QTest>
 
+#include <map>
+
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 using LotModels::Append;
 using LotModels::SimpleUnit;
 using LotModels::UnitData;
 
 namespace {
 
-/// A service as a line has one: the format once, then unit after unit.
-struct Line {
-    CExportServiceReport service;
-
-    Line() { service.SetFormat("STDF"); }
-    bool Add(const UnitData& unit, const QString& fileName) { return Append(unit, fileName, service); }
-};
-
 /// Idents of the parts in a file, and what the reader finds.
 QString Parts(const QString& lot)
 {
     const auto contents = LotFiles::Read(lot);
-    QString text = contents.PartIds().join(u' ');
+    QString text = contents.PartIds().join(' ');
     for (const Stdf::Finding& finding : contents.findings)
-        text += u'\n' + finding.text;
+        text += '\n' + finding.text;
     return text;
 }
 
-UnitData OtherLot(const QString& ident)
+/// A unit by what a test says of it: its ident, and behind an @ what is other than usual.
+UnitData Unit(const QString& text)
 {
-    UnitData unit = SimpleUnit(ident);
-    unit.lot = u"LOT-2"_s;
-    return unit;
-}
-
-UnitData WithoutResults(const QString& ident)
-{
-    return SimpleUnit(ident, 0);
-}
-
-UnitData WithoutProgram(const QString& ident)
-{
-    UnitData unit = SimpleUnit(ident);
-    unit.hasResultSet = false;
+    const QString kind = text.section('@', 1);
+    UnitData unit = SimpleUnit(text.section('@', 0, 0), kind == "untested" ? 0 : 3);
+    unit.hasResultSet = kind != "no-program";
+    if (kind == "other-lot")
+        unit.lot = "LOT-2";
     return unit;
 }
 
@@ -64,62 +49,79 @@ private:
     int used = 0;
 
     /// A lot file in a folder of its own.
-    QString NewLot(const QString& name = u"report.stdf"_s)
+    QString NewLot(const QString& name = "report.stdf")
     {
         const QString path = folder.filePath(QString::number(++used));
         QDir().mkpath(path);
-        return path + u'/' + name;
+        return path + '/' + name;
     }
 
 private slots:
-    void ServicesTakeTurnsOnOneFile()
+    /// Services that write units to files, and what the files hold then. A step is "SERVICE UNIT FILE"; the
+    /// same letter is the same service.
+    void Lines_data()
+    {
+        const Rows<QString, QString> row;
+        row("services take turns on one file", "A SN1 lot, B SN2 lot, A SN3 lot", "lot: SN1 SN2 SN3");
+        row("one service goes on in its file whatever the lot", "A SN1 lot, A SN2@other-lot lot",
+            "lot: SN1 SN2");
+        row("one service writes two files", "A SN1 one, A SN2 two, A SN3 one, A SN4 two",
+            "one: SN1 SN3, two: SN2 SN4");
+        row("a lot that was moved away begins anew", "A SN1 lot, mv lot done, A SN2@other-lot lot",
+            "done: SN1, lot: SN2");
+        row("a service stays away from the lot that it was redirected from",
+            "A SN0 lot, B SN1@other-lot lot, B SN2@other-lot lot, B SN3 lot, B SN1@other-lot lot, C SN4 "
+            "next, "
+            "B SN5 next",
+            "lot: SN0, lot_SN1_failure: SN1 SN1, lot_SN2_failure: SN2, lot_SN3_failure: SN3, next: SN4 SN5");
+        row("units without results",
+            "A SN1@untested lot, B SN2@untested lot, C SN3 lot, D SN4@untested lot, E SN5 lot",
+            "lot: SN3 SN5\na further stream begins here; the one before has no MRR");
+        row("units without a program", "A SN1@no-program lot, B SN2 lot, C SN3@no-program lot, D SN4 lot",
+            "lot: SN2 SN4");
+    }
+    void Lines()
+    {
+        const auto [steps, files] = CurrentRow<QString, QString>();
+        const QDir lots = QFileInfo(NewLot()).dir();
+        std::map<QString, CExportServiceReport> services;
+        for (const QString& step : steps.split(", ")) {
+            const QStringList words = step.split(' ');
+            const QString file = lots.filePath(words[2] + ".stdf");
+            if (words[0] == "mv") {
+                QVERIFY(QFile::rename(lots.filePath(words[1] + ".stdf"), file));
+                continue;
+            }
+            const QString parts = Parts(file);
+            const QByteArray before = Files::Content(file);
+            if (!services.contains(words[0]))
+                services[words[0]].SetFormat("STDF");
+            QVERIFY(Append(Unit(words[1]), file, services[words[0]]));
+            // A lot that nothing is added to stays as it is.
+            if (!parts.isEmpty() && Parts(file) == parts)
+                QCOMPARE(Files::Content(file), before);
+        }
+        QStringList found;
+        for (const QFileInfo& file : lots.entryInfoList(QDir::Files))
+            found += file.baseName() + ": " + Parts(file.filePath());
+        QCOMPARE(found.join(", "), files);
+    }
+
+    void CountsAreKept()
     {
         const QString lot = NewLot();
-        Line first;
-        Line second;
-        QVERIFY(first.Add(SimpleUnit("SN1", 1), lot));
-        QCOMPARE(LotFiles::Read(lot).Faults(), QString());
         UnitData bad = SimpleUnit("SN2", 1);
         bad.result = ZYN_RESULT_FAILED;
-        QVERIFY(second.Add(bad, lot));
-        QVERIFY(first.Add(SimpleUnit("SN3", 1), lot));
+        for (const UnitData& unit : {SimpleUnit("SN1", 1), bad, SimpleUnit("SN3", 1)})
+            QVERIFY(Append(unit, lot));
         const auto contents = LotFiles::Read(lot);
         QCOMPARE(contents.Names(), "FAR MIR PIR PTR PRR PIR PTR PRR PIR PTR PRR PCR MRR");
         QCOMPARE(contents.Of("PCR")[0].Number("PART_CNT"), 3U);
         QCOMPARE(contents.Of("PCR")[0].Number("GOOD_CNT"), 2U);
-        QCOMPARE(Parts(lot), "SN1 SN2 SN3");
-    }
 
-    void OneServiceGoesOnInItsFileWhateverTheLot()
-    {
-        const QString lot = NewLot();
-        Line line;
-        QVERIFY(line.Add(SimpleUnit("SN1"), lot));
-        QVERIFY(line.Add(OtherLot("SN2"), lot));
-        QCOMPARE(LotFiles::Read(lot).Of("MIR").size(), 1);
-        QCOMPARE(Parts(lot), "SN1 SN2");
-    }
-
-    void OneServiceWritesTwoFiles()
-    {
-        const QString one = NewLot();
-        const QString two = NewLot();
-        Line line;
-        for (const auto& [ident, lot] : {std::pair("SN1", one), {"SN2", two}, {"SN3", one}, {"SN4", two}})
-            QVERIFY(line.Add(SimpleUnit(QLatin1StringView(ident)), lot));
-        QCOMPARE(Parts(one), "SN1 SN3");
-        QCOMPARE(Parts(two), "SN2 SN4");
-    }
-
-    void LotFileThatWasMovedAwayBeginsAnew()
-    {
-        const QString lot = NewLot();
-        Line line;
-        QVERIFY(line.Add(SimpleUnit("SN1"), lot));
-        QVERIFY(QFile::rename(lot, lot + u".done"_s));
-        QVERIFY(line.Add(OtherLot("SN2"), lot));
-        QCOMPARE(LotFiles::Read(lot).Of("MIR")[0].Text("LOT_ID"), "LOT-2");
-        QCOMPARE(Parts(lot), "SN2");
+        const QString empty = NewLot();
+        QVERIFY(Append(Unit("SN0@untested"), empty));
+        QCOMPARE(LotFiles::Read(empty).Names(), "FAR MIR PCR MRR");
     }
 
     void OtherLotProductOrMachineGoesToAFailureFile()
@@ -140,37 +142,12 @@ private slots:
         }
     }
 
-    void ServiceStaysAwayFromTheLotThatItWasRedirectedFrom()
-    {
-        const QString lot = NewLot();
-        const QString path = QFileInfo(lot).path();
-        QVERIFY(Append(SimpleUnit("SN0"), lot));
-        const QByteArray before = Files::Content(lot);
-
-        Line line;
-        QVERIFY(line.Add(OtherLot("SN1"), lot));
-        QVERIFY(line.Add(OtherLot("SN2"), lot));
-        QVERIFY(line.Add(SimpleUnit("SN3"), lot));
-        QVERIFY(line.Add(OtherLot("SN1"), lot)); // a retest
-        QCOMPARE(Files::Content(lot), before);
-        for (const auto& [ident, idents] : {std::pair("SN1", "SN1 SN1"), {"SN2", "SN2"}, {"SN3", "SN3"}}) {
-            QCOMPARE(Parts(path + u"/report_%1_failure.stdf"_s.arg(QLatin1StringView(ident))),
-                     QLatin1StringView(idents));
-        }
-
-        // The same service still adds to another file instead of truncating it.
-        const QString next = NewLot();
-        QVERIFY(Append(SimpleUnit("SN4"), next));
-        QVERIFY(line.Add(SimpleUnit("SN5"), next));
-        QCOMPARE(Parts(next), "SN4 SN5");
-    }
-
     void IdentCannotLeaveTheFolder_data()
     {
         const Rows<QString, QString> row;
         row("slashes", "../../etc/x", "report_.._.._etc_x_failure.stdf");
         row("backslash, drive", "C:..\\x", "report_C_.._x_failure.stdf");
-        row("NUL and line feed", u"a\n"_s + QChar(0) + u'b', "report_a__b_failure.stdf");
+        row("NUL and line feed", QString("a\n") + QChar(0) + u'b', "report_a__b_failure.stdf");
         row("empty", QString(), "report__failure.stdf");
         row("placeholders", "%1%2%3", "report_%1%2%3_failure.stdf");
         row("dots", "..", "report_.._failure.stdf");
@@ -180,7 +157,7 @@ private slots:
         const auto [ident, fileName] = CurrentRow<QString, QString>();
         const QString lot = NewLot();
         QVERIFY(Append(SimpleUnit("SN0"), lot));
-        QVERIFY(Append(OtherLot(ident), lot));
+        QVERIFY(Append(Unit(ident + "@other-lot"), lot));
         QCOMPARE(QFileInfo(lot).dir().entryList(QDir::Files | QDir::Hidden),
                  QStringList({"report.stdf", fileName}));
     }
@@ -189,39 +166,13 @@ private slots:
     {
         const QString lot = NewLot("a.b.stdf");
         QVERIFY(Append(SimpleUnit("SN0"), lot));
-        const QString start = u"Ä\U0001F600"_s.repeated(200);
-        QVERIFY(Append(OtherLot(start + u'1'), lot));
-        QVERIFY(Append(OtherLot(start + u'2'), lot));
+        const QString start = QString("Ä\U0001F600").repeated(200);
+        QVERIFY(Append(Unit(start + "1@other-lot"), lot));
+        QVERIFY(Append(Unit(start + "2@other-lot"), lot));
         const QStringList files = QFileInfo(lot).dir().entryList({"a_*_failure.b.stdf"});
         QCOMPARE(files.size(), 2);
         for (const QString& file : files)
             QCOMPARE(LotFiles::Read(QFileInfo(lot).path() + u'/' + file).PartIds().size(), 1);
-    }
-
-    void UnitsWithoutResultsDoNotSpoilTheLot_data()
-    {
-        const Rows<bool> row;
-        row("no results", true);
-        row("no program", false);
-    }
-    void UnitsWithoutResultsDoNotSpoilTheLot()
-    {
-        const auto [program] = CurrentRow<bool>();
-        const QString lot = NewLot();
-        const auto empty = program ? WithoutResults : WithoutProgram;
-        QVERIFY(Append(empty("SN1"), lot));
-        if (program)
-            QCOMPARE(LotFiles::Read(lot).Names(), "FAR MIR PCR MRR");
-        QVERIFY(Append(empty("SN2"), lot));
-        for (const char* ident : {"SN3", "SN4"})
-            QVERIFY(Append(SimpleUnit(QLatin1StringView(ident)), lot));
-        const QByteArray before = Files::Content(lot);
-        QVERIFY(Append(empty("SN5"), lot));
-        QCOMPARE(Files::Content(lot), before);
-        const auto contents = LotFiles::Read(lot);
-        QCOMPARE(contents.PartIds().join(u' '), "SN3 SN4");
-        QCOMPARE(contents.Of("PCR").back().Number("PART_CNT"), 2U);
-        QCOMPARE(contents.Faults(), QString());
     }
 
     void WalkThatFailsStillLeavesItsPartCounted()
@@ -229,11 +180,12 @@ private slots:
         const QString lot = NewLot();
         QVERIFY(Append(SimpleUnit("SN1"), lot));
         {
-            Line line;
-            line.service.SetOutputFileName(lot);
             const auto test = LotModels::MakeTest(SimpleUnit("SN2"));
             test->AssignResultSet(new TestResultSet(nullptr, nullptr)); // cannot be reported
-            QVERIFY(!line.service.Export(test.get()) && !line.service.OutputComplete());
+            CExportServiceReport service;
+            service.SetFormat("STDF");
+            service.SetOutputFileName(lot);
+            QVERIFY(!service.Export(test.get()) && !service.OutputComplete());
         }
         QVERIFY(Append(SimpleUnit("SN3"), lot));
         QCOMPARE(Parts(lot), "SN1 SN2 SN3");
@@ -246,10 +198,11 @@ private slots:
         QVERIFY(Append(SimpleUnit("SN1"), full));
         const QByteArray before = Files::Content(full);
         const auto test = LotModels::MakeTest(SimpleUnit("SN1"));
-        Line line;
+        CExportServiceReport service;
+        service.SetFormat("STDF");
         for (const QString& fileName : {lot, full}) {
-            line.service.SetOutputFileName(fileName);
-            QVERIFY(line.service.Export(test->GetResultSets().front()));
+            service.SetOutputFileName(fileName);
+            QVERIFY(service.Export(test->GetResultSets().front()));
         }
         QCOMPARE(LotFiles::Read(lot).Names(), "FAR PCR");
         QCOMPARE(Files::Content(full), before); // nor does it touch a lot
@@ -272,7 +225,7 @@ private slots:
             unit.lot = name;
             QVERIFY(Append(unit, lot));
         }
-        QCOMPARE(Parts(lot), appended ? u"SN1 SN2"_s : u"SN1"_s);
+        QCOMPARE(Parts(lot), appended ? "SN1 SN2" : "SN1");
     }
 
     void ForeignFilesAreLeftAlone_data()
@@ -291,9 +244,9 @@ private slots:
         const QString lot = NewLot();
         Files::Write(lot, bytes);
         QVERIFY(Append(SimpleUnit("SN1"), lot));
-        QVERIFY(Append(WithoutProgram("SN2"), lot));
+        QVERIFY(Append(Unit("SN2@no-program"), lot));
         QCOMPARE(Files::Content(lot), bytes);
-        QCOMPARE(LotFiles::Read(QFileInfo(lot).path() + u"/report_SN1_failure.stdf"_s).Faults(), QString());
+        QCOMPARE(LotFiles::Read(QFileInfo(lot).path() + "/report_SN1_failure.stdf").Faults(), QString());
     }
 
     void StreamBehindAClosingRecordIsKept()

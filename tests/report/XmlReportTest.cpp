@@ -49,13 +49,13 @@ private slots:
         const QChar low(0xde00);
         const QChar mark(QChar::ReplacementCharacter);
         row("white space", "\t\n\r ", "\t\n\r ");
-        row("pair", u"a"_s + high + low + u"b"_s, u"a"_s + high + low + u"b"_s);
-        row("high alone", u"a"_s + high + u"b"_s, u"a"_s + mark + u"b"_s);
-        row("high at the end", u"a"_s + high, u"a"_s + mark);
-        row("low alone", QString(low) + u"b"_s, QString(mark) + u"b"_s);
+        row("pair", QString("a") + high + low + "b", QString("a") + high + low + "b");
+        row("high alone", QString("a") + high + "b", QString("a") + mark + "b");
+        row("high at the end", QString("a") + high, QString("a") + mark);
+        row("low alone", QString(low) + "b", QString(mark) + "b");
         row("high before a pair", QString(high) + high + low, QString(mark) + high + low);
         row("wrong way round", QString(low) + high, QString(mark) + mark);
-        row("control", u"a\x01\x1f\x7f"_s + QChar(0), u"a"_s + mark + mark + u"\x7f"_s + mark);
+        row("control", QString("a\x01\x1f\x7f") + QChar(0), QString("a") + mark + mark + "\x7f" + mark);
         row("no characters", QString(QChar(0xfffe)) + QChar(0xffff) + QChar(0xfffd),
             QString(mark) + mark + mark);
     }
@@ -117,7 +117,7 @@ private slots:
     void styleSheet_data()
     {
         const Rows<QString, QString> row;
-        const QString instruction = u"<?xml-stylesheet type=\"text/xsl\" href=\"%1\"?>\n"_s;
+        const QString instruction = "<?xml-stylesheet type=\"text/xsl\" href=\"%1\"?>\n";
         row("none", QString(), QString());
         row("absolute, not escaped", "/styles/a & b.xsl", instruction.arg("/styles/a & b.xsl"));
         row("relative", "plain.xsl", instruction.arg(QDir::current().absoluteFilePath("plain.xsl")));
@@ -130,7 +130,7 @@ private slots:
         builder.SetProperty("XMLStyle", path);
         builder.SetDevice(&device);
         QVERIFY(builder.Open() && builder.Close());
-        QString expected = QLatin1String(head) + u"/>\n"_s;
+        QString expected = QLatin1String(head) + "/>\n";
         expected.insert(expected.indexOf(u'\n') + 1, line);
         QCOMPARE(QString::fromUtf8(device.data()), expected);
     }

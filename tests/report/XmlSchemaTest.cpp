@@ -13,7 +13,6 @@
 #include <QtTest/QtTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -49,7 +48,7 @@ private slots:
     {
         const auto test = SampleModels::PassedUnit();
         CExportServiceReport service;
-        service.SetFormat(u"XML"_s);
+        service.SetFormat("XML");
         service.SetOutputFileName(ReportFiles::ScratchFile());
         QVERIFY(service.Export(test->GetResultSets().first()));
         QCOMPARE(RelaxNg::Faults(schema, ReportFiles::ScratchFile()), QString());

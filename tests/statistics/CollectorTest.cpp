@@ -15,7 +15,6 @@
 #include <memory>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 using SampleModels::ProgramWriter;
 using SampleModels::RunWriter;
 
@@ -23,8 +22,8 @@ namespace {
 
 /// One run of a program of its own, as after reading a report.
 struct Run {
-    QString programName = u"program"_s;
-    QString measurementName = u"rail"_s;
+    QString programName = "program";
+    QString measurementName = "rail";
     QList<double> values{5.0};
     double upper = 6.0;
 

@@ -9,7 +9,6 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 /// Kills a process that adds parts to a lot, again and again, at random moments.
 class StdfKillTest : public QObject {
@@ -30,12 +29,12 @@ private:
         QProcess appender;
         appender.start(QStringLiteral(ZYN_LOT_APPENDER), {lot, prefix});
         if (!appender.waitForReadyRead(20000))
-            return {u"the appender did not start"_s};
+            return {"the appender did not start"};
         QThread::usleep(random.bounded(40'000U));
         appender.kill(); // SIGKILL
         appender.waitForFinished();
         if (appender.exitStatus() != QProcess::CrashExit)
-            return {u"the appender ended by itself"_s};
+            return {"the appender ended by itself"};
         return QString(appender.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts).mid(1); // "ready"
     }
 
@@ -59,17 +58,17 @@ private slots:
         int done = 0;
         for (; done < kills && !deadline.hasExpired(); ++done) {
             if (done % killsPerLot == 0) {
-                lot = folder.filePath(u"lot%1.stdf"_s.arg(done / killsPerLot));
+                lot = folder.filePath(QString("lot%1.stdf").arg(done / killsPerLot));
                 before.clear();
                 complete.clear();
             }
             const qint64 settled = before.isEmpty() ? 0 : Settled(before, LotFiles::Read(lot));
-            const QStringList said = RunAndKill(lot, u"K%1-"_s.arg(done));
+            const QStringList said = RunAndKill(lot, QString("K%1-").arg(done));
 
             const QByteArray after = QFile::exists(lot) ? Files::Content(lot) : QByteArray();
             const auto contents = LotFiles::Read(lot);
             const QStringList parts = contents.PartIds();
-            QVERIFY2(after.startsWith(before.first(settled)), qPrintable(u"kill %1"_s.arg(done)));
+            QVERIFY2(after.startsWith(before.first(settled)), qPrintable(QString("kill %1").arg(done)));
             QCOMPARE(parts.first(qMin(parts.size(), complete.size())), complete);
             // What was said to be complete is there, perhaps followed by some that could not be told.
             QCOMPARE(parts.mid(complete.size(), said.size()), said);
@@ -90,7 +89,7 @@ private:
         QVERIFY(LotModels::Append(LotModels::SimpleUnit("last"), lot));
         const auto contents = LotFiles::Read(lot);
         QVERIFY2(!contents.fault, "the reader does not reach the end");
-        QCOMPARE(contents.PartIds(), complete + QStringList(u"last"_s));
+        QCOMPARE(contents.PartIds(), complete + QStringList("last"));
         QFile::remove(lot);
     }
 };

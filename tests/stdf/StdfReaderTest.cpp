@@ -11,7 +11,6 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -220,7 +219,7 @@ private slots:
         Stdf::TestDefaults defaults;
         defaults.Complete(contents.records[1]);
         const auto text = [](const std::optional<float>& limit) {
-            return limit ? QString::number(double(*limit)) : u"-"_s;
+            return limit ? QString::number(double(*limit)) : "-";
         };
         const Stdf::TestSettings settings = defaults.Complete(contents.records[2]);
         QCOMPARE(QStringList({settings.text, text(settings.lowLimit), text(settings.highLimit),

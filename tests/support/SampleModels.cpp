@@ -15,8 +15,6 @@
 
 namespace ZYN::SampleModels {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QSharedPointer<Station> SampleStation()
@@ -53,7 +51,7 @@ QSharedPointer<UnitUnderTest> SampleUnit(long id, const QString& serialNo, long 
 {
     const QSharedPointer<UnitUnderTest> unit(new UnitUnderTest(id, "MC-40"));
     unit->SetSerialNo(serialNo);
-    unit->SetIdentString(u"MC40;"_s + serialNo);
+    unit->SetIdentString("MC40;" + serialNo);
     unit->SetPanelIndex(panelIndex);
     unit->SetProductType(SampleProductType());
     return unit;
@@ -111,7 +109,7 @@ QSharedPointer<UUTTest> PanelItem(const QSharedPointer<TestProgram>& program, lo
                                   const QVariant& rail33)
 {
     const QSharedPointer<UUTTest> test(new UUTTest(300 + index, "Item"));
-    test->SetUnitUnderTest(SampleUnit(300 + index, u"P0042-%1"_s.arg(index), index));
+    test->SetUnitUnderTest(SampleUnit(300 + index, QString("P0042-%1").arg(index), index));
     SetTimes(test.get(), 12.5);
 
     const auto group = program->GetGroupForIndex(0);

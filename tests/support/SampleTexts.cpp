@@ -13,8 +13,6 @@
 
 namespace ZYN::SampleModels {
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -97,7 +95,7 @@ QSharedPointer<UUTTest> FailedUnit()
 
 QSharedPointer<UUTTest> HostileNames()
 {
-    const QString loneSurrogate = u"lone "_s + QChar(0xd83d) + u" surrogate"_s;
+    const QString loneSurrogate = QString("lone ") + QChar(0xd83d) + " surrogate";
 
     ProgramWriter writer(600, "%1;\"Program\"");
     RunWriter run(writer.program, QSharedPointer<Station>(), 1);

@@ -10,7 +10,6 @@
 #include <ZYNCommon/TestPlanData.h>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -53,16 +52,16 @@ CtrlAttributes* AttributesOfEveryType()
 
 QString Value(const QVariant& value)
 {
-    return u"%1 '%2'"_s.arg(QLatin1StringView(value.typeName()), value.toString());
+    return QString("%1 '%2'").arg(QLatin1StringView(value.typeName()), value.toString());
 }
 
 void Describe(const QString& indent, const TestPlanData* data, QString& text)
 {
     for (const QString& name : data->GetPropertyNames())
-        text += u"%1%2: %3\n"_s.arg(indent, name, Value(data->GetProperty(name)));
+        text += QString("%1%2: %3\n").arg(indent, name, Value(data->GetProperty(name)));
     for (const TestPlanCategory* const category : data->GetCategories()) {
-        text += u"%1%2/\n"_s.arg(indent, category->GetName());
-        Describe(indent + u"  "_s, category->GetAttributes(), text);
+        text += QString("%1%2/\n").arg(indent, category->GetName());
+        Describe(indent + "  ", category->GetAttributes(), text);
     }
 }
 
@@ -144,7 +143,7 @@ QString Describe(const TestPlan& plan)
         for (const auto& [kind, data] : sets) {
             if (!data)
                 continue;
-            text += u"%1 %2\n"_s.arg(QLatin1StringView(kind), key);
+            text += QString("%1 %2\n").arg(QLatin1StringView(kind), key);
             ::Describe("  ", data, text);
         }
     }

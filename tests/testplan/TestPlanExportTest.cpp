@@ -21,7 +21,6 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -175,9 +174,9 @@ private slots:
     // The stream writer would drop these and all that follows.
     void textsThatAreNoXml()
     {
-        const QString bad = u"a"_s + QChar(0xD800) + u"b"_s + QChar(0x0001) + u'c';
+        const QString bad = QString("a") + QChar(0xD800) + "b" + QChar(0x0001) + u'c';
         const auto validation = QSharedPointer<OpenValidation>::create();
-        validation->properties = {{u"P"_s + bad, bad}, {"Z", 1}};
+        validation->properties = {{"P" + bad, bad}, {"Z", 1}};
         const auto program = SamplePlan::ProgramWith(validation);
         program->GetGroupForIndex(0)->SetIdentString(bad);
         const QByteArray content = Export(program.get());

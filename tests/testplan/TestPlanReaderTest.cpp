@@ -15,7 +15,6 @@
 #include <QtTest/QTest>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -143,7 +142,7 @@ private slots:
         const QString missing = folder.filePath("missing %1.tpl");
         QString text;
         QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing, &text));
-        QCOMPARE(text, u"Could not open file: %1 (No such file or directory)"_s.arg(missing));
+        QCOMPARE(text, QString("Could not open file: %1 (No such file or directory)").arg(missing));
         QVERIFY(!CReadServiceTestPlan().ReadTestPlan(missing));
 
         CTestPlanReaderXML reader;

@@ -9,7 +9,6 @@
 #include <random>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -35,7 +34,7 @@ QList<double> EdgeValues()
                          9.999999999999999e22,
                          0.0123};
     for (int exponent = -323; exponent <= 308; ++exponent)
-        values.append(u"1e%1"_s.arg(exponent).toDouble());
+        values.append(QString("1e%1").arg(exponent).toDouble());
     const qsizetype positive = values.size();
     for (qsizetype i = 0; i < positive; ++i)
         values.append(-values.at(i));
@@ -48,7 +47,8 @@ void VerifyComesBack(double value, int factor)
     bool ok = false;
     const double back = DecimalText::ToReal(text, factor, &ok);
     if (!ok || Bits(back) != Bits(value))
-        QFAIL(qPrintable(u"%1 with factor %2 is shown as %3 and read as %4"_s.arg(value, 0, 'g', 17)
+        QFAIL(qPrintable(QString("%1 with factor %2 is shown as %3 and read as %4")
+                             .arg(value, 0, 'g', 17)
                              .arg(factor)
                              .arg(text)
                              .arg(back, 0, 'g', 17)));
@@ -167,18 +167,18 @@ private slots:
     void ReadsLongTexts()
     {
         const QString zeros(100'000, QLatin1Char('0'));
-        QCOMPARE(DecimalText::ToReal(zeros + u"7"_s), 7.0);
-        QCOMPARE(DecimalText::ToReal(u"0."_s + zeros + u"7e100001"_s), 7.0);
-        QCOMPARE(DecimalText::ToReal(u"7"_s + zeros + u"e-100003"_s, 3), 7.0);
+        QCOMPARE(DecimalText::ToReal(zeros + "7"), 7.0);
+        QCOMPARE(DecimalText::ToReal("0." + zeros + "7e100001"), 7.0);
+        QCOMPARE(DecimalText::ToReal("7" + zeros + "e-100003", 3), 7.0);
         // Too small without an exponent is zero, too large is no number.
         bool ok = false;
         const QString manyZeros = zeros.first(400);
-        QCOMPARE(DecimalText::ToReal(u"0."_s + manyZeros + QLatin1Char('1'), 0, &ok), 0.0);
+        QCOMPARE(DecimalText::ToReal("0." + manyZeros + QLatin1Char('1'), 0, &ok), 0.0);
         QVERIFY(ok);
         DecimalText::ToReal(QLatin1Char('1') + manyZeros, 0, &ok);
         QVERIFY(!ok);
         // Half way between two neighbours but for the last digit: only exact reading rounds up.
-        const QString half = u"1.00000000000000011102230246251565404236316680908203125"_s;
+        const QString half = "1.00000000000000011102230246251565404236316680908203125";
         QCOMPARE(DecimalText::ToReal(half), 1.0);
         QCOMPARE(DecimalText::ToReal(half + QString(500, QLatin1Char('0')) + QLatin1Char('1')),
                  std::nextafter(1.0, 2.0));
