@@ -29,25 +29,6 @@ public:
     bool EndTestResults() override { return Write("end"); }
 };
 
-/// A device that tells when it was closed or deleted.
-struct Watched {
-    QBuffer* device = new QBuffer;
-    bool closed = false;
-    bool deleted = false;
-
-    Watched()
-    {
-        QObject::connect(device, &QIODevice::aboutToClose, device, [this] { closed = true; });
-        QObject::connect(device, &QObject::destroyed, [this] { deleted = true; });
-        device->open(QIODevice::WriteOnly);
-    }
-    ~Watched()
-    {
-        if (!deleted)
-            delete device;
-    }
-};
-
 } // namespace
 
 class BaseBuilderTest : public QObject {
@@ -56,29 +37,28 @@ class BaseBuilderTest : public QObject {
 private slots:
     void DeviceFromOutside()
     {
-        Watched first;
-        Watched second;
+        QBuffer first;
+        QBuffer second;
+        QVERIFY(first.open(QIODevice::WriteOnly) && second.open(QIODevice::WriteOnly));
         {
             LineBuilder builder;
-            builder.SetDevice(first.device);
-            builder.SetDevice(first.device);
-            QVERIFY(!first.closed);
+            builder.SetDevice(&first);
+            builder.SetDevice(&first);
+            QVERIFY(first.isOpen());
 
-            builder.SetDevice(second.device);
-            QVERIFY(first.closed);
-            QCOMPARE(builder.GetDevice(), second.device);
+            builder.SetDevice(&second);
+            QVERIFY(!first.isOpen());
+            QCOMPARE(builder.GetDevice(), &second);
 
             builder.SetDevice(nullptr);
-            QVERIFY(second.closed);
+            QVERIFY(!second.isOpen());
             QVERIFY(!builder.GetDevice());
 
-            second.device->open(QIODevice::WriteOnly);
-            second.closed = false;
-            builder.SetDevice(second.device);
+            QVERIFY(second.open(QIODevice::WriteOnly));
+            builder.SetDevice(&second);
         }
         // The end of the builder touches no device but its own file.
-        QVERIFY(!second.closed);
-        QVERIFY(!first.deleted && !second.deleted);
+        QVERIFY(second.isOpen());
     }
 
     void FileMode_data()

@@ -34,6 +34,14 @@ int SlotOf(Signature IExportBuilder::*operation)
     return static_cast<int>((offset - 1) / sizeof(void*));
 }
 
+#define OBJECT(Name, ...)                                                                                    \
+    SlotOf<bool(__VA_ARGS__)>(&IExportBuilder::Begin##Name),                                                 \
+        SlotOf<bool(__VA_ARGS__)>(&IExportBuilder::End##Name)
+#define COMPONENT(Name)                                                                                      \
+    SlotOf<bool(Name*)>(&IExportBuilder::Begin##Name),                                                       \
+        SlotOf<bool(Name*, TestResult*)>(&IExportBuilder::Begin##Name),                                      \
+        SlotOf<bool(Name*)>(&IExportBuilder::End##Name)
+
 } // namespace
 
 class BuilderSlotsTest : public QObject {
@@ -57,43 +65,22 @@ private slots:
             SlotOf<bool()>(&I::Open),
             SlotOf<bool()>(&I::Close),
             SlotOf<bool()>(&I::IsOpened),
-            SlotOf<bool(TestProgram*)>(&I::BeginTestProgram),
-            SlotOf<bool(TestProgram*, TestResult*)>(&I::BeginTestProgram),
-            SlotOf<bool(TestProgram*)>(&I::EndTestProgram),
-            SlotOf<bool(TestGroup*)>(&I::BeginTestGroup),
-            SlotOf<bool(TestGroup*, TestResult*)>(&I::BeginTestGroup),
-            SlotOf<bool(TestGroup*)>(&I::EndTestGroup),
-            SlotOf<bool(TestStep*)>(&I::BeginTestStep),
-            SlotOf<bool(TestStep*, TestResult*)>(&I::BeginTestStep),
-            SlotOf<bool(TestStep*)>(&I::EndTestStep),
-            SlotOf<bool(TestParameter*)>(&I::BeginTestParameter),
-            SlotOf<bool(TestParameter*, TestResult*)>(&I::BeginTestParameter),
-            SlotOf<bool(TestParameter*)>(&I::EndTestParameter),
-            SlotOf<bool(TestMeasurement*)>(&I::BeginTestMeasurement),
-            SlotOf<bool(TestMeasurement*, TestResult*)>(&I::BeginTestMeasurement),
-            SlotOf<bool(TestMeasurement*)>(&I::EndTestMeasurement),
-            SlotOf<bool(UnitUnderTest*)>(&I::BeginUnitUnderTest),
-            SlotOf<bool(UnitUnderTest*)>(&I::EndUnitUnderTest),
-            SlotOf<bool(ProductionLot*)>(&I::BeginProductionLot),
-            SlotOf<bool(ProductionLot*)>(&I::EndProductionLot),
-            SlotOf<bool(ProductType*)>(&I::BeginProductType),
-            SlotOf<bool(ProductType*)>(&I::EndProductType),
-            SlotOf<bool(Fixture*)>(&I::BeginFixture),
-            SlotOf<bool(Fixture*)>(&I::EndFixture),
-            SlotOf<bool(UUTTest*)>(&I::BeginUUTTest),
-            SlotOf<bool(UUTTest*)>(&I::EndUUTTest),
-            SlotOf<bool(ZYNSession*)>(&I::BeginSession),
-            SlotOf<bool(ZYNSession*)>(&I::EndSession),
-            SlotOf<bool(TestResultSet*)>(&I::BeginTestResultSet),
-            SlotOf<bool(TestResultSet*)>(&I::EndTestResultSet),
-            SlotOf<bool(StatisticsData*)>(&I::BeginStatisticsData),
-            SlotOf<bool(StatisticsData*)>(&I::EndStatisticsData),
-            SlotOf<bool()>(&I::BeginTestResults),
-            SlotOf<bool()>(&I::EndTestResults),
-            SlotOf<bool()>(&I::BeginSubUnitTests),
-            SlotOf<bool()>(&I::EndSubUnitTests),
-            SlotOf<bool()>(&I::BeginSubUnitTest),
-            SlotOf<bool()>(&I::EndSubUnitTest),
+            COMPONENT(TestProgram),
+            COMPONENT(TestGroup),
+            COMPONENT(TestStep),
+            COMPONENT(TestParameter),
+            COMPONENT(TestMeasurement),
+            OBJECT(UnitUnderTest, UnitUnderTest*),
+            OBJECT(ProductionLot, ProductionLot*),
+            OBJECT(ProductType, ProductType*),
+            OBJECT(Fixture, Fixture*),
+            OBJECT(UUTTest, UUTTest*),
+            OBJECT(Session, ZYNSession*),
+            OBJECT(TestResultSet, TestResultSet*),
+            OBJECT(StatisticsData, StatisticsData*),
+            OBJECT(TestResults, ),
+            OBJECT(SubUnitTests, ),
+            OBJECT(SubUnitTest, ),
         };
         QCOMPARE(slotsInOrder.size(), 46);
         // The destructor comes first and has two entries: destroy, and destroy with delete.

@@ -96,16 +96,6 @@ QSharedPointer<TestProgram> Program()
     return writer.program;
 }
 
-QSharedPointer<TestProgram> ProgramWithoutPlan()
-{
-    ProgramWriter writer(1, "Board");
-    writer.Group(10, "Group");
-    writer.Step(20, "Step");
-    writer.Measurement(21, "Free", ZYN_ADDRESS_REAL);
-    writer.Measurement(22, "Hidden", ZYN_ADDRESS_REAL, RealValidation())->SetTestplanDisabled(true);
-    return writer.program;
-}
-
 QSharedPointer<TestProgram> DeepProgram(int depth)
 {
     ProgramWriter writer(1, "Board");

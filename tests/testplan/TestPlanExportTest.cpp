@@ -111,7 +111,7 @@ private slots:
         service.SetOutputFileName(Path("none.tpl"));
         QVERIFY(service.Export(SamplePlan::Program().get()));
         QVERIFY(QFile::exists(Path("none.tpl")));
-        QVERIFY(service.Export(SamplePlan::ProgramWithoutPlan().get()));
+        QVERIFY(service.Export(SamplePlan::ProgramWith(nullptr).get()));
         QVERIFY2(!QFile::exists(Path("none.tpl")), "the counter begins anew with each document");
         QVERIFY(service.OutputComplete());
         QVERIFY(service.GetErrorText().isEmpty());
