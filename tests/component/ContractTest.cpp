@@ -61,6 +61,10 @@ using Member = Signature Class::*;
 #define REPEAT(...) REPEAT4(REPEAT4(REPEAT4(__VA_ARGS__)))
 #define REPEAT4(...) REPEAT1(REPEAT1(REPEAT1(REPEAT1(__VA_ARGS__))))
 #define REPEAT1(...) __VA_ARGS__
+// What is told as one type and taken as another, or as the same.
+#define PROPERTY(Class, Property, Told, Taken)                                                               \
+    OPERATION(Class, Told() const, Get##Property);                                                           \
+    OPERATION(Class, void(Taken), Set##Property)
 #define FUNCTION(Class, Name, ...) static_assert(std::is_same_v<decltype(Class::Name), __VA_ARGS__>)
 #define CONSTRUCTOR(...) static_assert(std::is_constructible_v<__VA_ARGS__>)
 
@@ -151,19 +155,15 @@ CONSTRUCTOR(TestMeasurement, long, Name, EN_ZYN_ADDRESS, TestStep*, unsigned int
 // Results
 
 CONSTRUCTOR(TestResult, Shared<TestComponent>);
-OPERATIONS(TestResult, EN_ZYN_RESULT() const, GetResult);
+PROPERTY(TestResult, Result, EN_ZYN_RESULT, EN_ZYN_RESULT);
 OPERATIONS(TestResult, QString() const, GetResultString, GetValueTypeString, GetBaseUnitString, GetComment,
            GetAttribute, GetTimeString, GetDurationString, GetDurationStringFormated);
-OPERATIONS(TestResult, const QVariant&() const, GetValue);
+PROPERTY(TestResult, Value, const QVariant&, const QVariant&);
 OPERATIONS(TestResult, QString(Display) const, GetValueString, GetLowerLimitString, GetUpperLimitString);
 OPERATIONS(TestResult, QString(Display, bool) const, GetUnitString);
-OPERATIONS(TestResult, double() const, GetDuration);
-OPERATIONS(TestResult, Lent<ValidationInterface>() const, GetValidation);
-OPERATIONS(TestResult, void(EN_ZYN_RESULT), SetResult);
-OPERATIONS(TestResult, void(const QVariant&), SetValue);
+PROPERTY(TestResult, Duration, double, double);
+PROPERTY(TestResult, Validation, Lent<ValidationInterface>, Shared<ValidationInterface>);
 OPERATIONS(TestResult, void(Name), SetComment, SetAttribute);
-OPERATIONS(TestResult, void(double), SetDuration);
-OPERATIONS(TestResult, void(Shared<ValidationInterface>), SetValidation);
 
 CONSTRUCTOR(TestResultSet, Shared<TestProgram>, Shared<Station>);
 OPERATIONS(TestResultSet, Shared<TestProgram>() const, GetTestProgram);
@@ -179,23 +179,19 @@ OPERATIONS(TestResultSet, QList<QString>() const, GetFailedTestGroups);
 
 static_assert(std::is_base_of_v<ManagedObject, UUTTest>);
 CONSTRUCTOR(UUTTest, long, Name);
-OPERATIONS(UUTTest, Shared<UnitUnderTest>() const, GetUnitUnderTest);
+PROPERTY(UUTTest, UnitUnderTest, Shared<UnitUnderTest>, Shared<UnitUnderTest>);
 OPERATIONS(UUTTest, Shared<ProductType>() const, GetProductType);
-OPERATIONS(UUTTest, Shared<ProductionLot>() const, GetProductionLot);
+PROPERTY(UUTTest, ProductionLot, Shared<ProductionLot>, Shared<ProductionLot>);
 OPERATIONS(UUTTest, Shared<Fixture>() const, GetFixture);
-OPERATIONS(UUTTest, ZYNSession*() const, GetSession);
+PROPERTY(UUTTest, Session, ZYNSession*, ZYNSession*);
 OPERATIONS(UUTTest, QList<TestResultSet*>() const, GetResultSets);
 OPERATIONS(UUTTest, QList<Shared<UUTTest>>() const, GetUUTTests);
-OPERATIONS(UUTTest, EN_ZYN_RESULT() const, GetResult);
+PROPERTY(UUTTest, Result, EN_ZYN_RESULT, EN_ZYN_RESULT);
 OPERATIONS(UUTTest, QString() const, GetResultString, GetResultDescription, GetStartTimeString,
            GetStopTimeString, GetDurationString, GetDurationStringFormated);
 OPERATIONS(UUTTest, QDateTime() const, GetStartTime, GetStopTime);
 OPERATIONS(UUTTest, long long() const, GetDuration_ms);
 OPERATIONS(UUTTest, bool() const, IsValid);
-OPERATIONS(UUTTest, void(Shared<UnitUnderTest>), SetUnitUnderTest);
-OPERATIONS(UUTTest, void(Shared<ProductionLot>), SetProductionLot);
-OPERATIONS(UUTTest, void(ZYNSession*), SetSession);
-OPERATIONS(UUTTest, void(EN_ZYN_RESULT), SetResult);
 OPERATIONS(UUTTest, void(Name), SetResultDescription, SetStartTimeString, SetStopTimeString);
 OPERATIONS(UUTTest, void(double), SetDuration);
 OPERATIONS(UUTTest, void(TestResultSet*), AssignResultSet);
@@ -203,32 +199,26 @@ OPERATIONS(UUTTest, void(Shared<UUTTest>), AddUUTTest);
 
 CONSTRUCTOR(UnitUnderTest, long, Name);
 OPERATIONS(UnitUnderTest, QString() const, GetSerialNo, GetIdentString);
-OPERATIONS(UnitUnderTest, long() const, GetPanelIndex);
-OPERATIONS(UnitUnderTest, Shared<ProductType>() const, GetProductType);
+PROPERTY(UnitUnderTest, PanelIndex, long, long);
+PROPERTY(UnitUnderTest, ProductType, Shared<ProductType>, Shared<ProductType>);
 OPERATIONS(UnitUnderTest, bool() const, IsValid);
 OPERATIONS(UnitUnderTest, void(Name), SetSerialNo, SetIdentString);
-OPERATIONS(UnitUnderTest, void(long), SetPanelIndex);
-OPERATIONS(UnitUnderTest, void(Shared<ProductType>), SetProductType);
 
 CONSTRUCTOR(ProductType, long, Name);
 OPERATIONS(ProductType, QString() const, GetArticelCode, GetCustomer, GetDescription);
-OPERATIONS(ProductType, long() const, GetClusterLevel);
+PROPERTY(ProductType, ClusterLevel, long, long);
 OPERATIONS(ProductType, Shared<ProductTypeMultiPanel>() const, GetMultiPanelInfo);
 OPERATIONS(ProductType, bool() const, IsValid);
 OPERATIONS(ProductType, void(Name), SetArticelCode, SetCustomer, SetDescription);
-OPERATIONS(ProductType, void(long), SetClusterLevel);
 OPERATIONS(ProductType, void(int), AddTestProgram);
 
 OPERATIONS(ProductTypeMultiPanel, bool() const, IsMultiPanel, HasSplitting);
-OPERATIONS(ProductTypeMultiPanel, long() const, GetPanelItems);
-OPERATIONS(ProductTypeMultiPanel, QString() const, GetSplittingString);
+PROPERTY(ProductTypeMultiPanel, PanelItems, long, long);
+PROPERTY(ProductTypeMultiPanel, SplittingString, QString, Name);
 OPERATIONS(ProductTypeMultiPanel, void(bool), SetMultiPanel, SetSplitting);
-OPERATIONS(ProductTypeMultiPanel, void(long), SetPanelItems);
-OPERATIONS(ProductTypeMultiPanel, void(Name), SetSplittingString);
 
 CONSTRUCTOR(ProductionLot, long, Name);
-OPERATIONS(ProductionLot, QString() const, GetOrderCode);
-OPERATIONS(ProductionLot, void(Name), SetOrderCode);
+PROPERTY(ProductionLot, OrderCode, QString, Name);
 OPERATIONS(ProductionLot, bool() const, IsValid);
 
 OPERATIONS(FixtureBase, QString() const, GetIdent, GetDescription);
