@@ -16,7 +16,7 @@ public:
     /// \param width least number of digits, filled up with zeros
     Pieces& Number(qint64 number, int width = 1)
     {
-        char digits[24];
+        char digits[24] = {};
         const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
         for (auto missing = width - (end - digits); missing > 0; --missing)
             m_text[m_size++] = u'0';
