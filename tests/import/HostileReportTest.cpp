@@ -1,6 +1,8 @@
 #include "ReportPieces.h"
 #include "support/Rows.h"
+#include "support/SampleModels.h"
 
+#include <QtCore/QRandomGenerator>
 #include <QtTest/QtTest>
 
 using namespace ZYN;
@@ -50,6 +52,31 @@ private slots:
             const Reading reading = Read(whole.first(size));
             QVERIFY(reading.imported);
             QVERIFY2(!reading.findings.isEmpty(), whole.first(size));
+        }
+    }
+
+    void shuffledLines()
+    {
+        // Elements in any order, missing, twice: whatever comes out can be written again.
+        const QByteArrayList lines = Write(*SampleModels::Panel()).split('\n');
+        QVERIFY(lines.size() > 300);
+        QRandomGenerator random(20240305);
+        for (int round = 0; round < 300; ++round) {
+            QByteArrayList shuffled = lines;
+            for (int change = 0; change < 1 + round % 20; ++change) {
+                const auto from = qsizetype(random.bounded(int(shuffled.size())));
+                const auto to = qsizetype(random.bounded(int(shuffled.size())));
+                const int kind = random.bounded(3);
+                if (kind == 0)
+                    shuffled.move(from, to);
+                else if (kind == 1)
+                    shuffled.insert(to, shuffled.at(from));
+                else
+                    shuffled.removeAt(from);
+            }
+            const Reading reading = Read(shuffled.join('\n'));
+            QVERIFY(reading.imported);
+            Write(*reading.test);
         }
     }
 
