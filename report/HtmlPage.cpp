@@ -111,7 +111,7 @@ void HtmlPage::HeaderCell(const QString& title)
     stream << '>' << title << "</th>"_L1 << Qt::endl;
 }
 
-void HtmlPage::Cell(const QString& value, const QString& cellClass, const QString& id, int span)
+void HtmlPage::Cell(QStringView value, const QString& cellClass, const QString& id, int span)
 {
     stream << "    <td"_L1;
     Attribute("class"_L1, cellClass);

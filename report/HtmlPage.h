@@ -32,7 +32,7 @@ public:
     void HeaderCell(const QString& title);
     /// \param id the style sheet marks cells of the id "FAIL"
     /// \param span number of columns
-    void Cell(const QString& value, const QString& cellClass, const QString& id = QString(), int span = 1);
+    void Cell(QStringView value, const QString& cellClass, const QString& id = QString(), int span = 1);
     /// A cell with a label and the cell with its value.
     void Pair(const QString& label, const QString& value);
 

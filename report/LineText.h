@@ -10,19 +10,11 @@ namespace ZYN {
 /// A line being put together from many short pieces. Keeps its memory from line to line.
 class LineText {
 public:
-    void Add(QChar character) { *Grow(1) = character.unicode(); }
-    void Add(QStringView piece) { std::copy_n(piece.utf16(), piece.size(), Grow(piece.size())); }
-    void Add(qsizetype count, QChar character)
-    {
-        if (count > 0)
-            std::fill_n(Grow(count), count, character.unicode());
-    }
-    void Clear() { used = 0; }
-    /// The line so far; valid until the next change.
-    QStringView View() const { return {units.data(), used}; }
-
-private:
-    char16_t* Grow(qsizetype count)
+    void Add(QChar character) { *Append(1) = character.unicode(); }
+    void Add(QStringView piece) { std::copy_n(piece.utf16(), piece.size(), Append(piece.size())); }
+    void Add(qsizetype count, QChar character) { std::fill_n(Append(count), count, character.unicode()); }
+    /// Lengthens the line by units that the caller fills; they lie there until the next change.
+    char16_t* Append(qsizetype count)
     {
         const qsizetype start = used;
         used += count;
@@ -30,7 +22,11 @@ private:
             units.resize(std::max(needed, 2 * units.size()));
         return units.data() + start;
     }
+    void Clear() { used = 0; }
+    /// The line so far; valid until the next change.
+    QStringView View() const { return {units.data(), used}; }
 
+private:
     std::vector<char16_t> units;
     qsizetype used = 0;
 };

@@ -9,7 +9,6 @@
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNCommon/ValueDisplay.h>
 
-#include <QtCore/QLocale>
 #include <QtCore/QStringBuilder>
 
 namespace ZYN::ReportText {
@@ -18,13 +17,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What `QVariant::toString` gives, without its detour for real numbers, which most values are.
-QString PlainText(const QVariant& value)
+/// What `QVariant::toString` gives, without its detour for numbers, which most values are.
+CellText PlainText(const QVariant& value)
 {
-    return value.typeId() == QMetaType::Double
-               ? QString::number(*static_cast<const double*>(value.constData()), 'g',
-                                 QLocale::FloatingPointShortest)
-               : value.toString();
+    switch (value.typeId()) {
+    case QMetaType::Double:
+        return CellText::Real(*static_cast<const double*>(value.constData()));
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return CellText::Integer(value.toLongLong());
+    default:
+        return value.toString();
+    }
+}
+
+/// A limit as it is stored. The limit is reached like a pointer, null where there is none.
+template <class Limit>
+CellText PlainLimit(const Limit& limit)
+{
+    return limit ? PlainText(*limit) : CellText();
 }
 
 } // namespace
@@ -66,49 +77,54 @@ Row::Row(const TestComponent* rowComponent, const TestResult* rowResult, const V
     , display(rowDisplay)
     , validation(rowResult->GetValidation().data())
 {
+    if (validation)
+        limits = ModelAdapter::Limits(validation);
 }
 
-QString Ident(const Row& row)
+CellText Ident(const Row& row)
 {
-    return row.component->GetIdentString();
+    const std::optional<long> number = ModelAdapter::NumberAsIdent(row.component);
+    return number ? CellText::Integer(*number) : row.component->GetIdentString();
 }
 
-QString SpreadsheetIdent(const Row& row)
+CellText SpreadsheetIdent(const Row& row)
 {
-    return SpreadsheetText(Ident(row));
+    const std::optional<long> number = ModelAdapter::NumberAsIdent(row.component);
+    return number ? CellText::Integer(*number, "=\""_L1, "\""_L1)
+                  : SpreadsheetText(row.component->GetIdentString());
 }
 
-QString Name(const Row& row)
+CellText Name(const Row& row)
 {
     return row.component->GetName();
 }
 
-QString TypeCode(const Row& row)
+CellText TypeCode(const Row& row)
 {
-    return QString::number(ModelAdapter::TypeCode(row.component));
+    return CellText::Integer(ModelAdapter::TypeCode(row.component));
 }
 
-QString Type(const Row& row)
+CellText Type(const Row& row)
 {
     return row.component->GetTypeString();
 }
 
-QString ResultCode(const Row& row)
+CellText ResultCode(const Row& row)
 {
-    return QString::number(row.result->GetResult());
+    return CellText::Integer(row.result->GetResult());
 }
 
-QString Result(const Row& row)
+CellText Result(const Row& row)
 {
     return row.result->GetResultString();
 }
 
-QString PlainValue(const Row& row)
+CellText PlainValue(const Row& row)
 {
     return PlainText(row.result->GetValue());
 }
 
-QString ShownValue(const Row& row)
+CellText ShownValue(const Row& row)
 {
     const QVariant& value = row.result->GetValue();
     if (!value.isValid())
@@ -116,88 +132,84 @@ QString ShownValue(const Row& row)
     return row.display ? row.display->ToString(value) : ValueDisplay::StaticToString(value);
 }
 
-QString ResultValue(const Row& row)
+CellText ResultValue(const Row& row)
 {
     return row.result->GetValueString(row.display);
 }
 
-QString Unit(const Row& row)
+CellText Unit(const Row& row)
 {
     return row.result->GetUnitString(row.display, false);
 }
 
-QString LowerOperator(const Row& row)
+CellText LowerOperator(const Row& row)
 {
-    const bool limited = row.validation && row.validation->HasLowerLimit();
-    return limited ? row.validation->GetLowerOperator().ToString() : QString();
+    return row.limits.lower ? row.validation->GetLowerOperator().ToString() : QString();
 }
 
-QString PlainLowerLimit(const Row& row)
+CellText PlainLowerLimit(const Row& row)
 {
-    const bool limited = row.validation && row.validation->HasLowerLimit();
-    return limited ? PlainText(row.validation->GetLowerLimit()) : QString();
+    return PlainLimit(row.limits.lower);
 }
 
-QString UpperOperator(const Row& row)
+CellText UpperOperator(const Row& row)
 {
-    const bool limited = row.validation && row.validation->HasUpperLimit();
-    return limited ? row.validation->GetUpperOperator().ToString() : QString();
+    return row.limits.upper ? row.validation->GetUpperOperator().ToString() : QString();
 }
 
-QString PlainUpperLimit(const Row& row)
+CellText PlainUpperLimit(const Row& row)
 {
-    const bool limited = row.validation && row.validation->HasUpperLimit();
-    return limited ? PlainText(row.validation->GetUpperLimit()) : QString();
+    return PlainLimit(row.limits.upper);
 }
 
-QString ShownLowerLimit(const Row& row)
+CellText ShownLowerLimit(const Row& row)
 {
     return row.validation ? row.validation->GetLowerLimitText() : QString();
 }
 
-QString ShownUpperLimit(const Row& row)
+CellText ShownUpperLimit(const Row& row)
 {
     return row.validation ? row.validation->GetUpperLimitText() : QString();
 }
 
-QString ResultLowerLimit(const Row& row)
+CellText ResultLowerLimit(const Row& row)
 {
     return row.result->GetLowerLimitString(row.display);
 }
 
-QString ResultUpperLimit(const Row& row)
+CellText ResultUpperLimit(const Row& row)
 {
     return row.result->GetUpperLimitString(row.display);
 }
 
-QString Duration(const Row& row)
+CellText Duration(const Row& row)
 {
     return row.result->GetDurationString();
 }
 
-QString DurationForPeople(const Row& row)
+CellText DurationForPeople(const Row& row)
 {
     return row.result->GetDurationStringFormated();
 }
 
-QString Attribute(const Row& row)
+CellText Attribute(const Row& row)
 {
     return row.result->GetAttribute();
 }
 
-QString Comment(const Row& row)
+CellText Comment(const Row& row)
 {
     return row.result->GetComment();
 }
 
-QString SimplifiedAttribute(const Row& row)
+CellText SimplifiedAttribute(const Row& row)
 {
-    return Attribute(row).simplified();
+    return row.result->GetAttribute().simplified();
 }
 
-QString SimplifiedComment(const Row& row)
+CellText SimplifiedComment(const Row& row)
 {
-    return Comment(row).simplified();
+    return row.result->GetComment().simplified();
 }
 
 } // namespace ZYN::ReportText

@@ -1,6 +1,8 @@
 #pragma once
 
-#include <ZYNCommon/ZYNTypes.h>
+#include "CellText.h"
+
+#include "export/ModelAdapter.h"
 
 #include <QtCore/QString>
 
@@ -40,50 +42,52 @@ struct Row {
     const TestResult* result;
     const ValueDisplay* display;
     const ValidationInterface* validation;
+    /// The validation's limits; without one there are none.
+    decltype(ModelAdapter::Limits(validation)) limits{};
 };
 
 /// How a column looks its text up.
-using Lookup = QString (*)(const Row& row);
+using Lookup = CellText (*)(const Row& row);
 
-QString Ident(const Row& row);
-QString SpreadsheetIdent(const Row& row);
-QString Name(const Row& row);
-QString TypeCode(const Row& row);
-QString Type(const Row& row);
+CellText Ident(const Row& row);
+CellText SpreadsheetIdent(const Row& row);
+CellText Name(const Row& row);
+CellText TypeCode(const Row& row);
+CellText Type(const Row& row);
 
-QString ResultCode(const Row& row);
-QString Result(const Row& row);
+CellText ResultCode(const Row& row);
+CellText Result(const Row& row);
 
 /// The value as it is stored, in the base unit and decimal; empty when nothing was measured.
-QString PlainValue(const Row& row);
+CellText PlainValue(const Row& row);
 /// The value as the row shows it. Without a display decimal, whatever the unit.
-QString ShownValue(const Row& row);
+CellText ShownValue(const Row& row);
 /// The value as the result shows it. Without a display still in the radix of its unit.
-QString ResultValue(const Row& row);
+CellText ResultValue(const Row& row);
 /// The unit with the prefix of the row's display.
-QString Unit(const Row& row);
+CellText Unit(const Row& row);
 
 /// Operator and limit as they are stored; empty when there is no such limit.
-QString LowerOperator(const Row& row);
-QString PlainLowerLimit(const Row& row);
-QString UpperOperator(const Row& row);
-QString PlainUpperLimit(const Row& row);
+CellText LowerOperator(const Row& row);
+CellText PlainLowerLimit(const Row& row);
+CellText UpperOperator(const Row& row);
+CellText PlainUpperLimit(const Row& row);
 /// The limit as the validation shows it, whatever the row's display.
-QString ShownLowerLimit(const Row& row);
-QString ShownUpperLimit(const Row& row);
+CellText ShownLowerLimit(const Row& row);
+CellText ShownUpperLimit(const Row& row);
 /// The limit as the result shows it with the row's display.
-QString ResultLowerLimit(const Row& row);
-QString ResultUpperLimit(const Row& row);
+CellText ResultLowerLimit(const Row& row);
+CellText ResultUpperLimit(const Row& row);
 
 /// Duration in milliseconds.
-QString Duration(const Row& row);
+CellText Duration(const Row& row);
 /// Duration for people.
-QString DurationForPeople(const Row& row);
-QString Attribute(const Row& row);
-QString Comment(const Row& row);
+CellText DurationForPeople(const Row& row);
+CellText Attribute(const Row& row);
+CellText Comment(const Row& row);
 /// On one line: outer white space removed, every run of it inside made one blank.
-QString SimplifiedAttribute(const Row& row);
-QString SimplifiedComment(const Row& row);
+CellText SimplifiedAttribute(const Row& row);
+CellText SimplifiedComment(const Row& row);
 
 } // namespace ReportText
 

@@ -45,9 +45,9 @@ void TextSheet::Field(QStringView text, int width, Align align, QChar pad)
 {
     const qsizetype padding = std::max<qsizetype>(0, width - text.size());
     const qsizetype before = align == Align::Centre ? padding / 2 : 0;
-    line.Add(before, pad);
-    line.Add(text);
-    line.Add(padding - before, pad);
+    char16_t* const field = line.Append(text.size() + padding);
+    std::fill_n(field, text.size() + padding, pad.unicode());
+    std::copy_n(text.utf16(), text.size(), field + before);
 }
 
 } // namespace ZYN

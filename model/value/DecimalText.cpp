@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 namespace ZYN::DecimalText {
 
@@ -89,6 +90,54 @@ QString Compose(const Decimal& number)
     return text.ToString();
 }
 
+/// A whole number of units of 10 to the power of `unit`. Zeros at its end are no digits.
+Decimal Take(quint64 magnitude, qint64 unit)
+{
+    Decimal number;
+    const char* end = std::to_chars(number.digits, number.digits + sizeof number.digits, magnitude).ptr;
+    number.count = int(end - number.digits);
+    number.exponent = magnitude != 0 ? number.count - 1 + unit : 0;
+    while (number.count > 1 && number.digits[number.count - 1] == '0')
+        --number.count;
+    return number;
+}
+
+/// A number of few digits, as instruments give them, for which the general conversion is slow. The quotient
+/// of two exact numbers is the double nearest to that decimal, and no two decimals of up to 15 digits have
+/// the same: what is found is the shortest.
+std::optional<Decimal> TakeFewDigits(double magnitude)
+{
+    constexpr double tenTo15 = 1e15;
+    double units = 1.0;
+    for (int places = 0; places <= 15 && magnitude * units < tenTo15; ++places, units *= 10.0) {
+        const auto whole = quint64(magnitude * units + 0.5);
+        if (double(whole) / units == magnitude)
+            return Take(whole, -places);
+    }
+    return std::nullopt;
+}
+std::optional<Decimal> TakeFewDigits(float)
+{
+    return std::nullopt; // in single precision other digits are the shortest
+}
+
+template <typename Real>
+Decimal TakeShortest(Real magnitude)
+{
+    char text[32]; // "d.ddde-308"
+    const char* const end =
+        std::to_chars(text, text + sizeof text, magnitude, std::chars_format::scientific).ptr;
+    const char* const exponent = std::find<const char*>(text, end, 'e');
+    Decimal number;
+    number.digits[number.count++] = text[0];
+    for (const char* digit = text + 2; digit < exponent; ++digit)
+        number.digits[number.count++] = *digit;
+    std::from_chars(exponent + 2, end, number.exponent);
+    if (exponent[1] == '-')
+        number.exponent = -number.exponent;
+    return number;
+}
+
 template <typename Real>
 QString FromRealOf(Real value, int shift)
 {
@@ -96,20 +145,12 @@ QString FromRealOf(Real value, int shift)
         return QStringLiteral("nan");
     if (std::isinf(value))
         return value < 0 ? QStringLiteral("-inf") : QStringLiteral("inf");
-    Decimal number;
+    const Real magnitude = std::abs(value);
+    const std::optional<Decimal> few = TakeFewDigits(magnitude);
+    Decimal number = few ? *few : TakeShortest(magnitude);
     number.negative = std::signbit(value);
-    char text[32]; // "d.ddde-308"
-    const char* const end =
-        std::to_chars(text, text + sizeof text, std::abs(value), std::chars_format::scientific).ptr;
-    const char* const exponent = std::find<const char*>(text, end, 'e');
-    for (const char* c = text; c != exponent; ++c)
-        if (*c != '.')
-            number.digits[number.count++] = *c;
-    if (value != Real(0)) {
-        const bool small = exponent[1] == '-';
-        std::from_chars(exponent + 2, end, number.exponent);
-        number.exponent = (small ? -number.exponent : number.exponent) + shift;
-    }
+    if (value != Real(0))
+        number.exponent += shift;
     return Compose(number);
 }
 
@@ -118,14 +159,8 @@ QString FromIntegerOf(Integer value, int shift)
 {
     if (shift == 0 || value == 0)
         return QString::number(value);
-    Decimal number;
+    Decimal number = Take(value < 0 ? quint64(0) - quint64(value) : quint64(value), shift);
     number.negative = value < 0;
-    const quint64 magnitude = value < 0 ? quint64(0) - quint64(value) : quint64(value);
-    const char* end = std::to_chars(number.digits, number.digits + sizeof number.digits, magnitude).ptr;
-    number.count = int(end - number.digits);
-    number.exponent = number.count - 1 + qint64(shift);
-    while (number.digits[number.count - 1] == '0')
-        --number.count;
     return Compose(number);
 }
 

@@ -85,6 +85,20 @@ private slots:
         QCOMPARE(DecimalText::FromReal(value, shift), text);
     }
 
+    void ShowsDecimalsAsInstrumentsGiveThem()
+    {
+        std::mt19937_64 random(20261125);
+        for (int i = 0; i < 20'000; ++i) {
+            // Up to fifteen digits name a double unambiguously; the last one is no zero.
+            const quint64 digits = random() % 100'000'000'000 * 10 + 1 + random() % 9;
+            const int places = 1 + int(random() % 7);
+            QString text = QString::number(digits).rightJustified(places + 1, QLatin1Char('0'));
+            text.insert(text.size() - places, QLatin1Char('.'));
+            QCOMPARE(DecimalText::FromReal(text.toDouble()), text);
+            QCOMPARE(DecimalText::FromReal(-text.toDouble()), '-' + text);
+        }
+    }
+
     void ShowsInteger_data()
     {
         const Rows<qint64, int, QString> row;
