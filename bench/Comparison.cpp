@@ -54,13 +54,13 @@ void Compare(benchmark::State& state, long long items, const std::function<void(
 {
     double workSeconds = 0.0;
     double floorSeconds = 0.0;
-    double peak = -1.0;
+    // Once before all turns: each one would else get its memory from the system anew.
+    ForgetPeak();
+    const double before = MemoryMiB("VmRSS");
+    work();
+    const double peak = std::max(0.0, MemoryMiB("VmHWM") - before);
     for ([[maybe_unused]] auto turn : state) {
-        ForgetPeak();
-        const double before = MemoryMiB("VmRSS");
         const double seconds = Seconds(work);
-        if (peak < 0.0)
-            peak = std::max(0.0, MemoryMiB("VmHWM") - before);
         workSeconds += seconds;
         floorSeconds += Seconds(floor);
         state.SetIterationTime(seconds);

@@ -33,6 +33,12 @@ inline std::optional<long> NumberAsIdent(const TestComponent* component)
     return component->HasIdentString() ? std::nullopt : std::optional(component->id);
 }
 
+/// The component's name, for a look at it; a reference where the model lends it.
+inline const QString& NameView(const TestComponent* component)
+{
+    return component->GetNameView();
+}
+
 /// Address code: the kind of a component or the data type of its value.
 inline EN_ZYN_ADDRESS TypeCode(const TestComponent* component)
 {
@@ -229,6 +235,13 @@ inline QString RealTypeText()
 inline double ScaledTextToReal(QStringView text, int factor, bool* ok = nullptr)
 {
     return DecimalText::ToReal(text, factor, ok);
+}
+
+/// The shortest decimal of a number that has few digits; nothing for another, which is converted the long
+/// way.
+inline std::optional<DecimalText::FewDigits> FewDigits(double number)
+{
+    return DecimalText::ToFewDigits(number);
 }
 
 /// Logs the first user of a workspace in; this makes it the session's current user.

@@ -85,6 +85,7 @@ void CReportBuilderSTDF::ForgetDocument()
     insideSubUnit = false;
     uutTest = nullptr;
     resultSet = nullptr;
+    walksResultSet = false;
     topTest = nullptr;
     program = nullptr;
     group = nullptr;
@@ -119,6 +120,18 @@ bool CReportBuilderSTDF::BeginUUTTest(UUTTest* test)
     const quint32 stopTime = StdfLotRecords::Seconds(test->GetStopTime());
     if (!insideSubUnit || stopTime != 0)
         finishTime = stopTime;
+    return true;
+}
+
+bool CReportBuilderSTDF::BeginTestResultSet(TestResultSet* newResultSet)
+{
+    walksResultSet = newResultSet && newResultSet == resultSet;
+    return true;
+}
+
+bool CReportBuilderSTDF::EndTestResultSet(TestResultSet*)
+{
+    walksResultSet = false;
     return true;
 }
 
@@ -171,10 +184,11 @@ bool CReportBuilderSTDF::EndTestStep(TestStep*)
     return known;
 }
 
-bool CReportBuilderSTDF::BeginTestMeasurement(TestMeasurement* newMeasurement, TestResult*)
+bool CReportBuilderSTDF::BeginTestMeasurement(TestMeasurement* newMeasurement, TestResult* result)
 {
     measurement = newMeasurement;
-    AddTest();
+    if (measurement && step && group && resultSet)
+        AddTest(walksResultSet ? result : resultSet->GetResult(measurement));
     return true;
 }
 
@@ -269,11 +283,8 @@ void CReportBuilderSTDF::Redirect()
         BeginStream(output, 0);
 }
 
-void CReportBuilderSTDF::AddTest()
+void CReportBuilderSTDF::AddTest(const TestResult* result)
 {
-    if (!measurement || !step || !group || !resultSet)
-        return;
-    const TestResult* const result = resultSet->GetResult(measurement);
     if (!result)
         return;
     if (pending.IsEmpty())

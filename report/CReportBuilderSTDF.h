@@ -36,6 +36,8 @@ public:
     using CExportBuilderImp::BeginTestMeasurement;
     using CExportBuilderImp::BeginTestProgram;
     using CExportBuilderImp::BeginTestStep;
+    bool BeginTestResultSet(TestResultSet* newResultSet) override;
+    bool EndTestResultSet(TestResultSet* endedResultSet) override;
     bool BeginSubUnitTest() override;
     bool EndSubUnitTest() override;
     bool BeginUUTTest(UUTTest* test) override;
@@ -63,7 +65,7 @@ private:
     bool IsAsLeft(QIODevice* output) const;
     void BeginStream(QIODevice* output, qint64 position);
     void Redirect();
-    void AddTest();
+    void AddTest(const TestResult* result);
     void WritePart();
     void WriteCounts();
     void CutBehindCounts(QIODevice* output);
@@ -73,6 +75,8 @@ private:
     UUTTest* uutTest = nullptr;
     /// The test's first result set, where all its results are looked up.
     const TestResultSet* resultSet = nullptr;
+    /// Whether that set is the one being walked, so that its results come with the components.
+    bool walksResultSet = false;
     /// The test of the whole unit: panel items have no lot, product type or session of their own.
     UUTTest* topTest = nullptr;
     bool insideSubUnit = false;

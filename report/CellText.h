@@ -26,6 +26,7 @@ public:
     operator QStringView() const { return size > 0 ? QStringView(units.data(), size) : QStringView(text); }
 
 private:
+    void AddFixed(quint64 digits, int places);
     void Add(QLatin1StringView piece)
     {
         std::copy(piece.begin(), piece.end(), units.begin() + size);

@@ -12,6 +12,15 @@
 
 namespace ZYN {
 
+/// Writes each UTF-16 unit as one Latin-1 byte; what Latin-1 cannot hold becomes '?'.
+inline void ToLatin1(QStringView text, char* bytes)
+{
+    const char16_t* const units = text.utf16();
+    const qsizetype count = text.size();
+    for (qsizetype index = 0; index < count; ++index)
+        bytes[index] = units[index] > 0xff ? '?' : static_cast<char>(units[index]);
+}
+
 /// One STDF V4 record under construction. Numbers are little-endian, reals IEEE 754 single precision;
 /// the header (REC_LEN, REC_TYP, REC_SUB) stands in front and its length is filled in by `Bytes`.
 /// Format: the STDF V4 standard.
@@ -55,10 +64,8 @@ public:
     }
     StdfRecord& Text(QStringView piece)
     {
-        const char16_t* const units = piece.utf16();
         const qsizetype count = std::min(piece.size(), Room());
-        for (qsizetype index = 0; index < count; ++index)
-            at[index] = units[index] > 0xff ? '?' : static_cast<char>(units[index]);
+        ToLatin1(piece.first(count), at);
         at += count;
         return *this;
     }

@@ -52,12 +52,22 @@ const Scale& ScaleOf(qint8 factor)
     return scales[static_cast<size_t>(factor + 128)];
 }
 
+/// The real number that most values are; null for other types, whose conversions take their time.
+const double* RealOf(const QVariant& value)
+{
+    return value.metaType() == QMetaType::fromType<double>() ? static_cast<const double*>(value.constData())
+                                                             : nullptr;
+}
+
+bool IsMissing(const QVariant& value)
+{
+    return !RealOf(value) && value.isNull();
+}
+
 float ToFloat(const QVariant& value)
 {
-    // Most values are real numbers, and the general conversion takes its time.
-    return value.metaType() == QMetaType::fromType<double>()
-               ? static_cast<float>(*static_cast<const double*>(value.constData()))
-               : value.toFloat();
+    const double* const real = RealOf(value);
+    return real ? static_cast<float>(*real) : value.toFloat();
 }
 
 Judgement Judge(const TestResult* result, bool numeric)
@@ -75,7 +85,7 @@ Judgement Judge(const TestResult* result, bool numeric)
         return numeric ? ToFloat(value) * factor : 0.0F;
     };
 
-    if (const QVariant& value = result->GetValue(); !value.isNull()) {
+    if (const QVariant& value = result->GetValue(); !IsMissing(value)) {
         judgement.valueMissing = false;
         judgement.result = scaled(value);
     }
@@ -130,17 +140,26 @@ void AddTestText(StdfRecord& record, const TestMeasurement* measurement, const S
     else
         record.Text(measurement->GetIdentString());
     record.Text("] ");
-    if (const QString name = measurement->GetName(); name != stepText.stepName)
+    if (const auto& name = ModelAdapter::NameView(measurement); name != stepText.stepName)
         record.Text(name).Text(" - ");
-    record.Text(stepText.ending).EndText();
+    record.Text(stepText.Ending()).EndText();
 }
 
 } // namespace
 
 StdfStepText::StdfStepText(const TestStep* step, const TestGroup* group)
     : stepName(step->GetName())
-    , ending((stepName + QLatin1StringView(" - ") + group->GetName()).toLatin1())
 {
+    Add(stepName);
+    Add(u" - ");
+    Add(ModelAdapter::NameView(group));
+}
+
+void StdfStepText::Add(QStringView piece)
+{
+    const qsizetype count = std::min<qsizetype>(piece.size(), static_cast<qsizetype>(ending.size()) - size);
+    ToLatin1(piece.first(count), ending.data() + size);
+    size += count;
 }
 
 QByteArrayView StdfTestRecord(char* memory, quint32 number, const TestMeasurement* measurement,

@@ -2,6 +2,10 @@
 
 #include "StdfRecord.h"
 
+#include <QtCore/QString>
+
+#include <array>
+
 namespace ZYN {
 
 class TestGroup;
@@ -13,9 +17,16 @@ class TestStep;
 struct StdfStepText {
     StdfStepText(const TestStep* step, const TestGroup* group);
 
-    QString stepName;
     /// Step and group as they end each text, in Latin-1.
-    QByteArray ending;
+    QByteArrayView Ending() const { return {ending.data(), size}; }
+
+    QString stepName;
+
+private:
+    void Add(QStringView piece);
+
+    std::array<char, 255> ending; ///< no text is longer
+    qsizetype size = 0;
 };
 
 /// The PTR of one measurement.

@@ -18,20 +18,30 @@ TestComponent::TestComponent(long componentId, const QString& name, EN_ZYN_ADDRE
 
 TestComponent::~TestComponent() = default;
 
+TestComponent::Extras::Extras() = default;
+TestComponent::Extras::~Extras() = default;
+
+TestComponent::Extras& TestComponent::NeedExtras()
+{
+    if (!m_extras)
+        m_extras = std::make_unique<Extras>();
+    return *m_extras;
+}
+
 QString TestComponent::GetName() const
 {
-    return ManagedObject::GetName();
+    return StoredName();
 }
 
 QString TestComponent::GetIdentString() const
 {
-    return HasIdentString() ? m_ident : QString::number(id);
+    return HasIdentString() ? m_extras->ident : QString::number(id);
 }
 
 void TestComponent::SetIdentString(const QString& ident)
 {
     // A null text is as much a choice as an empty one.
-    m_ident = ident.isNull() ? QLatin1String("") : ident;
+    NeedExtras().ident = ident.isNull() ? QLatin1String("") : ident;
 }
 
 QString TestComponent::GetTypeString() const
@@ -41,7 +51,7 @@ QString TestComponent::GetTypeString() const
 
 CtrlEnable* TestComponent::GetEnableCtrl() const
 {
-    return m_enable.get();
+    return m_extras ? m_extras->enable.get() : nullptr;
 }
 
 CtrlValidation* TestComponent::GetValidationCtrl() const
@@ -51,32 +61,32 @@ CtrlValidation* TestComponent::GetValidationCtrl() const
 
 CtrlAttributes* TestComponent::GetAttributesCtrl() const
 {
-    return m_attributes.get();
+    return m_extras ? m_extras->attributes.get() : nullptr;
 }
 
 CtrlTestPlanValues* TestComponent::GetTestPlanValuesCtrl() const
 {
-    return m_testPlanValues.get();
+    return m_extras ? m_extras->testPlanValues.get() : nullptr;
 }
 
 void TestComponent::SetLogInReportCtrl(CtrlLogInReport* control)
 {
-    m_logInReport.reset(control);
+    NeedExtras().logInReport.reset(control);
 }
 
 void TestComponent::SetEnableCtrl(CtrlEnable* control)
 {
-    m_enable.reset(control);
+    NeedExtras().enable.reset(control);
 }
 
 void TestComponent::SetAttributesCtrl(CtrlAttributes* control)
 {
-    m_attributes.reset(control);
+    NeedExtras().attributes.reset(control);
 }
 
 void TestComponent::SetTestPlanValuesCtrl(CtrlTestPlanValues* control)
 {
-    m_testPlanValues.reset(control);
+    NeedExtras().testPlanValues.reset(control);
 }
 
 bool TestComponent::IsTestplanDisabled() const

@@ -2,11 +2,10 @@
 
 #include <ZYNCommon/CtrlEnable.h>
 #include <ZYNCommon/CtrlLogInReport.h>
+#include <ZYNCommon/SharedAt.h>
 #include <ZYNCommon/TestParameter.h>
 #include <ZYNCommon/TestProgram.h>
 #include <ZYNCommon/TestStep.h>
-
-#include "SharedAt.h"
 
 namespace ZYN {
 

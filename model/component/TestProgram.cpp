@@ -1,8 +1,7 @@
 #include <ZYNCommon/TestProgram.h>
 
+#include <ZYNCommon/SharedAt.h>
 #include <ZYNCommon/TestGroup.h>
-
-#include "SharedAt.h"
 
 namespace ZYN {
 

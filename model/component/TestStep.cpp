@@ -5,8 +5,6 @@
 #include <ZYNCommon/TestGroup.h>
 #include <ZYNCommon/TestMeasurement.h>
 
-#include "SharedAt.h"
-
 #include <algorithm>
 
 namespace ZYN {
@@ -30,16 +28,6 @@ TestStep::TestStep(long stepId, const QString& name, TestGroup* parent, unsigned
 }
 
 TestStep::~TestStep() = default;
-
-int TestStep::GetMeasurementCount() const
-{
-    return static_cast<int>(m_measurements.size());
-}
-
-const QSharedPointer<TestMeasurement>& TestStep::GetMeasurementForIndex(int index) const
-{
-    return SharedAt(m_measurements, index);
-}
 
 QSharedPointer<TestMeasurement> TestStep::GetMeasurementForID(long measurementId) const
 {

@@ -52,7 +52,7 @@ TestResult::~TestResult()
 
 EN_ZYN_RESULT TestResult::GetResult() const
 {
-    return m_result ? *m_result : DerivedResult();
+    return m_hasResult ? m_result : DerivedResult();
 }
 
 EN_ZYN_RESULT TestResult::DerivedResult() const
@@ -127,12 +127,12 @@ QString TestResult::GetBaseUnitString() const
 
 QString TestResult::GetComment() const
 {
-    return m_comment;
+    return m_remarks ? m_remarks->comment : QString();
 }
 
 QString TestResult::GetAttribute() const
 {
-    return m_attribute;
+    return m_remarks ? m_remarks->attribute : QString();
 }
 
 QString TestResult::GetTimeString() const
@@ -158,6 +158,7 @@ QString TestResult::GetDurationStringFormated() const
 void TestResult::SetResult(EN_ZYN_RESULT result)
 {
     m_result = result;
+    m_hasResult = true;
 }
 
 void TestResult::SetValue(const QVariant& value)
@@ -173,14 +174,23 @@ void TestResult::SetValue(const QVariant& value)
         m_value = value;
 }
 
+TestResult::Remarks& TestResult::NeedRemarks()
+{
+    if (!m_remarks)
+        m_remarks = std::make_unique<Remarks>();
+    return *m_remarks;
+}
+
 void TestResult::SetComment(const QString& comment)
 {
-    m_comment = comment;
+    if (m_remarks || !comment.isNull())
+        NeedRemarks().comment = comment;
 }
 
 void TestResult::SetAttribute(const QString& attribute)
 {
-    m_attribute = attribute;
+    if (m_remarks || !attribute.isNull())
+        NeedRemarks().attribute = attribute;
 }
 
 void TestResult::SetTimeString(const QString& time)

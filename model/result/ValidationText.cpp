@@ -2,7 +2,36 @@
 
 #include <ZYNCommon/ValidationInterface.h>
 
+#include <array>
+
 namespace ZYN::ValidationText {
+
+namespace {
+
+constexpr int firstFactor = ValueDisplay::ScalePico;
+constexpr int factors = ValueDisplay::ScaleTera - firstFactor + 1;
+constexpr int units = MeasurementUnit::Binary + 1;
+
+QString MakePrefixed(int factor, const MeasurementUnit& unit)
+{
+    return ValueDisplay::ScaleFactorToString(ValueDisplay::ScaleFactor(factor)) + unit.ToString();
+}
+
+/// The unit with its prefix in front. The usual ones are made once: a report asks for them in every row.
+QString Prefixed(int factor, const MeasurementUnit& unit)
+{
+    static const auto texts = [] {
+        std::array<QString, size_t(factors * units)> all;
+        for (int index = 0; index < factors * units; ++index)
+            all[size_t(index)] = MakePrefixed(firstFactor + index / units, MeasurementUnit(index % units));
+        return all;
+    }();
+    const int row = factor - firstFactor;
+    const bool usual = row >= 0 && row < factors && unit.GetCode() >= 0 && unit.GetCode() < units;
+    return usual ? texts[size_t(row * units + unit.GetCode())] : MakePrefixed(factor, unit);
+}
+
+} // namespace
 
 bool HasDigitUnit(const ValidationInterface* validation)
 {
@@ -36,8 +65,8 @@ QString Unit(const ValidationInterface* validation, const ValueDisplay* display)
 {
     if (!validation)
         return QString();
-    const QString unit = validation->GetMeasurementUnit().ToString();
-    return display && !HasDigitUnit(validation) ? display->GetScaleString() + unit : unit;
+    const MeasurementUnit unit = validation->GetMeasurementUnit();
+    return display && !HasDigitUnit(validation) ? Prefixed(display->GetScaleFactor(), unit) : unit.ToString();
 }
 
 } // namespace ZYN::ValidationText

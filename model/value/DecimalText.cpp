@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <concepts>
 #include <limits>
 #include <optional>
 
@@ -102,25 +103,6 @@ Decimal Take(quint64 magnitude, qint64 unit)
     return number;
 }
 
-/// A number of few digits, as instruments give them, for which the general conversion is slow. The quotient
-/// of two exact numbers is the double nearest to that decimal, and no two decimals of up to 15 digits have
-/// the same: what is found is the shortest.
-std::optional<Decimal> TakeFewDigits(double magnitude)
-{
-    constexpr double tenTo15 = 1e15;
-    double units = 1.0;
-    for (int places = 0; places <= 15 && magnitude * units < tenTo15; ++places, units *= 10.0) {
-        const auto whole = quint64(magnitude * units + 0.5);
-        if (double(whole) / units == magnitude)
-            return Take(whole, -places);
-    }
-    return std::nullopt;
-}
-std::optional<Decimal> TakeFewDigits(float)
-{
-    return std::nullopt; // in single precision other digits are the shortest
-}
-
 template <typename Real>
 Decimal TakeShortest(Real magnitude)
 {
@@ -146,8 +128,10 @@ QString FromRealOf(Real value, int shift)
     if (std::isinf(value))
         return value < 0 ? QStringLiteral("-inf") : QStringLiteral("inf");
     const Real magnitude = std::abs(value);
-    const std::optional<Decimal> few = TakeFewDigits(magnitude);
-    Decimal number = few ? *few : TakeShortest(magnitude);
+    std::optional<FewDigits> few;
+    if constexpr (std::same_as<Real, double>) // in single precision other digits are the shortest
+        few = ToFewDigits(magnitude);
+    Decimal number = few ? Take(few->digits, -few->places) : TakeShortest(magnitude);
     number.negative = std::signbit(value);
     if (value != Real(0))
         number.exponent += shift;
@@ -318,6 +302,21 @@ double ToReal(QStringView text, int shift, bool* ok)
     if (ok)
         *ok = isNumber;
     return value;
+}
+
+// The quotient of two exact numbers is the double nearest to that decimal, and no two decimals of up to 15
+// digits have the same: what is found is the shortest.
+std::optional<FewDigits> ToFewDigits(double number)
+{
+    constexpr int mostPlaces = 15;
+    constexpr double tenTo15 = 1e15;
+    double units = 1.0;
+    for (int places = 0; places <= mostPlaces && number * units < tenTo15; ++places, units *= 10.0) {
+        const auto digits = static_cast<quint64>(number * units + 0.5);
+        if (static_cast<double>(digits) / units == number)
+            return FewDigits{digits, places};
+    }
+    return std::nullopt;
 }
 
 QString ToDigits(qint64 value, int base)

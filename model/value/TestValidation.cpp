@@ -10,16 +10,33 @@ TestValidation::Limit::Limit(const char* operatorText, const QVariant& limit)
 {
 }
 
-TestValidation::TestValidation(std::span<const Property> properties, int unitCode,
-                               ValueDisplay::ScaleFactor factor, const Limit& lower, const Limit& upper,
-                               const BinIds& binIds)
+TestValidation::TestValidation(int unitCode, ValueDisplay::ScaleFactor factor, const Limit& lower,
+                               const Limit& upper, const BinIds& binIds)
     : m_unit(unitCode)
     , m_display(factor, unitCode)
     , m_lower(lower)
     , m_upper(upper)
-    , m_properties(properties)
-    , m_binIds(binIds)
 {
+    if (binIds != NoBinIds)
+        NeedExtras().binIds = binIds;
+}
+
+TestValidation::Extras& TestValidation::NeedExtras()
+{
+    if (!m_extras)
+        m_extras = std::make_unique<Extras>();
+    return *m_extras;
+}
+
+void TestValidation::SetNominal(const QVariant& nominal)
+{
+    if (m_extras || nominal.isValid())
+        NeedExtras().nominal = nominal;
+}
+
+long TestValidation::BinIdOf(BinId bin) const
+{
+    return (m_extras ? m_extras->binIds : NoBinIds)[bin];
 }
 
 ValidationInterface::Limits TestValidation::GetLimits() const
@@ -75,17 +92,17 @@ LimitOperator TestValidation::GetUpperOperator() const
 
 bool TestValidation::HasNominal() const
 {
-    return m_nominal.isValid();
+    return GetNominal().isValid();
 }
 
 QVariant TestValidation::GetNominal() const
 {
-    return m_nominal;
+    return m_extras ? m_extras->nominal : QVariant();
 }
 
 QString TestValidation::GetNominalText() const
 {
-    return m_display.ToString(m_nominal);
+    return m_display.ToString(GetNominal());
 }
 
 MeasurementUnit TestValidation::GetMeasurementUnit() const
@@ -112,15 +129,15 @@ bool TestValidation::Validate(const QVariant& value) const
 QList<QString> TestValidation::GetPropertyNames() const
 {
     QList<QString> names;
-    names.reserve(qsizetype(m_properties.size()));
-    for (const Property& property : m_properties)
+    names.reserve(qsizetype(Properties().size()));
+    for (const Property& property : Properties())
         names.append(property.name);
     return names;
 }
 
 const TestValidation::Property* TestValidation::FindProperty(const QString& name) const
 {
-    for (const Property& property : m_properties)
+    for (const Property& property : Properties())
         if (property.name == name)
             return &property;
     return nullptr;
@@ -144,13 +161,13 @@ QVariant TestValidation::GetProperty(const QString& name) const
     case PropertyKind::UpperOperator:
         return operatorText(m_upper);
     case PropertyKind::Nominal:
-        return m_nominal;
+        return GetNominal();
     case PropertyKind::InvertResult:
         return m_inverted;
     case PropertyKind::ScaleFactor:
         return int(m_display.GetScaleFactor());
     case PropertyKind::BinId:
-        return m_binIds[property->bin] < 0 ? QVariant() : QVariant(int(m_binIds[property->bin]));
+        return BinIdOf(property->bin) < 0 ? QVariant() : QVariant(int(BinIdOf(property->bin)));
     }
     return QVariant();
 }
@@ -170,13 +187,13 @@ bool TestValidation::SetProperty(const QString& name, const QVariant& value)
     case PropertyKind::UpperOperator:
         return PropertyValue::ReadOperator(value, m_upper.op);
     case PropertyKind::Nominal:
-        return SetLimitValue(m_nominal, value);
+        return SetLimitValue(NeedExtras().nominal, value);
     case PropertyKind::InvertResult:
         return PropertyValue::ReadBool(value, m_inverted);
     case PropertyKind::ScaleFactor:
         return SetScaleFactor(value);
     case PropertyKind::BinId:
-        return PropertyValue::ReadBinId(value, m_binIds[property->bin]);
+        return PropertyValue::ReadBinId(value, NeedExtras().binIds[property->bin]);
     }
     return false;
 }

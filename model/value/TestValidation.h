@@ -3,6 +3,7 @@
 #include <ZYNCommon/ValidationInterface.h>
 
 #include <array>
+#include <memory>
 #include <optional>
 #include <span>
 
@@ -15,6 +16,7 @@ public:
     enum BinId { BinLower, BinUpper, BinPass, SoftBinLower, SoftBinUpper, SoftBinPass, BinIdCount };
     /// Bin ids in the order of `BinId`; -1 where there is none.
     using BinIds = std::array<long, BinIdCount>;
+    static constexpr BinIds NoBinIds{-1, -1, -1, -1, -1, -1};
 
     ValueDisplay* GetValueDisplay() const override;
     bool HasLowerLimit() const override;
@@ -66,33 +68,41 @@ protected:
         QVariant Get() const { return Exists() ? value : QVariant(); }
     };
 
-    /// \param properties the type's properties; they live as long as the program
-    TestValidation(std::span<const Property> properties, int unitCode, ValueDisplay::ScaleFactor factor,
-                   const Limit& lower, const Limit& upper, const BinIds& binIds);
+    TestValidation(int unitCode, ValueDisplay::ScaleFactor factor, const Limit& lower, const Limit& upper,
+                   const BinIds& binIds);
+
+    /// The type's properties; they live as long as the program.
+    virtual std::span<const Property> Properties() const = 0;
 
     /// A value as a limit of this type; invalid when it does not fit. Texts are converted.
     virtual QVariant ToLimit(const QVariant& value) const = 0;
     /// Whether a value lies inside the limits; nothing when it cannot be compared with them.
     virtual std::optional<bool> IsInside(const QVariant& value) const = 0;
 
-    // What every value needs stands together at the front.
+    void SetNominal(const QVariant& nominal);
+
 private:
     MeasurementUnit m_unit;
     mutable ValueDisplay m_display; ///< handed out for changing, also by a constant validation
+    bool m_inverted = false;
 
 protected:
     Limit m_lower;
     Limit m_upper;
-    QVariant m_nominal;
 
 private:
+    /// What few validations have. A program has a million, and a walk over them waits for memory.
+    struct Extras {
+        QVariant nominal;
+        BinIds binIds = NoBinIds;
+    };
+    Extras& NeedExtras();
+    long BinIdOf(BinId bin) const;
     const Property* FindProperty(const QString& name) const;
     bool SetLimitValue(QVariant& limit, const QVariant& value);
     bool SetScaleFactor(const QVariant& value);
 
-    std::span<const Property> m_properties;
-    bool m_inverted = false;
-    BinIds m_binIds;
+    std::unique_ptr<Extras> m_extras;
 };
 
 } // namespace ZYN

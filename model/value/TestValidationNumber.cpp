@@ -34,7 +34,7 @@ std::optional<bool> TestValidationNumber::IsInside(const QVariant& value) const
 
 TestValidationInt::TestValidationInt(int unitCode, const char* lowerOperator, const char* upperOperator,
                                      qint64 lower, qint64 upper, const BinIds& binIds)
-    : TestValidationNumber(IntProperties, unitCode, ValueDisplay::ScaleNone, Limit(lowerOperator, lower),
+    : TestValidationNumber(unitCode, ValueDisplay::ScaleNone, Limit(lowerOperator, lower),
                            Limit(upperOperator, upper), binIds)
 {
 }
@@ -48,11 +48,10 @@ QVariant TestValidationInt::ToLimit(const QVariant& value) const
 TestValidationReal::TestValidationReal(int unitCode, const char* lowerOperator, const char* upperOperator,
                                        double lower, double upper, const BinIds& binIds,
                                        ValueDisplay::ScaleFactor factor, double nominal)
-    : TestValidationNumber(RealProperties, unitCode, factor, Limit(lowerOperator, lower),
-                           Limit(upperOperator, upper), binIds)
+    : TestValidationNumber(unitCode, factor, Limit(lowerOperator, lower), Limit(upperOperator, upper), binIds)
 {
     if (!std::isnan(nominal))
-        m_nominal = nominal;
+        SetNominal(nominal);
 }
 
 QVariant TestValidationReal::ToLimit(const QVariant& value) const

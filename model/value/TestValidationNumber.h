@@ -37,6 +37,7 @@ public:
                       qint64 upper, const BinIds& binIds);
 
 protected:
+    std::span<const Property> Properties() const override { return IntProperties; }
     QVariant ToLimit(const QVariant& value) const override;
 };
 
@@ -48,6 +49,7 @@ public:
                        double upper, const BinIds& binIds, ValueDisplay::ScaleFactor factor, double nominal);
 
 protected:
+    std::span<const Property> Properties() const override { return RealProperties; }
     QVariant ToLimit(const QVariant& value) const override;
 };
 

@@ -7,7 +7,7 @@ namespace ZYN {
 TestValidationString::TestValidationString(int unitCode, const char* lowerOperator, const QString& text,
                                            long binIdFail, long binIdPass, long softBinIdFail,
                                            long softBinIdPass)
-    : TestValidation(StringProperties, unitCode, ValueDisplay::ScaleNone, Limit(lowerOperator, text),
+    : TestValidation(unitCode, ValueDisplay::ScaleNone, Limit(lowerOperator, text),
                      Limit(nullptr, QVariant()),
                      BinIds{binIdFail, -1, binIdPass, softBinIdFail, -1, softBinIdPass})
 {

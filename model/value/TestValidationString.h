@@ -12,6 +12,7 @@ public:
                          long binIdPass, long softBinIdFail, long softBinIdPass);
 
 protected:
+    std::span<const Property> Properties() const override { return StringProperties; }
     QVariant ToLimit(const QVariant& value) const override;
     std::optional<bool> IsInside(const QVariant& value) const override;
 

@@ -14,7 +14,7 @@ bool CReportBuilderFailures::BeginTestMeasurement(TestMeasurement* measurement, 
     if (result->GetResult() >= 0)
         return true;
     const ReportText::Row row(measurement, result, nullptr);
-    stream << ReportText::Ident(row) << '\t' << ReportText::Name(row).simplified() << '\t'
+    stream << ReportText::Ident(row) << '\t' << measurement->GetName().simplified() << '\t'
            << ReportText::PlainValue(row) << '\t' << ReportText::Unit(row) << Qt::endl;
     return true;
 }

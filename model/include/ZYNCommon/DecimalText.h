@@ -4,6 +4,8 @@
 
 #include <QtCore/QString>
 
+#include <optional>
+
 namespace ZYN::DecimalText {
 
 /// The shortest decimal that reads back as exactly this number, multiplied with a power of ten by moving
@@ -22,6 +24,15 @@ ZYNCOMMON_EXPORT QString FromInteger(quint64 value, int shift = 0);
 /// \param ok set to whether the text is a number ("nan", "inf", "-inf" are; "1e999" is not)
 /// \return 0.0 when it is not
 ZYNCOMMON_EXPORT double ToReal(QStringView text, int shift = 0, bool* ok = nullptr);
+
+/// A number as a whole number of units of ten to the power of `-places`.
+struct FewDigits {
+    quint64 digits = 0;
+    int places = 0;
+};
+/// The shortest decimal of a number that has up to 15 digits and 15 places, as instruments give them; much
+/// faster than the general conversion. Nothing for other numbers, and for negative ones.
+ZYNCOMMON_EXPORT std::optional<FewDigits> ToFewDigits(double number);
 
 /// Lower-case digits in two's complement, without a prefix; 64 bits for negative numbers.
 ZYNCOMMON_EXPORT QString ToDigits(qint64 value, int base);

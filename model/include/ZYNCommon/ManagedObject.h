@@ -40,6 +40,9 @@ public:
     /// Numeric identifier; a plain member because the file formats read it as such.
     long id;
 
+protected:
+    const QString& StoredName() const { return m_name; }
+
 private:
     QString m_name;
     QMap<QString, QString> m_parameters;

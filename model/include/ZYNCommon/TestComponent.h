@@ -30,17 +30,19 @@ public:
     TestComponent(long id, const QString& name, EN_ZYN_ADDRESS type, unsigned int sourceLine);
     ~TestComponent() override;
 
-    QString GetName() const override;
+    QString GetName() const final;
+    /// The name, lent until it is changed: copying it costs some formats as much as writing it.
+    const QString& GetNameView() const { return StoredName(); }
     /// The ident text: the one that was set or else the decimal of the numeric id.
     QString GetIdentString() const;
     /// Whether an ident text was set.
-    bool HasIdentString() const { return !m_ident.isNull(); }
+    bool HasIdentString() const { return m_extras && !m_extras->ident.isNull(); }
     void SetIdentString(const QString& ident);
     /// Text of the address code, as `ZYNTools::AddressToDataTypeString` gives it.
     QString GetTypeString() const;
 
     /// Whether the component is reported. Null: no such control, the component is reported.
-    CtrlLogInReport* GetLogInReportCtrl() const { return m_logInReport.get(); }
+    CtrlLogInReport* GetLogInReportCtrl() const { return m_extras ? m_extras->logInReport.get() : nullptr; }
     CtrlEnable* GetEnableCtrl() const;
     /// The component's own validation (the plan's limits). Null: no such control.
     virtual CtrlValidation* GetValidationCtrl() const;
@@ -73,12 +75,21 @@ public:
     unsigned int sourceLine;
 
 private:
-    QString m_ident;
+    /// What few components have. A program has a million measurements, and a walk over them waits for memory.
+    struct Extras {
+        Extras();
+        ~Extras();
+
+        QString ident;
+        std::unique_ptr<CtrlLogInReport> logInReport;
+        std::unique_ptr<CtrlEnable> enable;
+        std::unique_ptr<CtrlAttributes> attributes;
+        std::unique_ptr<CtrlTestPlanValues> testPlanValues;
+    };
+    Extras& NeedExtras();
+
     TestResult* m_result = nullptr;
-    std::unique_ptr<CtrlLogInReport> m_logInReport;
-    std::unique_ptr<CtrlEnable> m_enable;
-    std::unique_ptr<CtrlAttributes> m_attributes;
-    std::unique_ptr<CtrlTestPlanValues> m_testPlanValues;
+    std::unique_ptr<Extras> m_extras;
     bool m_testplanDisabled = false;
 };
 

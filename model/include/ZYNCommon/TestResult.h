@@ -8,7 +8,7 @@
 #include <QtCore/QString>
 #include <QtCore/QVariant>
 
-#include <optional>
+#include <memory>
 
 namespace ZYN {
 
@@ -92,17 +92,24 @@ private:
     }
     EN_ZYN_RESULT DerivedResult() const;
 
+    /// Texts that few results have.
+    struct Remarks {
+        QString comment;
+        QString attribute;
+    };
+    Remarks& NeedRemarks();
+
     QSharedPointer<TestComponent> m_component;
     QSharedPointer<ValidationInterface> m_validation;
     const TestResultSet* m_set = nullptr;
+    QVariant m_value;
+    EN_ZYN_RESULT m_result = ZYN_RESULT_NOT_TESTED;
+    bool m_hasResult = false; ///< else it is derived
     /// The set holds a later result of the component.
     bool m_superseded = false;
-    QVariant m_value;
-    QString m_comment;
-    QString m_attribute;
-    QString m_time;
     double m_duration = 0.0;
-    std::optional<EN_ZYN_RESULT> m_result;
+    QString m_time;
+    std::unique_ptr<Remarks> m_remarks;
 };
 
 } // namespace ZYN

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ZYNCommon/SharedAt.h>
 #include <ZYNCommon/TestComponent.h>
 
 #include <QtCore/QHash>
@@ -24,9 +25,12 @@ public:
              const QString& description);
     ~TestStep() override;
 
-    int GetMeasurementCount() const;
+    int GetMeasurementCount() const { return static_cast<int>(m_measurements.size()); }
     /// The measurement at an index from 0; null outside the range. Valid until the next one is added.
-    const QSharedPointer<TestMeasurement>& GetMeasurementForIndex(int index) const;
+    const QSharedPointer<TestMeasurement>& GetMeasurementForIndex(int index) const
+    {
+        return SharedAt(m_measurements, index);
+    }
     /// The first measurement that was added with this id, or null. Constant time.
     QSharedPointer<TestMeasurement> GetMeasurementForID(long id) const;
     /// \return the index of the measurement, -1 for null

@@ -24,6 +24,12 @@ enum class ValueKind { None, Integer, Real, Text };
 
 inline constexpr auto Id = [](const ManagedObject* object) { return object->number; };
 inline constexpr auto NumberAsIdent = [](const TestComponent*) { return std::optional<long>(); };
+inline constexpr auto NameView = [](const TestComponent* component) { return component->GetName(); };
+struct FewDigitsOf {
+    quint64 digits;
+    int places;
+};
+inline constexpr auto FewDigits = [](double) { return std::optional<FewDigitsOf>(); };
 inline constexpr auto TypeCode = [](const TestComponent* component) { return component->kind; };
 inline constexpr auto MeasuredType = [](const TestResult* result) { return result->component->kind; };
 inline constexpr auto SourceLine = [](const TestComponent* component) { return component->line; };
