@@ -1,17 +1,11 @@
-#include "support/Files.h"
-#include "support/Program.h"
-#include "support/Rows.h"
 #include "support/SampleModels.h"
-#include "support/SampleProgram.h"
+#include "support/Test.h"
 
 #include "export/CExportDirectorReport.h"
 #include "report/CReportBuilderPDF.h"
 
 #include <ZYNPersistence/CExportServiceReport.h>
 
-#include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QXmlStreamReader>
 #include <QtGui/QImage>
 
 #include <algorithm>
@@ -53,21 +47,6 @@ Layout Read(const QString& pdf)
     return layout;
 }
 
-/// A unit whose one step has this many measurements.
-QSharedPointer<UUTTest> UnitWithRows(int rows, const QString& name)
-{
-    SampleModels::ProgramWriter writer(1, "Rows");
-    SampleModels::RunWriter run(writer.program, nullptr, 1);
-    run.Verdict(writer.program, 1);
-    run.Verdict(writer.Group(2, "Group"), 1);
-    run.Verdict(writer.Step(3, "Step"), 1);
-    for (int row = 1; row <= rows; ++row)
-        run.Value(writer.Measurement(row, name.arg(row), ZYN_ADDRESS_INTEGER), row);
-    auto test = QSharedPointer<UUTTest>::create(1, "Unit");
-    test->AssignResultSet(run.Take());
-    return test;
-}
-
 } // namespace
 
 /// Reads the PDF back with Poppler's tools.
@@ -100,7 +79,7 @@ private slots:
     void everyRowStandsWholeAndInOrder()
     {
         const auto [rows, name] = CurrentRow<int, QString>();
-        const Layout layout = Read(Export(UnitWithRows(rows, name).get()));
+        const Layout layout = Read(Export(SampleModels::UnitWithRows(rows, name).get()));
         QVERIFY2(layout.pages.size() > 1 && (name.startsWith("W") || layout.pages.size() <= 1 + rows / 35),
                  qPrintable(QString::number(layout.pages.size())));
         QStringList seen;
@@ -143,7 +122,7 @@ private slots:
         }
         QString name = "<img src=\"%2\"/><img src=\"file://%2\"/><link rel=\"stylesheet\" href=\"%2\"/>"
                        "<table background=\"%2\" style=\"background-image:url(%2)\"><tr><td>row %1";
-        const auto unit = UnitWithRows(1, name.replace("%2", Path("secret.png")));
+        const auto unit = SampleModels::UnitWithRows(1, name.replace("%2", Path("secret.png")));
         const auto images = Program::Run("pdfimages", {"-list", Export(unit.get(), Path("logo.png"))}).output;
         QVERIFY2(QString(images).contains(QRegularExpression(" 61 +47 ")), images);
         QVERIFY2(!QString(images).contains(QRegularExpression(" 53 +59 ")), images);
@@ -153,7 +132,7 @@ private slots:
     {
         CReportBuilderPDF builder;
         const auto write = [&](const QString& rowName, const QString& fileName, bool broken = false) {
-            const auto unit = UnitWithRows(1, rowName + "%1");
+            const auto unit = SampleModels::UnitWithRows(1, rowName + "%1");
             if (broken)
                 unit->AssignResultSet(new TestResultSet(nullptr, nullptr));
             return builder.OpenFile(Path(fileName)) &&

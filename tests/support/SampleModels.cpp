@@ -2,17 +2,6 @@
 
 #include "SampleProgram.h"
 
-#include <ZYNCommon/CtrlLogInReport.h>
-#include <ZYNCommon/Fixture.h>
-#include <ZYNCommon/MeasurementUnit.h>
-#include <ZYNCommon/ProductType.h>
-#include <ZYNCommon/ProductTypeMultiPanel.h>
-#include <ZYNCommon/ProductionLot.h>
-#include <ZYNCommon/Station.h>
-#include <ZYNCommon/UnitUnderTest.h>
-#include <ZYNCommon/WorkSpace.h>
-#include <ZYNCommon/ZYNSession.h>
-
 namespace ZYN::SampleModels {
 
 namespace {
@@ -225,6 +214,20 @@ QSharedPointer<UUTTest> ExcludedComponents()
     run.Verdict(writer.Step(421, "In an excluded group"), 1.0);
 
     const QSharedPointer<UUTTest> test = SampleTest(4, "SN000456");
+    test->AssignResultSet(run.Take());
+    return test;
+}
+
+QSharedPointer<UUTTest> UnitWithRows(int rows, const QString& name)
+{
+    ProgramWriter writer(1, "Rows");
+    RunWriter run(writer.program, nullptr, 1);
+    run.Verdict(writer.program, 1);
+    run.Verdict(writer.Group(2, "Group"), 1);
+    run.Verdict(writer.Step(3, "Step"), 1);
+    for (int row = 1; row <= rows; ++row)
+        run.Value(writer.Measurement(row, name.arg(row), ZYN_ADDRESS_INTEGER), row);
+    auto test = QSharedPointer<UUTTest>::create(1, "Unit");
     test->AssignResultSet(run.Take());
     return test;
 }

@@ -1,11 +1,8 @@
 #pragma once
 
-#include <ZYNCommon/UUTTest.h>
+#include "Model.h"
 
 #include <QtCore/QDateTime>
-#include <QtCore/QSharedPointer>
-#include <QtCore/QString>
-#include <QtCore/QStringList>
 
 #include <optional>
 
@@ -28,6 +25,8 @@ QSharedPointer<UUTTest> HostileNames();
 /// A unit with components of every kind that are not to be reported. The program, the groups and the
 /// steps have controls of their own that say so.
 QSharedPointer<UUTTest> ExcludedComponents();
+/// A unit whose one step has this many measurements; %1 in their name becomes their number.
+QSharedPointer<UUTTest> UnitWithRows(int rows, const QString& name);
 
 /// A sample and how it is reported: one folder below tests/golden.
 struct ReportCase {

@@ -1,7 +1,5 @@
 #include "SampleProgram.h"
 
-#include <ZYNCommon/Station.h>
-
 #include <QtCore/QDateTime>
 
 #include <limits>

@@ -1,17 +1,7 @@
 #pragma once
 
-#include <ZYNCommon/TestComponentFactory.h>
-#include <ZYNCommon/TestGroup.h>
-#include <ZYNCommon/TestMeasurement.h>
-#include <ZYNCommon/TestParameter.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/TestResult.h>
-#include <ZYNCommon/TestResultSet.h>
-#include <ZYNCommon/TestStep.h>
-#include <ZYNCommon/ValidationInterface.h>
+#include "Model.h"
 
-#include <QtCore/QSharedPointer>
-#include <QtCore/QString>
 #include <QtCore/QVariant>
 
 namespace ZYN::SampleModels {

@@ -1,14 +1,6 @@
 #include "SampleModels.h"
 #include "SampleProgram.h"
 
-#include <ZYNCommon/CtrlValidation.h>
-#include <ZYNCommon/MeasurementUnit.h>
-#include <ZYNCommon/ProductType.h>
-#include <ZYNCommon/ProductionLot.h>
-#include <ZYNCommon/UnitUnderTest.h>
-#include <ZYNCommon/WorkSpace.h>
-#include <ZYNCommon/ZYNSession.h>
-
 #include <limits>
 
 namespace ZYN::SampleModels {

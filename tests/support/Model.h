@@ -1,0 +1,44 @@
+#pragma once
+
+/// \file
+/// The whole model, for tests that make or look at one.
+
+#include <ZYNCommon/CtrlAttributes.h>
+#include <ZYNCommon/CtrlEnable.h>
+#include <ZYNCommon/CtrlLogInReport.h>
+#include <ZYNCommon/CtrlTestPlanValues.h>
+#include <ZYNCommon/CtrlValidation.h>
+#include <ZYNCommon/Fixture.h>
+#include <ZYNCommon/LimitOperator.h>
+#include <ZYNCommon/MeasurementUnit.h>
+#include <ZYNCommon/ProductType.h>
+#include <ZYNCommon/ProductTypeMultiPanel.h>
+#include <ZYNCommon/ProductionLot.h>
+#include <ZYNCommon/Station.h>
+#include <ZYNCommon/StatisticsCollector.h>
+#include <ZYNCommon/StatisticsData.h>
+#include <ZYNCommon/StatisticsDataDecoration.h>
+#include <ZYNCommon/StatisticsDataReport.h>
+#include <ZYNCommon/TestComponentAttr.h>
+#include <ZYNCommon/TestComponentFactory.h>
+#include <ZYNCommon/TestGroup.h>
+#include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestParameter.h>
+#include <ZYNCommon/TestPlan.h>
+#include <ZYNCommon/TestPlanCategory.h>
+#include <ZYNCommon/TestPlanData.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResult.h>
+#include <ZYNCommon/TestResultSet.h>
+#include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/UUTTest.h>
+#include <ZYNCommon/UnitUnderTest.h>
+#include <ZYNCommon/ValidationInterface.h>
+#include <ZYNCommon/ValueComperator.h>
+#include <ZYNCommon/ValueDisplay.h>
+#include <ZYNCommon/WorkSpace.h>
+#include <ZYNCommon/ZYNApplication.h>
+#include <ZYNCommon/ZYNSession.h>
+#include <ZYNCommon/ZYNTools.h>
+#include <ZYNCommon/ZYNTypes.h>
+#include <ZYNCommon/ZYNUser.h>
