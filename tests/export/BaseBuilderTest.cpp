@@ -1,11 +1,7 @@
-#include "support/Files.h"
-#include "support/Rows.h"
+
+#include "support/Test.h"
 
 #include "report/CReportBuilderStream.h"
-
-#include <QtCore/QBuffer>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
 
 #include <memory>
 

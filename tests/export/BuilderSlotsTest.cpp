@@ -1,5 +1,5 @@
-#include "RecordingBuilder.h"
-#include "WalkModel.h"
+#include "RecordedWalk.h"
+#include "support/Test.h"
 
 #include "export/CExportBuilderDelegation.h"
 #include "export/CExportDirectorReport.h"
@@ -7,14 +7,11 @@
 
 #include <ZYNCommon/StatisticsDataReport.h>
 
-#include <QtCore/QBuffer>
-#include <QtTest/QtTest>
-
 #include <array>
 #include <cstring>
 
 using namespace ZYN;
-using namespace ZYN::WalkModel;
+using namespace ZYN::RecordedWalk;
 
 namespace {
 
@@ -91,7 +88,7 @@ private slots:
     /// The three walks together call every operation.
     void DelegationForwardsEverySlot()
     {
-        const Program program;
+        const WalkedProgram program;
         UUTTest panel(1, "U");
         FillHeader(panel);
         panel.AssignResultSet(program.Run(1));

@@ -1,16 +1,13 @@
+#include "support/Test.h"
+
 #include "export/CExportServicePrivate.h"
 #include "report/CReportBuilderStream.h"
-#include "support/Files.h"
-#include "support/Rows.h"
 
 #include <ZYNPersistence/CExportServiceReport.h>
 #include <ZYNPersistence/CExportServiceStatistics.h>
 #include <ZYNPersistence/CExportServiceTestPlan.h>
 
 #include <ZYNCommon/UUTTest.h>
-
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
 
 #include <new>
 #include <stdexcept>
@@ -52,19 +49,6 @@ private slots:
         verifyFailures(report, static_cast<UUTTest*>(nullptr));
         verifyFailures(statistics, static_cast<StatisticsDataReport*>(nullptr));
         verifyFailures(plan, static_cast<TestProgram*>(nullptr));
-    }
-
-    void NullModel()
-    {
-        const QString fileName = Files::Write(Path("old.xml"), "old report");
-        CExportServiceReport service;
-        QVERIFY(service.SetFormat("XML"));
-        service.SetOutputFileName(fileName);
-        QVERIFY(!service.Export(static_cast<UUTTest*>(nullptr)));
-        QCOMPARE(service.GetErrorText(), QString());
-        QVERIFY(!service.OutputComplete());
-        // The file was opened before the walk found nothing to do.
-        QCOMPARE(Files::Content(fileName), QByteArray());
     }
 
     void DefaultLogo_data()
@@ -126,10 +110,6 @@ private slots:
         QVERIFY(!service.OutputComplete());
         QVERIFY(service.Run(document));
         QVERIFY(service.OutputComplete());
-
-        service.fileName = Path("missing/document");
-        QVERIFY(!service.Run(document));
-        QVERIFY(!service.OutputComplete());
     }
 
     void ExceptionsStayInside()

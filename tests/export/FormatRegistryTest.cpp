@@ -1,7 +1,6 @@
-#include "support/Rows.h"
-#include <ZYNPersistence/CExportServiceReport.h>
+#include "support/Test.h"
 
-#include <QtTest/QtTest>
+#include <ZYNPersistence/CExportServiceReport.h>
 
 using namespace ZYN;
 using namespace Qt::StringLiterals;
@@ -57,13 +56,6 @@ private slots:
     {
         const auto [format] = CurrentRow<QString>();
         QCOMPARE(CExportServiceReport::FormatForExtension(QTest::currentDataTag()), format);
-    }
-
-    void FileDialogFilter()
-    {
-        QCOMPARE(CExportServiceReport::FileNameFilter(),
-                 u"XML File (*.xml);;PDF File (*.pdf);;HTML File (*.html);;CSV File (*.csv);;"
-                 "Text File (*.txt);;JSON File (*.json)"_s);
     }
 };
 

@@ -1,22 +1,12 @@
 #include "export/FaultDevices.h"
-#include "support/Files.h"
+#include "support/Model.h"
 #include "support/ReportRun.h"
-#include "support/Rows.h"
+#include "support/Test.h"
 
 #include "export/CExportBuilderImp.h"
 #include "export/CExportDirectorReport.h"
 #include "export/Environment.h"
 #include "export/FormatRegistry.h"
-
-#include <ZYNCommon/TestGroup.h>
-#include <ZYNCommon/TestMeasurement.h>
-#include <ZYNCommon/TestParameter.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/TestResultSet.h>
-#include <ZYNCommon/TestStep.h>
-
-#include <QtCore/QBuffer>
-#include <QtCore/QTemporaryDir>
 
 #include <memory>
 
@@ -99,27 +89,6 @@ private Q_SLOTS:
         walk(sample->test.get());
         QVERIFY(!builder->OutputComplete());
         verifyNext();
-    }
-
-    void PanelItemWithoutUnit()
-    {
-        QBuffer buffer;
-        const Builder builder = MakeBuilder("HTML");
-        builder->SetDevice(&buffer);
-        builder->Open();
-        UUTTest item(1, QString());
-        const auto begin = [&] {
-            const qsizetype before = buffer.data().size();
-            builder->BeginUUTTest(&item);
-            return buffer.data().mid(before);
-        };
-        builder->BeginSubUnitTest();
-        QVERIFY(begin().startsWith("<hr><br><p class=\"headline\">Panel Item</p>\n<table"));
-        builder->EndUUTTest(&item);
-        builder->EndSubUnitTest();
-        // The next one is no panel item.
-        QVERIFY(begin().startsWith("<table"));
-        builder->SetDevice(nullptr);
     }
 };
 

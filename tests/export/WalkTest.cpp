@@ -1,13 +1,13 @@
-#include "RecordingBuilder.h"
-#include "WalkModel.h"
-#include "support/Rows.h"
+#include "RecordedWalk.h"
+#include "support/Test.h"
 
 #include "export/CExportDirectorReport.h"
+#include "export/CExportDirectorTestPlan.h"
 
-#include <QtTest/QtTest>
+#include <ZYNCommon/StatisticsDataReport.h>
 
 using namespace ZYN;
-using namespace ZYN::WalkModel;
+using namespace ZYN::RecordedWalk;
 
 namespace {
 
@@ -16,7 +16,8 @@ const QString header = "BeginUUTTest U, UnitUnderTest board, ProductType type, P
 
 } // namespace
 
-class ReportWalkTest : public QObject {
+/// What the directors call, in which order: for reports, test plans and statistics.
+class WalkTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -53,7 +54,7 @@ private slots:
     void ResultSet()
     {
         const auto [refused, withoutResult, trace] = CurrentRow<QString, QStringList, QString>();
-        const Program program;
+        const WalkedProgram program;
         const std::unique_ptr<TestResultSet> set(program.Run(7, withoutResult));
         RecordingBuilder builder;
         builder.refused = QStringList(refused);
@@ -62,76 +63,42 @@ private slots:
         QCOMPARE(builder.Trace(), Trace(trace));
     }
 
-    void ResultSetLeavesAnOpenedBuilderOpen()
-    {
-        const std::unique_ptr<TestResultSet> set(Program().Run(7, {"P"}));
-        RecordingBuilder builder;
-        builder.opened = true;
-
-        QVERIFY(CExportDirectorReport().ExportTestResultSet(set.get(), &builder));
-        QCOMPARE(builder.calls, QStringList({"BeginTestResultSet #7", "EndTestResultSet #7"}));
-        QVERIFY(builder.opened);
-    }
-
     void NothingToWalk()
     {
         CExportDirectorReport director;
-        const std::unique_ptr<TestResultSet> set(Program().Run(7));
+        CExportDirectorTestPlan planDirector;
+        const WalkedProgram program;
+        const std::unique_ptr<TestResultSet> set(program.Run(7));
         TestResultSet withoutProgram({}, {});
         UUTTest test(1, "U");
+        StatisticsDataReport statistics;
         RecordingBuilder builder;
 
+        QVERIFY(!director.AcceptComponent(nullptr));
         QVERIFY(!director.ExportTestResultSet(nullptr, &builder));
         QVERIFY(!director.ExportTestResultSet(set.get(), nullptr));
         QVERIFY(!director.ExportTestResultSet(&withoutProgram, &builder));
         QVERIFY(!director.ExportUUTTest(nullptr, &builder));
         QVERIFY(!director.ExportUUTTest(&test, nullptr));
+        QVERIFY(!planDirector.ExportTestPlan(nullptr, &builder));
+        QVERIFY(!planDirector.ExportTestPlan(program.program.data(), nullptr));
+        QVERIFY(!CExportDirectorBase::ExportStatistics(nullptr, &builder));
+        QVERIFY(!CExportDirectorBase::ExportStatistics(&statistics, nullptr));
+        builder.opened = true;
+        QVERIFY(!CExportDirectorBase::ExportStatistics(&statistics, &builder));
         QCOMPARE(builder.calls, QStringList());
+        QVERIFY(builder.opened);
 
-        builder.refused = {"Open"};
-        QVERIFY(!director.ExportTestResultSet(set.get(), &builder));
-        QVERIFY(!director.ExportUUTTest(&test, &builder));
-        QCOMPARE(builder.calls, QStringList({"Open", "Open"}));
-    }
-
-    void Filter_data()
-    {
-        const Rows<QString, QString> row;
-        row("group", "G1", "G1 A B S1 M1 M2 S2");
-        row("parameter", "A", "A");
-        row("step", "S1", "S1 M1 M2");
-        row("measurement", "M1", "M1");
-        row("program is not filtered", "P", QString());
-    }
-    void Filter()
-    {
-        const auto [hidden, missing] = CurrentRow<QString, QString>();
-        const Program program;
-        const std::unique_ptr<TestResultSet> set(program.Run(7));
-        RecordingBuilder everything;
-        CExportDirectorReport director;
-        QVERIFY(director.ExportTestResultSet(set.get(), &everything));
-
-        program.Hide(hidden);
-        RecordingBuilder ignoring;
-        director.ignoreReportFlag = true;
-        QVERIFY(director.ExportTestResultSet(set.get(), &ignoring));
-        QCOMPARE(ignoring.calls, everything.calls);
-
-        RecordingBuilder filtered;
-        director.ignoreReportFlag = false;
-        QVERIFY(director.ExportTestResultSet(set.get(), &filtered));
-        QStringList expected = everything.calls;
-        for (const QString& name : missing.split(' ', Qt::SkipEmptyParts))
-            expected.removeIf(
-                [&](const QString& line) { return line.section(' ', 1).section('(', 0, 0) == name; });
-        QCOMPARE(filtered.calls, expected);
-        QVERIFY(!director.AcceptComponent(nullptr));
+        RecordingBuilder stuck;
+        stuck.refused = {"Open"};
+        QVERIFY(!director.ExportTestResultSet(set.get(), &stuck));
+        QVERIFY(!director.ExportUUTTest(&test, &stuck));
+        QCOMPARE(stuck.calls, QStringList({"Open", "Open"}));
     }
 
     void Unit()
     {
-        const Program program;
+        const WalkedProgram program;
         UUTTest test(1, "U");
         FillHeader(test);
         test.AssignResultSet(program.Run(1, {"P"}));
@@ -165,7 +132,7 @@ private slots:
 
     void PanelItems()
     {
-        const Program program;
+        const WalkedProgram program;
         UUTTest panel(1, "U");
         FillHeader(panel);
         const auto item = QSharedPointer<UUTTest>::create(2, "I1");
@@ -189,28 +156,78 @@ private slots:
             EndSubUnitTests, Close)"));
     }
 
-    void UnitWithASetWithoutProgram()
+    void Plan_data()
     {
-        for (const bool inItem : {false, true}) {
-            const Program program;
-            UUTTest test(1, "U");
-            const auto item = QSharedPointer<UUTTest>::create(2, "I");
-            test.AddUUTTest(item);
-            test.AddUUTTest(QSharedPointer<UUTTest>::create(3, "never reached"));
-            UUTTest& broken = inItem ? *item : test;
-            broken.AssignResultSet(program.Run(1, {"P"}));
-            broken.AssignResultSet(new TestResultSet({}, {}));
-            broken.AssignResultSet(program.Run(3));
+        const Rows<QString, QString> row;
+        row("whole", "", R"(
+            Open, BeginTestProgram P
+              BeginTestGroup G1
+                TestParameter A, TestParameter B
+                BeginTestStep S1, TestMeasurement M1, TestMeasurement M2, EndTestStep S1
+                TestStep S2
+              EndTestGroup G1
+              BeginTestGroup G2
+                BeginTestStep S3, TestMeasurement M3, EndTestStep S3
+              EndTestGroup G2
+            EndTestProgram P, Close)");
+        row("program refused", "BeginTestProgram P", "Open, BeginTestProgram P, Close");
+        row("groups refused", "BeginTestGroup G1, BeginTestGroup G2",
+            "Open, BeginTestProgram P, BeginTestGroup G1, BeginTestGroup G2, EndTestProgram P, Close");
+        row("cannot be opened", "Open", "Open");
+    }
+    void Plan()
+    {
+        const auto [refused, trace] = CurrentRow<QString, QString>();
+        const WalkedProgram program;
+        program.Hide("G1");
+        program.Hide("M1");
+        RecordingBuilder builder;
+        builder.refused = Trace(refused);
+        // The plan is opened also where the builder was open already.
+        builder.opened = true;
 
-            RecordingBuilder builder;
-            QVERIFY(!CExportDirectorReport().ExportUUTTest(&test, &builder));
-            const QString before = inItem ? "BeginSubUnitTests, BeginSubUnitTest, BeginUUTTest I, " : "";
-            QCOMPARE(builder.Trace(),
-                     Trace("Open, UUTTest U, " + before + "BeginTestResults, TestResultSet #1"));
-            QVERIFY(builder.opened);
+        QCOMPARE(CExportDirectorTestPlan().ExportTestPlan(program.program.data(), &builder),
+                 refused != "Open");
+        QCOMPARE(builder.Trace(), Trace(trace));
+        QVERIFY(!builder.opened);
+    }
+
+    void Statistics_data()
+    {
+        const Rows<bool, QString, QString> row;
+        row("everything", true, "",
+            "Open, Session machine, ProductType type, UnitUnderTest board, TestProgram P, StatisticsData M1, "
+            "StatisticsData M2, Close");
+        const QString refused = "BeginSession machine, BeginProductType type, BeginUnitUnderTest board, "
+                                "BeginTestProgram P, BeginStatisticsData M1, BeginStatisticsData M2";
+        row("all refused", true, refused, "Open, " + refused + ", Close");
+        row("nothing there", false, "BeginUnitUnderTest null",
+            "Open, Session null, ProductType null, BeginUnitUnderTest null, TestProgram null, Close");
+        row("cannot be opened", true, "Open", "Open");
+    }
+    void Statistics()
+    {
+        const auto [filled, refused, trace] = CurrentRow<bool, QString, QString>();
+        const WalkedProgram program;
+        StatisticsDataReport report;
+        if (filled) {
+            auto* const session = new ZYNSession;
+            session->SetMachineName("machine");
+            report.SetSession(session);
+            report.SetProductType(QSharedPointer<ProductType>::create(1, "type"));
+            report.SetUnitUnderTest(QSharedPointer<UnitUnderTest>::create(1, "board"));
+            report.SetTestProgram(program.program);
+            for (const char* name : {"M1", "M2"})
+                report.AddTestData(new StatisticsData(program.components[name]));
         }
+        RecordingBuilder builder;
+        builder.refused = Trace(refused);
+
+        QCOMPARE(CExportDirectorBase::ExportStatistics(&report, &builder), refused != "Open");
+        QCOMPARE(builder.Trace(), Trace(trace));
+        QVERIFY(!builder.opened);
     }
 };
 
-QTEST_GUILESS_MAIN(ReportWalkTest)
-#include "ReportWalkTest.moc"
+QTEST_GUILESS_MAIN(WalkTest)
+#include "WalkTest.moc"
