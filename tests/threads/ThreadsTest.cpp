@@ -1,12 +1,9 @@
 #include "support/SampleModels.h"
+#include "support/Test.h"
 #include "testplan/SamplePlan.h"
 
 #include "export/Environment.h"
 
-#include <ZYNCommon/StatisticsCollector.h>
-#include <ZYNCommon/StatisticsDataReport.h>
-#include <ZYNCommon/TestPlan.h>
-#include <ZYNCommon/TestProgram.h>
 #include <ZYNPersistence/BinningReader.h>
 #include <ZYNPersistence/CExportServiceReport.h>
 #include <ZYNPersistence/CExportServiceStatistics.h>
@@ -14,18 +11,12 @@
 #include <ZYNPersistence/CImportServiceReport.h>
 #include <ZYNPersistence/CReadServiceTestPlan.h>
 
-#include <QtCore/QMap>
-#include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
-
 #include <barrier>
 #include <memory>
 #include <thread>
 #include <vector>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -43,15 +34,14 @@ public:
 
     Results Run()
     {
-        for (const QString& format :
-             {u"XML"_s, u"TXT"_s, u"CSV"_s, u"HTML"_s, u"PDF"_s, u"JSON"_s, u"STDF"_s})
+        for (const QString format : {"XML", "TXT", "CSV", "HTML", "PDF", "JSON", "STDF"})
             WriteReports(format);
-        WriteStatistics(u"XML"_s);
-        WriteStatistics(u"CSV"_s);
+        WriteStatistics("XML");
+        WriteStatistics("CSV");
         WriteAndReadPlan();
-        ReadReport(u"panel.XML"_s);
-        Save(u"broken.zyr"_s, results.value(u"panel.XML"_s).first(5000));
-        ReadReport(u"broken.zyr"_s);
+        ReadReport("panel.XML");
+        Files::Write(Path("broken.zyr"), results.value("panel.XML").first(5000));
+        ReadReport("broken.zyr");
         ReadBins();
         return results;
     }
@@ -59,21 +49,12 @@ public:
 private:
     QString Path(const QString& name) const { return folder + u'/' + name; }
 
-    void Save(const QString& name, const QByteArray& content) const
-    {
-        QFile file(Path(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(content) != content.size())
-            qFatal("cannot write the test's input");
-    }
-
     template <class Service, class Model>
     void Write(Service& service, Model* model, const QString& name)
     {
         service.SetOutputFileName(Path(name));
         const bool good = service.Export(model) && service.OutputComplete();
-        QFile file(Path(name));
-        results[name] = good && file.open(QIODevice::ReadOnly) ? file.readAll()
-                                                               : "failed: " + service.GetErrorText().toUtf8();
+        results[name] = good ? Files::Content(Path(name)) : "failed: " + service.GetErrorText().toUtf8();
     }
 
     // The second report of a format goes through a used builder; to an STDF lot file it is a second part.
@@ -81,11 +62,11 @@ private:
     {
         CExportServiceReport service;
         service.SetFormat(format);
-        Write(service, SampleModels::HostileNames().get(), u"names."_s + format);
-        Write(service, SampleModels::Panel().get(), u"panel."_s + format);
+        Write(service, SampleModels::HostileNames().get(), "names." + format);
+        Write(service, SampleModels::Panel().get(), "panel." + format);
         CExportServiceReport second;
         second.SetFormat(format);
-        Write(second, SampleModels::Panel().get(), u"panel."_s + format);
+        Write(second, SampleModels::Panel().get(), "panel." + format);
     }
 
     void WriteStatistics(const QString& format)
@@ -95,44 +76,43 @@ private:
         const std::unique_ptr<StatisticsDataReport> report = collector.TakeReport();
         CExportServiceStatistics service;
         service.SetFormat(format);
-        Write(service, report.get(), u"statistics."_s + format);
+        Write(service, report.get(), "statistics." + format);
     }
 
     void WriteAndReadPlan()
     {
         const QSharedPointer<TestProgram> program = SamplePlan::Program();
         CExportServiceTestPlan service(false);
-        Write(service, program.get(), u"plan.tpl"_s);
+        Write(service, program.get(), "plan.tpl");
         QString error;
-        const std::unique_ptr<TestPlan> plan(
-            CReadServiceTestPlan().ReadTestPlan(Path(u"plan.tpl"_s), &error));
-        results[u"plan as read"_s] = plan ? SamplePlan::Describe(*plan).toUtf8() : error.toUtf8();
+        const std::unique_ptr<TestPlan> plan(CReadServiceTestPlan().ReadTestPlan(Path("plan.tpl"), &error));
+        results["plan as read"] = plan ? SamplePlan::Describe(*plan).toUtf8() : error.toUtf8();
     }
 
     void ReadReport(const QString& name)
     {
         UUTTest test(0, QString());
         CImportServiceReport service;
-        service.SetFormat(u"XML"_s);
+        service.SetFormat("XML");
         service.SetInputFileName(Path(name));
-        QByteArray& findings = results[name + u" findings"_s];
+        QByteArray& findings = results[name + " findings"];
         findings = service.Import(&test) ? "read\n" : "not read\n";
         for (const ImportFinding& finding : service.GetFindings())
-            findings += u"%1:%2 %3\n"_s
+            findings += QString("%1:%2 %3\n")
                             .arg(QString::number(finding.line), QString::number(finding.column), finding.text)
                             .toUtf8();
         CExportServiceReport again;
-        again.SetFormat(u"XML"_s);
-        Write(again, &test, name + u" as read"_s);
+        again.SetFormat("XML");
+        Write(again, &test, name + " as read");
     }
 
     void ReadBins()
     {
-        Save(u"bins.ini"_s, "[BIN1]\n_NAME_=Good\n_TYPE_=HARD\n_RESULT_=PASS\n"
-                            "[BIN7]\n_NAME_=Open\n_TYPE_=SOFT\n_RESULT_=FAIL\n");
+        Files::Write(Path("bins.ini"), "[BIN1]\n_NAME_=Good\n_TYPE_=HARD\n_RESULT_=PASS\n"
+                                       "[BIN7]\n_NAME_=Open\n_TYPE_=SOFT\n_RESULT_=FAIL\n");
         QString error;
-        const Binning binning = BinningReader::read(Path(u"bins.ini"_s), error);
-        results[u"bins as read"_s] = binning.bins.value(7).name.toUtf8() + error.toUtf8();
+        const Binning binning = BinningReader::read(Path("bins.ini"), error);
+        results["bins as read"] = binning.bins.value(7).name.toUtf8() + error.toUtf8();
     }
 
     const QString folder;
@@ -142,7 +122,7 @@ private:
 /// Without what a PDF says about the moment of its making.
 QByteArray WithoutDates(const QByteArray& pdf)
 {
-    static const QRegularExpression date(u"/CreationDate \\([^)]*\\)"_s);
+    static const QRegularExpression date("/CreationDate \\([^)]*\\)");
     return QString::fromLatin1(pdf).remove(date).toLatin1();
 }
 
@@ -154,60 +134,54 @@ QByteArray WithoutDates(const QByteArray& pdf)
 class ThreadsTest : public QObject {
     Q_OBJECT
 
-private slots:
-    void initTestCase();
-    void EachWritesTheSame();
-    void TheClockRuns();
-
 private:
-    std::vector<Results> OnThreads(int count, const QString& name) const;
-
     QTemporaryDir folder;
-};
 
-void ThreadsTest::initTestCase()
-{
-    QVERIFY(QFile::copy(QStringLiteral(ZYN_SOURCE_DIR "/tests/support/ReportLogo.png"),
-                        folder.filePath(u"ReportLogo.png"_s)));
-    qputenv("ZYN_MEDIA_DIR", QFile::encodeName(folder.path()));
-}
-
-std::vector<Results> ThreadsTest::OnThreads(int count, const QString& name) const
-{
-    std::vector<Results> results(static_cast<size_t>(count));
-    std::barrier start(count);
-    std::vector<std::thread> threads;
-    for (Results& result : results)
-        threads.emplace_back(
-            [&, work = Work(folder.filePath(name + QString::number(threads.size())))]() mutable {
-                start.arrive_and_wait();
-                result = work.Run();
-            });
-    for (std::thread& thread : threads)
-        thread.join();
-    return results;
-}
-
-void ThreadsTest::EachWritesTheSame()
-{
-    const Environment::Override fixed(SampleModels::ReportTime(), SampleModels::EngineVersion());
-    const std::vector<Results> results = OnThreads(8, u"together"_s);
-    // In a thread as well: in that of the application Qt draws pictures in another way.
-    const Results alone = OnThreads(1, u"alone"_s).front();
-    QCOMPARE(alone.size(), 2 * 7 + 2 + 2 + 2 * 2 + 1);
-    for (auto it = alone.cbegin(); it != alone.cend(); ++it) {
-        QVERIFY2(!it->isEmpty() && !it->startsWith("failed: "), qPrintable(it.key()));
-        for (const Results& result : results)
-            QVERIFY2(WithoutDates(result.value(it.key())) == WithoutDates(*it), qPrintable(it.key()));
+    std::vector<Results> OnThreads(int count, const QString& name) const
+    {
+        std::vector<Results> results(static_cast<size_t>(count));
+        std::barrier start(count);
+        std::vector<std::thread> threads;
+        for (Results& result : results)
+            threads.emplace_back(
+                [&, work = Work(folder.filePath(name + QString::number(threads.size())))]() mutable {
+                    start.arrive_and_wait();
+                    result = work.Run();
+                });
+        for (std::thread& thread : threads)
+            thread.join();
+        return results;
     }
-}
 
-void ThreadsTest::TheClockRuns()
-{
-    for (const Results& results : OnThreads(8, u"clock"_s))
-        for (auto it = results.cbegin(); it != results.cend(); ++it)
-            QVERIFY2(!it->startsWith("failed: "), qPrintable(it.key()));
-}
+private slots:
+    void initTestCase()
+    {
+        QVERIFY(
+            QFile::copy(ZYN_SOURCE_DIR "/tests/support/ReportLogo.png", folder.filePath("ReportLogo.png")));
+        qputenv("ZYN_MEDIA_DIR", QFile::encodeName(folder.path()));
+    }
+
+    void EachWritesTheSame()
+    {
+        const Environment::Override fixed(SampleModels::ReportTime(), SampleModels::EngineVersion());
+        const std::vector<Results> results = OnThreads(8, "together");
+        // In a thread as well: in that of the application Qt draws pictures in another way.
+        const Results alone = OnThreads(1, "alone").front();
+        QCOMPARE(alone.size(), 2 * 7 + 2 + 2 + 2 * 2 + 1);
+        for (auto it = alone.cbegin(); it != alone.cend(); ++it) {
+            QVERIFY2(!it->isEmpty() && !it->startsWith("failed: "), qPrintable(it.key()));
+            for (const Results& result : results)
+                QVERIFY2(WithoutDates(result.value(it.key())) == WithoutDates(*it), qPrintable(it.key()));
+        }
+    }
+
+    void TheClockRuns()
+    {
+        for (const Results& results : OnThreads(8, "clock"))
+            for (auto it = results.cbegin(); it != results.cend(); ++it)
+                QVERIFY2(!it->startsWith("failed: "), qPrintable(it.key()));
+    }
+};
 
 QTEST_MAIN(ThreadsTest)
 #include "ThreadsTest.moc"

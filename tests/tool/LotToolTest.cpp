@@ -2,12 +2,7 @@
 
 #include "ToolFolder.h"
 #include "support/RelaxNg.h"
-#include "support/Rows.h"
-
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
-#include <QtCore/QRegularExpression>
+#include "support/Test.h"
 
 using namespace ZYN;
 
@@ -49,16 +44,6 @@ private slots:
         QVERIFY(lines.first().startsWith("Ident;"));
         for (const QByteArray& line : lines)
             QCOMPARE(line.count(';'), lines.first().count(';'));
-    }
-
-    void statisticsIsTheSameEveryTime()
-    {
-        for (const QString extension : {"csv", "xml"}) {
-            QCOMPARE(folder.Zyn("statistics -q lot -o a." + extension).code, 0);
-            QCOMPARE(folder.Zyn("statistics -q lot -o b." + extension).code, 0);
-            QCOMPARE(folder.Content("a." + extension), folder.Content("b." + extension));
-        }
-        QCOMPARE(RelaxNg::Faults("statistics-1.0.2.rng", folder.Path("a.xml")), QString());
     }
 
     void statisticsUsage_data()
@@ -149,10 +134,6 @@ private slots:
         row("good bins", 0, "x.ini", good, "");
         row("second id", 1, "x.ini", good + "[BIN01]\n_NAME_=b\n",
             "x.ini:5: There are duplicate sections with bin id 1\n");
-        row("second name", 1, "x.ini", good + "[BIN2]\n_NAME_=a\n",
-            "x.ini:5: There are duplicate sections with bin name a\n");
-        row("no bin", 1, "x.ini", good + "[bin2]\n",
-            "x.ini:5: Section 'bin2' has not the expected format 'BIN<bin-id>'\n");
         row("no INI", 1, "x.ini", good + "oops\n",
             "x.ini:5: cannot be read as INI: neither '[section]', 'key=value' nor a comment\n");
         row("cut off", 1, "x.tpl", "<TestPlan Version='3.0.0'>\n<Properties Ident='1'>\n",

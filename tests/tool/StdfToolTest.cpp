@@ -1,8 +1,6 @@
 #include "ToolFolder.h"
 #include "stdf/LotFiles.h"
-#include "support/Rows.h"
-
-#include <QtCore/QProcess>
+#include "support/Test.h"
 
 #include <sys/resource.h>
 

@@ -3,7 +3,8 @@
 #include "support/Files.h"
 #include "support/Program.h"
 
-#include <QtCore/QDir>
+#include <QtCore/QDirIterator>
+#include <QtCore/QMap>
 #include <QtCore/QTemporaryDir>
 
 namespace ZYN {
@@ -18,6 +19,18 @@ public:
     {
         QDir().mkpath(QFileInfo(Path(name)).path());
         Files::Write(Path(name), content);
+    }
+    /// Every regular file with its content, hidden ones too.
+    QMap<QString, QByteArray> Snapshot(const QString& name = ".") const
+    {
+        const QDir top(Path(name));
+        QMap<QString, QByteArray> files;
+        QDirIterator it(top.path(), QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
+        while (it.hasNext()) {
+            const QString path = it.next();
+            files.insert(top.relativeFilePath(path), Files::Content(path));
+        }
+        return files;
     }
     /// Runs the tool with arguments that are parted by blanks.
     Program::Outcome Zyn(const QString& arguments, const QByteArray& input = {},

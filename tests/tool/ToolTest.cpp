@@ -1,43 +1,12 @@
 #include "ToolFolder.h"
 #include "support/Golden.h"
-#include "support/Rows.h"
-
-#include <QtCore/QDirIterator>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
-#include <QtCore/QMap>
-#include <QtCore/QRegularExpression>
+#include "support/Test.h"
 
 #include <memory>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace ZYN;
-
-namespace {
-
-// Every regular file below a folder with its content, hidden ones too.
-QMap<QString, QByteArray> Snapshot(const QString& folder)
-{
-    QMap<QString, QByteArray> files;
-    QDirIterator it(folder, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        files.insert(QDir(folder).relativeFilePath(path), Files::Content(path));
-    }
-    return files;
-}
-
-// A file size limit is a full disk that needs no file system of its own.
-void LimitFiles()
-{
-    const rlimit limit{4096, 4096};
-    setrlimit(RLIMIT_FSIZE, &limit);
-}
-
-} // namespace
 
 class ToolTest : public QObject {
     Q_OBJECT
@@ -98,65 +67,13 @@ private slots:
         const auto files = [](const QString& seed) {
             const ToolFolder made;
             made.Zyn("simulate -q -d . --panels 2 --seed " + seed);
-            return Snapshot(made.Path("."));
+            return made.Snapshot();
         };
         const auto first = files("5");
         QCOMPARE(first.keys().join(' '), QString("MCB-48.tpl bins.ini panel-0001.zyr panel-0002.zyr"));
         QVERIFY(first == files("5"));
         QVERIFY(first != files("6"));
         QVERIFY(first["MCB-48.tpl"].contains("BinId"));
-    }
-
-    void OutputIsRefused_data()
-    {
-        const Rows<QByteArray> row;
-        row("-o old.zyr", "zyn: old.zyr: already exists; add --force");
-        row("-o ./a.zyr --force", "is an input as well");
-        row("-o link.zyr --force", "is an input as well");
-        row("-o folder -f XML --force", "is a folder");
-        row("-o pipe -f XML --force", "device or a pipe");
-        row("-o /dev/full -f XML --force", "device or a pipe");
-        row("-o /dev/full -f STDF", "device or a pipe");
-        row("-o dangling.zyr --force", "link to nowhere");
-        row("-o no/b.zyr", "folder does not exist");
-        row("-d old.zyr -f XML", "folder cannot be created");
-    }
-    void OutputIsRefused()
-    {
-        const auto [says] = CurrentRow<QByteArray>();
-        folder->Write("old.zyr", "old");
-        QDir().mkdir(folder->Path("folder"));
-        QFile::link("a.zyr", folder->Path("link.zyr"));
-        QFile::link("nowhere", folder->Path("dangling.zyr"));
-        QCOMPARE(mkfifo(qPrintable(folder->Path("pipe")), 0600), 0);
-        const auto before = Snapshot(folder->Path("."));
-
-        const auto outcome = folder->Zyn(QString("convert a.zyr ") + QTest::currentDataTag());
-        QCOMPARE(outcome.code, 1);
-        QVERIFY2(outcome.errors.contains(says), outcome.errors);
-        QCOMPARE(outcome.errors.count('\n'), 1);
-        QVERIFY(Snapshot(folder->Path(".")) == before);
-    }
-
-    void AFailedWriteLeavesNothing_data()
-    {
-        const Rows<bool> row;
-        for (const QString extension : {"zyr", "csv", "txt", "html", "json", "pdf"}) {
-            row(qPrintable("new." + extension), false);
-            row(qPrintable("old." + extension), true);
-        }
-    }
-    void AFailedWriteLeavesNothing()
-    {
-        const auto [exists] = CurrentRow<bool>();
-        const QString output = QTest::currentDataTag();
-        if (exists)
-            folder->Write(output, "old");
-        const auto before = Snapshot(folder->Path("."));
-        const auto outcome = folder->Zyn("convert a.zyr --force -o " + output, {}, LimitFiles);
-        QCOMPARE(outcome.code, 1);
-        QVERIFY2(outcome.errors.contains(output.toUtf8() + ": could not be written"), outcome.errors);
-        QVERIFY(Snapshot(folder->Path(".")) == before);
     }
 
     void ReplacingKeepsPermissionsAndLinks()
@@ -189,7 +106,7 @@ private slots:
         }
         QCOMPARE(inputs["error"], QStringList({"none.zyr", "./b.zyr"}));
         QCOMPARE(inputs["input"], QStringList({"./a.zyr", "./c.zyr"}));
-        QCOMPARE(Snapshot(folder->Path("out")).keys(), QStringList({"a.json", "c.json"}));
+        QCOMPARE(folder->Snapshot("out").keys(), QStringList({"a.json", "c.json"}));
     }
 
     void ConflictingNamesAreFoundBeforeWriting()
@@ -207,7 +124,7 @@ private slots:
         folder->Write("lots/a.zyr", report);
         folder->Write("lots/one/a.zyr", report);
         QCOMPARE(folder->Zyn("convert lots -d out -f csv").code, 0);
-        QCOMPARE(Snapshot(folder->Path("out")).keys(), QStringList({"a.csv", "one/a.csv"}));
+        QCOMPARE(folder->Snapshot("out").keys(), QStringList({"a.csv", "one/a.csv"}));
     }
 
     void PipesAreRead()
