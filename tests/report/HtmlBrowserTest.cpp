@@ -1,13 +1,5 @@
-#include "support/Files.h"
-#include "support/Program.h"
 #include "support/ReportRun.h"
-#include "support/Rows.h"
-
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QUrl>
+#include "support/Test.h"
 
 using namespace ZYN;
 

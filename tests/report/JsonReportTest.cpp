@@ -1,18 +1,10 @@
-#include "support/Files.h"
-#include "support/Program.h"
 #include "support/ReportRun.h"
-#include "support/Rows.h"
+#include "support/Test.h"
 
 #include "export/CExportDirectorReport.h"
 #include "report/CReportBuilderJSON.h"
 
 #include <ZYNCommon/TestResultSet.h>
-
-#include <QtCore/QBuffer>
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonDocument>
-#include <QtCore/QJsonObject>
-#include <QtCore/QTemporaryDir>
 
 using namespace ZYN;
 

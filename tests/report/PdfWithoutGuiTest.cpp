@@ -1,11 +1,7 @@
 #include "support/SampleModels.h"
+#include "support/Test.h"
 
 #include <ZYNPersistence/CExportServiceReport.h>
-
-#include <QtCore/QFile>
-#include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
 
 using namespace ZYN;
 

@@ -1,9 +1,6 @@
 #include "support/Golden.h"
 #include "support/ReportRun.h"
-#include "support/Rows.h"
-
-#include <QtCore/QDir>
-#include <QtCore/QLocale>
+#include "support/Test.h"
 
 #include <clocale>
 

@@ -1,12 +1,9 @@
 #include "stdf/LotFiles.h"
 #include "stdf/LotModels.h"
-#include "support/Rows.h"
+#include "support/SampleProgram.h"
+#include "support/Test.h"
 
-#include <ZYNCommon/MeasurementUnit.h>
-
-#include <QtCore/QRandomGenerator>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
+#include <ZYNPersistence/CExportServiceReport.h>
 
 #include <bit>
 #include <cmath>
@@ -64,9 +61,8 @@ bool Holds(float left, float right, const QString& op)
                          : left != right;
 }
 
-/// The PTR of a measurement, field by field, from the plain data.
-QString ExpectedTest(uint number, const MeasurementData& measurement, const QString& step,
-                     const QString& group)
+/// The PTR of a measurement, field by field, from the model.
+QString ExpectedTest(uint number, const TestResult* test, const QString& step, const QString& group)
 {
     float result = 0.0F;
     float low = 0.0F;
@@ -76,57 +72,58 @@ QString ExpectedTest(uint number, const MeasurementData& measurement, const QStr
     uint optional = 0x01 | 0x04 | 0x08 | 0x40 | 0x80;
     int scale = 0;
     QString unit;
-    const bool numeric = measurement.kind == ZYN_ADDRESS_INTEGER || measurement.kind == ZYN_ADDRESS_REAL;
-    if (measurement.limits) {
-        const LimitsData& limits = *measurement.limits;
-        scale = limits.real ? limits.scale : 0;
-        unit = MeasurementUnit(limits.unit).ToAsciiString();
+    const auto measurement = test->GetComponent();
+    const bool numeric = measurement->type == ZYN_ADDRESS_INTEGER || measurement->type == ZYN_ADDRESS_REAL;
+    if (const auto limits = test->GetValidation()) {
+        scale = limits->GetValueDisplay()->GetScaleFactor();
+        unit = limits->GetMeasurementUnit().ToAsciiString();
         const auto factor = static_cast<float>(std::pow(0.1, scale));
-        const auto scaled = [&](double value) { return numeric ? static_cast<float>(value) * factor : 0.0F; };
+        const auto scaled = [&](const QVariant& value) {
+            return numeric ? static_cast<float>(value.toDouble()) * factor : 0.0F;
+        };
         const bool prefixExists = scale % 3 == 0;
         if (prefixExists)
             optional &= ~1U;
-        if (measurement.value.isValid()) {
+        if (test->GetValue().isValid()) {
             testFlags = 0;
-            result = scaled(measurement.value.toDouble());
+            result = scaled(test->GetValue());
         }
-        if (!limits.lowerOperator.isEmpty()) {
+        if (const QString op = limits->GetLowerOperator().ToString(); !op.isEmpty()) {
             optional &= ~0x40U;
-            low = scaled(limits.lower);
-            parameterFlags |= Holds(low, result, limits.lowerOperator) ? 0U : 0x10U;
+            low = scaled(limits->GetLowerLimit());
+            parameterFlags |= Holds(low, result, op) ? 0U : 0x10U;
         }
-        if (!limits.upperOperator.isEmpty()) {
+        if (const QString op = limits->GetUpperOperator().ToString(); !op.isEmpty()) {
             optional &= ~0x80U;
-            high = scaled(limits.upper);
-            parameterFlags |= Holds(result, high, limits.upperOperator) ? 0U : 0x08U;
+            high = scaled(limits->GetUpperLimit());
+            parameterFlags |= Holds(result, high, op) ? 0U : 0x08U;
         }
     }
     const QMap<EN_ZYN_RESULT, uint> verdicts{{ZYN_RESULT_ERROR, 0x20},
                                              {ZYN_RESULT_ABORTED, 0x20},
                                              {ZYN_RESULT_DONE, 0x40},
                                              {ZYN_RESULT_FAILED, 0x80}};
-    testFlags |= verdicts.value(measurement.result);
+    testFlags |= verdicts.value(test->GetResult());
 
-    QString text = '[' + measurement.ident + "] " + measurement.name + " - ";
-    if (measurement.name != step)
+    QString text = '[' + measurement->GetIdentString() + "] " + measurement->GetName() + " - ";
+    if (measurement->GetName() != step)
         text += step + " - ";
     const QString exponent = QString::number(-scale);
     return Joined("PTR", number, 1, 1, testFlags, parameterFlags, Bits(result), Encoded(text + group), "",
                   optional, exponent, exponent, exponent, Bits(low), Bits(high), unit);
 }
 
-QStringList ExpectedPart(const UnitData& unit, const UnitData& whole)
+/// The records of a part, from its data and the results that it was given.
+QStringList ExpectedPart(const UnitData& unit, const UUTTest* test, const UnitData& whole)
 {
     QStringList records;
     uint number = 0;
-    for (const GroupData& group : unit.groups) {
-        for (const StepData& step : group.steps) {
-            for (const MeasurementData& measurement : step.measurements) {
-                if (measurement.hasResult)
-                    records += ExpectedTest(++number, measurement, step.name, group.name);
-            }
-        }
-    }
+    for (const TestResultSet* const set : test->GetResultSets())
+        for (const TestComponent* const group : set->GetTestProgram()->GetChildren())
+            for (const TestComponent* const step : group->GetChildren())
+                for (const TestComponent* const measurement : step->GetChildren())
+                    if (const TestResult* const result = set->GetResult(measurement))
+                        records += ExpectedTest(++number, result, step->GetName(), group->GetName());
     if (records.isEmpty())
         return {};
     const int flags = unit.result == ZYN_RESULT_FAILED                                       ? 8
@@ -144,7 +141,7 @@ QString Seconds(const QDateTime& time)
     return QString::number(time.isValid() ? time.toSecsSinceEpoch() : 0);
 }
 
-QStringList ExpectedFile(const UnitData& unit)
+QStringList ExpectedFile(const UnitData& unit, const UUTTest* test)
 {
     const QString start = Seconds(unit.start);
     QStringList records{"FAR|2|4",
@@ -154,8 +151,10 @@ QStringList ExpectedFile(const UnitData& unit)
     uint parts = 0;
     uint good = 0;
     QString finish = Seconds(unit.stop);
-    for (const UnitData& part : QList<UnitData>{unit} + unit.items) {
-        const QStringList partRecords = ExpectedPart(part, unit);
+    for (int index = -1; index < unit.items.size(); ++index) {
+        const UnitData& part = index < 0 ? unit : unit.items.at(index);
+        const QStringList partRecords =
+            ExpectedPart(part, index < 0 ? test : test->GetUUTTests().at(index).get(), unit);
         records += partRecords;
         if (!partRecords.isEmpty()) {
             ++parts;
@@ -192,6 +191,28 @@ public:
                 unit.items.append(Part());
         }
         return unit;
+    }
+
+    /// \return whether the unit got results
+    bool AddRun(const UnitData& unit, UUTTest* test)
+    {
+        if (Chance(8))
+            return false;
+        SampleModels::ProgramWriter writer(1, unit.program);
+        SampleModels::RunWriter run(writer.program, nullptr, 0);
+        writer.program->SetVersion(unit.version);
+        run.Verdict(writer.program, 0.0)->SetResult(unit.result);
+        for (int groups = random.bounded(3); groups > 0; --groups) {
+            writer.Group(1, Text());
+            for (int steps = random.bounded(4); steps > 0; --steps) {
+                const QString step = Text();
+                writer.Step(2, step);
+                for (int measurements = random.bounded(5); measurements > 0; --measurements)
+                    AddMeasurement(Chance(4) ? step : Text(), writer, run);
+            }
+        }
+        test->AssignResultSet(run.Take());
+        return true;
     }
 
 private:
@@ -233,38 +254,36 @@ private:
                       -infinity, std::nan(""), random.generateDouble()});
     }
 
-    MeasurementData Measurement()
-    {
-        MeasurementData measurement;
-        measurement.ident = QString::number(random.bounded(100));
-        measurement.name = Text();
-        measurement.kind = OneOf({ZYN_ADDRESS_INTEGER, ZYN_ADDRESS_REAL, ZYN_ADDRESS_STRING});
-        measurement.result = Verdict();
-        measurement.hasResult = !Chance(8);
-        const bool integer = measurement.kind == ZYN_ADDRESS_INTEGER;
-        if (!Chance(8)) {
-            measurement.value = measurement.kind == ZYN_ADDRESS_STRING ? QVariant(Text())
-                                : integer ? QVariant(OneOf({0, 1, -7, 2147483647, -2147483647 - 1}))
-                                          : QVariant(Real());
-        }
-        if (!Chance(4)) {
-            LimitsData limits;
-            limits.real = !integer;
-            limits.lowerOperator = OneOf<QString>({"", "<=", "<", "==", "!=", ">="});
-            limits.upperOperator = OneOf<QString>({"", "<=", "<", "==", "!=", ">"});
-            limits.lower = integer ? random.bounded(100) : Finite();
-            limits.upper = integer ? random.bounded(100) : Finite();
-            limits.scale = random.bounded(25) - 12;
-            limits.unit = random.bounded(25);
-            measurement.limits = limits;
-        }
-        return measurement;
-    }
-
     double Finite()
     {
         const double value = Real();
         return std::isfinite(value) ? value : 2.5;
+    }
+
+    SampleModels::Limits Limits(bool integer)
+    {
+        const char* const lower = OneOf({"", "<=", "<", "==", "!=", ">="});
+        const char* const upper = OneOf({"", "<=", "<", "==", "!=", ">"});
+        const int unit = random.bounded(25);
+        if (!integer)
+            return SampleModels::RealLimits(unit, Finite(), Finite(), random.bounded(25) - 12, lower, upper);
+        return SampleModels::Limits(TestComponentFactory::CreateValidationInt(
+            unit, lower, upper, random.bounded(100), random.bounded(100), -1, -1, -1, -1, -1, -1));
+    }
+
+    void AddMeasurement(const QString& name, SampleModels::ProgramWriter& writer,
+                        SampleModels::RunWriter& run)
+    {
+        const auto type = OneOf({ZYN_ADDRESS_INTEGER, ZYN_ADDRESS_REAL, ZYN_ADDRESS_STRING});
+        const bool integer = type == ZYN_ADDRESS_INTEGER;
+        const auto limits = Chance(4) ? SampleModels::Limits() : Limits(integer);
+        const auto measurement = writer.Measurement(random.bounded(100), name, type, limits);
+        const QVariant value = Chance(8)                    ? QVariant()
+                               : type == ZYN_ADDRESS_STRING ? QVariant(Text())
+                               : integer ? QVariant(OneOf({0, 1, -7, 2147483647, -2147483647 - 1}))
+                                         : QVariant(Real());
+        if (!Chance(8))
+            run.Value(measurement, value)->SetResult(Verdict());
     }
 
     UnitData Part()
@@ -273,20 +292,7 @@ private:
         unit.ident = Text();
         unit.result = Verdict();
         unit.seconds = OneOf({0.0, 0.0004, 12.3456, 4294967.295, 5000000.0});
-        unit.hasResultSet = !Chance(8);
-        for (int groups = unit.hasResultSet ? random.bounded(3) : 0; groups > 0; --groups) {
-            GroupData group{Text(), {}};
-            for (int steps = random.bounded(4); steps > 0; --steps) {
-                StepData step{Text(), {}};
-                for (int measurements = random.bounded(5); measurements > 0; --measurements) {
-                    step.measurements.append(Measurement());
-                    if (Chance(4))
-                        step.measurements.back().name = step.name;
-                }
-                group.steps.append(step);
-            }
-            unit.groups.append(group);
-        }
+        unit.hasResultSet = false; // it gets one of its own
         return unit;
     }
 
@@ -308,40 +314,28 @@ private slots:
     void RandomUnits()
     {
         const auto [seed] = CurrentRow<quint32>();
-        const UnitData unit = Units(seed).Any();
-        const auto contents = Export(unit);
-        // Without a program there is no header: nothing but counts.
-        const bool program = unit.hasResultSet || std::ranges::any_of(unit.items, &UnitData::hasResultSet);
+        Units units(seed);
+        const UnitData unit = units.Any();
+        const auto test = MakeTest(unit);
+        bool program = units.AddRun(unit, test.get());
+        for (const auto& item : test->GetUUTTests())
+            program |= units.AddRun(unit, item.get());
+        CExportServiceReport service;
+        service.SetFormat("STDF");
+        service.SetOutputFileName(folder.filePath(QString("%1.stdf").arg(seed)));
+        QVERIFY(service.Export(test.get()) && service.OutputComplete());
+        const auto contents = LotFiles::Read(folder.filePath(QString("%1.stdf").arg(seed)));
         QStringList actual;
         for (const Stdf::Record& record : contents.records)
             actual += Fields(record);
-        QCOMPARE(actual.join('\n'), ExpectedFile(unit).mid(program ? 0 : 2).join('\n'));
+        // Without a program there is no header: nothing but counts.
+        QCOMPARE(actual.join('\n'), ExpectedFile(unit, test.get()).mid(program ? 0 : 2).join('\n'));
         if (program)
             QVERIFY2(contents.findings.isEmpty(), qPrintable(contents.Faults()));
     }
 
-    void ScaledMeasurement()
-    {
-        // 12.3 mV between 1 mV and 500 mV.
-        const auto test = Export(SimpleUnit("SN1", 1)).Of("PTR").value(0);
-        QCOMPARE(test.Value("RESULT").toFloat(), 12.3F);
-        QCOMPARE(test.Value("LO_LIMIT").toFloat(), 1.0F);
-        QCOMPARE(test.Value("HI_LIMIT").toFloat(), 500.0F);
-        QCOMPARE(test.Value("RES_SCAL").toInt(), 3);
-        QCOMPARE(test.Text("UNITS"), "V");
-        QCOMPARE(test.Text("TEST_TXT"), "[1] Rail 1 - Supply - Power");
-        QCOMPARE(test.Number("OPT_FLAG"), 12U);
-    }
-
 private:
-    LotFiles::Contents Export(const UnitData& unit)
-    {
-        const QString lot = folder.filePath(QString("%1.stdf").arg(++files));
-        return Append(unit, lot) ? LotFiles::Read(lot) : LotFiles::Contents();
-    }
-
     QTemporaryDir folder;
-    int files = 0;
 };
 
 QTEST_GUILESS_MAIN(StdfFieldsTest)

@@ -1,11 +1,8 @@
 #include "stdf/LotFiles.h"
 #include "stdf/LotModels.h"
-#include "support/Rows.h"
+#include "support/Test.h"
 
 #include "report/StdfLotFile.h"
-
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 using namespace ZYN;
 using namespace Qt::StringLiterals;

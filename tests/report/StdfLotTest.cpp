@@ -1,13 +1,9 @@
 #include "stdf/LotFiles.h"
 #include "stdf/LotModels.h"
-#include "support/Rows.h"
+#include "support/Model.h"
+#include "support/Test.h"
 
-#include <ZYNCommon/TestResultSet.h>
-#include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CExportServiceReport.h>
-
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 #include <map>
 

@@ -1,16 +1,8 @@
+#include "support/Model.h"
+#include "support/Test.h"
+
 #include "report/CReportBuilderXML.h"
 #include "report/XmlText.h"
-#include "support/Rows.h"
-
-#include <ZYNCommon/CtrlEnable.h>
-#include <ZYNCommon/CtrlLogInReport.h>
-#include <ZYNCommon/ProductType.h>
-#include <ZYNCommon/TestGroup.h>
-#include <ZYNCommon/TestResult.h>
-
-#include <QtCore/QBuffer>
-#include <QtCore/QDir>
-#include <QtTest/QtTest>
 
 #include <functional>
 

@@ -2,28 +2,11 @@
 
 #include "support/SampleProgram.h"
 
-#include <ZYNCommon/ProductType.h>
-#include <ZYNCommon/ProductionLot.h>
-#include <ZYNCommon/UUTTest.h>
-#include <ZYNCommon/UnitUnderTest.h>
-#include <ZYNCommon/WorkSpace.h>
-#include <ZYNCommon/ZYNSession.h>
-#include <ZYNCommon/ZYNUser.h>
 #include <ZYNPersistence/CExportServiceReport.h>
 
 namespace ZYN::LotModels {
 
 namespace {
-
-SampleModels::Limits MakeValidation(const LimitsData& limits)
-{
-    const QByteArray lower = limits.lowerOperator.toUtf8();
-    const QByteArray upper = limits.upperOperator.toUtf8();
-    if (limits.real)
-        return SampleModels::RealLimits(limits.unit, limits.lower, limits.upper, limits.scale, lower, upper);
-    return SampleModels::Limits(TestComponentFactory::CreateValidationInt(
-        limits.unit, lower, upper, int(limits.lower), int(limits.upper), -1, -1, -1, -1, -1, -1));
-}
 
 void AddResultSet(const UnitData& unit, UUTTest* test)
 {
@@ -31,20 +14,13 @@ void AddResultSet(const UnitData& unit, UUTTest* test)
     SampleModels::RunWriter run(writer.program, nullptr, 0);
     writer.program->SetVersion(unit.version);
     run.Verdict(writer.program, 0.0)->SetResult(unit.result);
-    long id = 1;
-    for (const GroupData& group : unit.groups) {
-        writer.Group(id++, group.name);
-        for (const StepData& step : group.steps) {
-            writer.Step(id++, step.name);
-            for (const MeasurementData& wanted : step.measurements) {
-                const auto measurement = writer.Measurement(
-                    id++, wanted.name, wanted.kind, wanted.limits ? MakeValidation(*wanted.limits) : nullptr);
-                measurement->SetIdentString(wanted.ident);
-                if (wanted.hasResult)
-                    run.Value(measurement, wanted.value)->SetResult(wanted.result);
-            }
-        }
-    }
+    writer.Group(1, "Power");
+    writer.Step(2, "Supply");
+    const auto limits = SampleModels::RealLimits(MeasurementUnit::Volt, 0.001, 0.5, -3);
+    for (int number = 1; number <= unit.tests; ++number)
+        run.Value(writer.Measurement(number, QString("Rail %1").arg(number), ZYN_ADDRESS_REAL, limits),
+                  0.0123 * number)
+            ->SetResult(ZYN_RESULT_PASSED);
     test->AssignResultSet(run.Take());
 }
 
@@ -105,25 +81,9 @@ bool Append(const UnitData& unit, const QString& fileName)
 
 UnitData SimpleUnit(const QString& ident, int tests)
 {
-    StepData step{"Supply", {}};
-    for (int number = 1; number <= tests; ++number) {
-        LimitsData limits{true, "<=", "<=", 0.001, 0.5, -3, MeasurementUnit::Volt};
-        step.measurements.append({QString::number(number), QString("Rail %1").arg(number), ZYN_ADDRESS_REAL,
-                                  0.0123 * number, limits, ZYN_RESULT_PASSED, true});
-    }
-    UnitData unit;
-    unit.ident = ident;
-    unit.product = "Motor board";
-    unit.lot = "LOT-1";
-    unit.machine = "TESTER-3";
-    unit.user = "Anna";
-    unit.program = "motor.tp";
-    unit.version = "1.2";
-    unit.start = QDateTime({2024, 5, 17}, {8, 30, 0}, Qt::UTC);
-    unit.stop = unit.start.addSecs(12);
-    unit.seconds = 12.345;
-    unit.groups = {{"Power", {step}}};
-    return unit;
+    const QDateTime start({2024, 5, 17}, {8, 30, 0}, Qt::UTC);
+    return {ident, "Motor board",     "LOT-1",           "TESTER-3", "Anna", "motor.tp", "1.2",
+            start, start.addSecs(12), ZYN_RESULT_PASSED, 12.345,     true,   tests,      {}};
 }
 
 } // namespace ZYN::LotModels

@@ -1,12 +1,6 @@
 #include "LotFiles.h"
 #include "LotModels.h"
-
-#include <QtCore/QDeadlineTimer>
-#include <QtCore/QProcess>
-#include <QtCore/QRandomGenerator>
-#include <QtCore/QTemporaryDir>
-#include <QtCore/QThread>
-#include <QtTest/QTest>
+#include "support/Test.h"
 
 using namespace ZYN;
 

@@ -1,14 +1,10 @@
 #include "LotFiles.h"
 #include "RecordRows.h"
-#include "support/Program.h"
-#include "support/Rows.h"
+#include "support/Test.h"
 
 #include "stdf/JsonPrinter.h"
 #include "stdf/TestDefaults.h"
 #include "stdf/TextPrinter.h"
-
-#include <QtCore/QBuffer>
-#include <QtTest/QTest>
 
 using namespace ZYN;
 
