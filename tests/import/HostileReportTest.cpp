@@ -1,9 +1,6 @@
 #include "ReportPieces.h"
-#include "support/Rows.h"
 #include "support/SampleModels.h"
-
-#include <QtCore/QRandomGenerator>
-#include <QtTest/QtTest>
+#include "support/Test.h"
 
 using namespace ZYN;
 using namespace ZYN::ReportFiles;
@@ -78,56 +75,6 @@ private slots:
             QVERIFY(reading.imported);
             Write(*reading.test);
         }
-    }
-
-    void outOfPlace_data()
-    {
-        const Rows<QByteArray, QString> row;
-        const auto inSet = [](const QByteArray& content) {
-            return Report("<TestResults><TestResultSet>" + content + "</TestResultSet></TestResults>");
-        };
-        const QByteArray step = "<TestStep ID='3' Name='S' Type='3'><Result Code='1'/></TestStep>";
-        row("set without a program", inSet(QByteArray()), QString());
-        row("empty program", ProgramReport(QByteArray()), QString());
-        row("step before any group",
-            ProgramReport("<TestGroup ID='2' Name='G' Type='2'>" + step + "</TestGroup>"),
-            "step 'S' before any group, in no program");
-        row("step in a program", ProgramReport(step),
-            "element 'TestStep' is not expected in 'Testprogram', skipped");
-        row("measurement before any step",
-            ProgramReport("<TestGroup ID='2' Name='G' Type='2'><Result/><TestStep ID='3' Name='S' Type='3'>" +
-                          Measurement(8, QByteArray(), "1") + "</TestStep></TestGroup>"),
-            "'' is not an integer of 32 bits, read as 0; measurement 'M' before any step, in no program");
-        row("limits in a group",
-            ProgramReport("<TestGroup ID='2' Name='G' Type='2'><Limits Type='8'/></TestGroup>"),
-            "element 'Limits' is not expected in 'TestGroup', skipped");
-        row("result set in a result set", inSet("<TestResultSet><Testprogram/></TestResultSet>"),
-            "element 'TestResultSet' is not expected in 'TestResultSet', skipped");
-        row("program outside", Report("<Testprogram ID='1' Name='P' Type='1'/>"),
-            "element 'Testprogram' is not expected here, passed over");
-        row("result outside", Report("<Result Code='1'/>"),
-            "element 'Result' is not expected here, passed over");
-        row("serial number before the name",
-            Report("<UnitUnderTest>" + Property("SerialNo", "1") + "</UnitUnderTest>"),
-            "'SerialNo' of a unit that has no name yet, not read");
-        row("order before the lot",
-            Report("<ProductionLot>" + Property("OrderCode", "1") + "</ProductionLot>"),
-            "order code of a lot that has no number yet, not read");
-        row("description before the station", inSet(Property("StationDescription", "x")),
-            "property 'StationDescription' of 'TestResultSet' is unknown, not read");
-        row("property without a name", Report("<UUTTest><Property>x</Property></UUTTest>"),
-            "property '' of 'UUTTest' is unknown, not read");
-        row("panel in a panel item",
-            Report("<SubUnitTests><SubUnitTest><SubUnitTests/></SubUnitTest></SubUnitTests>"),
-            "element 'SubUnitTests' is not expected in 'SubUnitTest', skipped");
-    }
-    void outOfPlace()
-    {
-        const auto [document, text] = CurrentRow<QByteArray, QString>();
-        const Reading reading = Read(document);
-        QVERIFY(reading.imported);
-        QCOMPARE(reading.Texts(), text);
-        Write(*reading.test);
     }
 
     void deeplyNested()

@@ -1,17 +1,6 @@
 #include "ReportPieces.h"
-#include "support/Rows.h"
-
-#include <ZYNCommon/CtrlEnable.h>
-#include <ZYNCommon/CtrlLogInReport.h>
-#include <ZYNCommon/ProductType.h>
-#include <ZYNCommon/ProductionLot.h>
-#include <ZYNCommon/Station.h>
-#include <ZYNCommon/UnitUnderTest.h>
-#include <ZYNCommon/WorkSpace.h>
-#include <ZYNCommon/ZYNSession.h>
-#include <ZYNCommon/ZYNUser.h>
-
-#include <QtTest/QtTest>
+#include "support/Model.h"
+#include "support/Test.h"
 
 using namespace ZYN;
 using namespace ZYN::ReportFiles;
@@ -143,36 +132,64 @@ private slots:
 
     void findings_data()
     {
-        const Rows<QByteArray, qint64, QString> row;
-        row("good", Report("\n"), 0, QString());
-        row("no version", "<TestReport/>", 1, "the report has no version");
-        row("other version", "\n<TestReport Version='9'/>", 2, "version '9' is not known, only '1.4.0'");
-        row("other root", "<TestPlan/>", 1,
+        const Rows<qint64, QString> add;
+        const auto row = [&](const QByteArray& document, qint64 line, const QString& text) {
+            add(document, line, text);
+        };
+        const auto inSet = [](const QByteArray& content) {
+            return Report("<TestResults><TestResultSet>" + content + "</TestResultSet></TestResults>");
+        };
+        const auto inGroup = [](const QByteArray& content) {
+            return ProgramReport("<TestGroup ID='2' Name='G' Type='2'>" + content + "</TestGroup>");
+        };
+        const QByteArray step = "<TestStep ID='3' Name='S' Type='3'><Result Code='1'/></TestStep>";
+        row(Report("\n"), 0, QString());
+        row("<TestReport/>", 1, "the report has no version");
+        row("\n<TestReport Version='9'/>", 2, "version '9' is not known, only '1.4.0'");
+        row("<TestPlan/>", 1,
             "the root element is 'TestPlan', not 'TestReport'; element 'TestPlan' is not expected here, "
             "passed over");
-        row("unknown element", Report("\n\n<Extra/>"), 3,
-            "element 'Extra' is not expected here, passed over");
-        row("element out of place", Report("<UUTTest>\n<Result/></UUTTest>"), 2,
-            "element 'Result' is not expected in 'UUTTest', skipped");
-        row("unknown property", Report("<UUTTest>\n" + Property("Colour", "red") + "</UUTTest>"), 2,
+        row("V1.2;3.3;PASS\n", 1, "Start tag expected.");
+        row("<TestReport Version='1.4.0'>\n<UUTTest>", 2, "Premature end of document.");
+        row(Report("\n\n<Extra/>"), 3, "element 'Extra' is not expected here, passed over");
+        row(Report("<Result Code='1'/>"), 1, "element 'Result' is not expected here, passed over");
+        row(Report("<ProductType/>"), 1, "'ProductType' before any 'UnitUnderTest', not read");
+        row(Report("<UUTTest>\n" + Property("Colour", "red") + "</UUTTest>"), 2,
             "property 'Colour' of 'UUTTest' is unknown, not read");
-        row("loose text", Report("<UUTTest>\nloose</UUTTest>"), 2,
+        row(Report("<UUTTest><Property>x</Property></UUTTest>"), 1,
+            "property '' of 'UUTTest' is unknown, not read");
+        row(Report("<UUTTest>\nloose</UUTTest>"), 2,
             "text in 'UUTTest' outside of a property or behind its first piece, not read");
-        row("product type first", Report("<ProductType ID='1'/>"), 1,
-            "'ProductType' before any 'UnitUnderTest', not read");
-        row("no XML", "V1.2;3.3;PASS\n", 1, "Start tag expected.");
-        row("broken off", "<TestReport Version='1.4.0'>\n<UUTTest>", 2, "Premature end of document.");
+        row(Report("<UnitUnderTest>" + Property("SerialNo", "1") + "</UnitUnderTest>"), 1,
+            "'SerialNo' of a unit that has no name yet, not read");
+        row(Report("<ProductionLot>" + Property("OrderCode", "1") + "</ProductionLot>"), 1,
+            "order code of a lot that has no number yet, not read");
+        row(inSet(Property("StationDescription", "x")), 1,
+            "property 'StationDescription' of 'TestResultSet' is unknown, not read");
+        row(Report("<SubUnitTests><SubUnitTest><SubUnitTests/></SubUnitTest></SubUnitTests>"), 1,
+            "element 'SubUnitTests' is not expected in 'SubUnitTest', skipped");
+        row(inSet("<TestResultSet><Testprogram/></TestResultSet>"), 1,
+            "element 'TestResultSet' is not expected in 'TestResultSet', skipped");
+        row(inSet(QByteArray()), 0, QString());
+        row(ProgramReport(QByteArray()), 0, QString());
+        row(ProgramReport(step), 1, "element 'TestStep' is not expected in 'Testprogram', skipped");
+        row(inGroup(step), 1, "step 'S' before any group, in no program");
+        row(inGroup("<Limits Type='8'/>"), 1, "element 'Limits' is not expected in 'TestGroup', skipped");
+        row(inGroup("<Result/><TestStep ID='3' Name='S' Type='3'>" + Measurement(8, QByteArray(), "1") +
+                    "</TestStep>"),
+            1, "'' is not an integer of 32 bits, read as 0; measurement 'M' before any step, in no program");
     }
     void findings()
     {
-        const auto [document, line, text] = CurrentRow<QByteArray, qint64, QString>();
-        const Reading reading = Read(document);
+        const auto [line, text] = CurrentRow<qint64, QString>();
+        const Reading reading = Read(QTest::currentDataTag());
         QVERIFY(reading.imported);
         QCOMPARE(reading.Texts(), text);
         if (!text.isEmpty()) {
             QCOMPARE(reading.findings.first().line, line);
             QVERIFY(reading.findings.first().column > 0);
         }
+        Write(*reading.test); // whatever was read can be written
     }
 
     void service()

@@ -1,9 +1,7 @@
 #include "ReportPieces.h"
-#include "support/Rows.h"
+#include "support/Test.h"
 
 #include <ZYNCommon/UnitUnderTest.h>
-
-#include <QtTest/QtTest>
 
 #include <limits>
 
