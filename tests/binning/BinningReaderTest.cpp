@@ -1,9 +1,6 @@
-#include "support/Files.h"
-#include "support/Rows.h"
-#include <ZYNPersistence/BinningReader.h>
+#include "support/Test.h"
 
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
+#include <ZYNPersistence/BinningReader.h>
 
 using namespace ZYN;
 

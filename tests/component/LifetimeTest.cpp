@@ -1,18 +1,7 @@
 /// Who owns what, in every order of destruction. The sanitizers are the judge.
 
-#include <ZYNCommon/CtrlAttributes.h>
-#include <ZYNCommon/TestComponentAttr.h>
-#include <ZYNCommon/TestGroup.h>
-#include <ZYNCommon/TestMeasurement.h>
-#include <ZYNCommon/TestParameter.h>
-#include <ZYNCommon/TestPlanCategory.h>
-#include <ZYNCommon/TestPlanData.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/TestResult.h>
-#include <ZYNCommon/TestResultSet.h>
-#include <ZYNCommon/TestStep.h>
-
-#include <QtTest/QTest>
+#include "support/Model.h"
+#include "support/Test.h"
 
 #include <memory>
 

@@ -1,16 +1,7 @@
 #include "examples/line_simulator/BoardTest.h"
 #include "examples/line_simulator/Line.h"
-
-#include <ZYNCommon/TestGroup.h>
-#include <ZYNCommon/TestMeasurement.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/TestResult.h>
-#include <ZYNCommon/TestResultSet.h>
-#include <ZYNCommon/TestStep.h>
-#include <ZYNCommon/UUTTest.h>
-#include <ZYNCommon/UnitUnderTest.h>
-
-#include <QtTest/QTest>
+#include "support/Model.h"
+#include "support/Test.h"
 
 using namespace ZYN;
 using namespace ZYN::Simulation;

@@ -1,10 +1,6 @@
-#include "support/Rows.h"
-#include <ZYNIni/IniReader.h>
+#include "support/Test.h"
 
-#include <QtCore/QBuffer>
-#include <QtCore/QFile>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
+#include <ZYNIni/IniReader.h>
 
 using namespace ZYN;
 

@@ -1,9 +1,7 @@
 #include "support/SampleModels.h"
+#include "support/Test.h"
 
 #include <ZYNPersistence/CExportServiceReport.h>
-
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QtTest>
 
 using namespace ZYN;
 

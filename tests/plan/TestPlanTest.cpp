@@ -1,16 +1,5 @@
+#include "support/Test.h"
 #include "support/SampleProgram.h"
-
-#include <ZYNCommon/CtrlAttributes.h>
-#include <ZYNCommon/CtrlEnable.h>
-#include <ZYNCommon/CtrlLogInReport.h>
-#include <ZYNCommon/CtrlTestPlanValues.h>
-#include <ZYNCommon/CtrlValidation.h>
-#include <ZYNCommon/TestComponentAttr.h>
-#include <ZYNCommon/TestPlan.h>
-#include <ZYNCommon/TestPlanCategory.h>
-#include <ZYNCommon/TestPlanData.h>
-
-#include <QtTest/QTest>
 
 using namespace ZYN;
 
@@ -50,7 +39,7 @@ QString Text(const QList<TestComponentAttr*>& attributes)
 }
 
 /// A program with the idents 1 (program), 2 (group), 3 (step), 4 and 5 (measurements, 4 with limits).
-struct Program {
+struct Board {
     SampleModels::ProgramWriter writer{1, "program"};
     QSharedPointer<TestGroup> group = writer.Group(2, "group");
     QSharedPointer<TestStep> step = writer.Step(3, "step");
@@ -88,7 +77,7 @@ private slots:
 
     void limitsAreReplaced()
     {
-        Program program;
+        Board program;
         const QString lower = "Lower";
         program.plan.AddValidation(rail, Data({{"Name", "rail"}, {lower, "1.5"}, {"Nonsense", 1}}));
         program.plan.AddValidation("5", Data({{lower, 1.5}}));
@@ -103,7 +92,7 @@ private slots:
 
     void attributesKeepTheirTypes()
     {
-        Program program;
+        Board program;
         auto* const former = new CtrlAttributes;
         former->AddAttribute(new TestComponentAttr("gone", TestComponentAttr::Integer, 1));
         former->AddAttribute(new TestComponentAttr("count", TestComponentAttr::Integer, 2));
@@ -129,7 +118,7 @@ private slots:
 
     void switches()
     {
-        Program program;
+        Board program;
         program.plan.AddProperties(step, Data({{"LogInReport", "false"}, {"Enabled", "false"}}));
         program.plan.AddProperties(rail, Data({{"LogInReport", "false"}}));
         program.plan.AddProperties("2", Data({{"Enabled", "perhaps"}}));
@@ -147,7 +136,7 @@ private slots:
 
     void unknownAndSharedIdents()
     {
-        Program program;
+        Board program;
         const QString off = "0";
         program.bare->SetIdentString(step);
         program.plan.AddProperties(step, Data({{"Enabled", off}}));

@@ -1,13 +1,8 @@
 /// Outcomes that are derived: of a result from its value, of components from their children, of a unit
 /// from its runs and its panel items. And what a result keeps of the values and times that it is given.
 
-#include "support/Rows.h"
 #include "support/SampleProgram.h"
-
-#include <ZYNCommon/UUTTest.h>
-
-#include <QtCore/QTimeZone>
-#include <QtTest/QTest>
+#include "support/Test.h"
 
 #include <limits>
 

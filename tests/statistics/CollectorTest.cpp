@@ -1,16 +1,8 @@
 /// Which component of which run goes where, and what stays in memory afterwards.
 
-#include "support/Rows.h"
 #include "support/SampleModels.h"
 #include "support/SampleProgram.h"
-
-#include <ZYNCommon/CtrlValidation.h>
-#include <ZYNCommon/StatisticsCollector.h>
-#include <ZYNCommon/StatisticsData.h>
-#include <ZYNCommon/StatisticsDataReport.h>
-#include <ZYNCommon/ZYNSession.h>
-
-#include <QtTest/QTest>
+#include "support/Test.h"
 
 #include <memory>
 

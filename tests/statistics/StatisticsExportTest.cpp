@@ -1,22 +1,14 @@
-#include "support/Files.h"
 #include "support/Golden.h"
 #include "support/RelaxNg.h"
-#include "support/Rows.h"
 #include "support/SampleModels.h"
 #include "support/SampleProgram.h"
+#include "support/Test.h"
 
 #include "export/Environment.h"
 #include "statistics/CStatisticsReportBuilderCSV.h"
 #include "statistics/CStatisticsReportBuilderXML.h"
 
-#include <ZYNCommon/StatisticsCollector.h>
-#include <ZYNCommon/StatisticsData.h>
-#include <ZYNCommon/StatisticsDataReport.h>
 #include <ZYNPersistence/CExportServiceStatistics.h>
-
-#include <QtCore/QBuffer>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 using namespace ZYN;
 using namespace Qt::StringLiterals;

@@ -1,12 +1,7 @@
 /// Mean, sigma, capability: against certified figures, and what is left out of them.
 
-#include "support/Rows.h"
 #include "support/SampleProgram.h"
-
-#include <ZYNCommon/StatisticsData.h>
-#include <ZYNCommon/StatisticsDataDecoration.h>
-
-#include <QtTest/QTest>
+#include "support/Test.h"
 
 #include <algorithm>
 #include <cmath>

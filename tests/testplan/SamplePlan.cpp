@@ -1,14 +1,6 @@
 #include "SamplePlan.h"
 #include "support/SampleProgram.h"
 
-#include <ZYNCommon/CtrlAttributes.h>
-#include <ZYNCommon/CtrlTestPlanValues.h>
-#include <ZYNCommon/CtrlValidation.h>
-#include <ZYNCommon/TestComponentAttr.h>
-#include <ZYNCommon/TestPlan.h>
-#include <ZYNCommon/TestPlanCategory.h>
-#include <ZYNCommon/TestPlanData.h>
-
 using namespace ZYN;
 
 namespace {

@@ -1,24 +1,13 @@
+#include "support/Test.h"
 #include "SamplePlan.h"
-#include "support/Files.h"
 #include "support/Golden.h"
+#include "support/Model.h"
 #include "support/RelaxNg.h"
 
 #include "testplan/CTestPlanBuilderXML.h"
 
-#include <ZYNCommon/TestComponentFactory.h>
-#include <ZYNCommon/TestGroup.h>
-#include <ZYNCommon/TestPlan.h>
-#include <ZYNCommon/TestPlanCategory.h>
-#include <ZYNCommon/TestPlanData.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/ValidationInterface.h>
 #include <ZYNPersistence/CExportServiceTestPlan.h>
 #include <ZYNPersistence/CReadServiceTestPlan.h>
-
-#include <QtCore/QBuffer>
-#include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 using namespace ZYN;
 

@@ -1,18 +1,12 @@
+#include "support/Test.h"
 #include "SamplePlan.h"
-#include "support/Files.h"
 #include "support/Golden.h"
-#include "support/Rows.h"
+#include "support/Model.h"
 
 #include "testplan/CTestPlanReaderXML.h"
 
-#include <ZYNCommon/TestPlan.h>
-#include <ZYNCommon/TestProgram.h>
 #include <ZYNPersistence/CExportServiceTestPlan.h>
 #include <ZYNPersistence/CReadServiceTestPlan.h>
-
-#include <QtCore/QRegularExpression>
-#include <QtCore/QTemporaryDir>
-#include <QtTest/QTest>
 
 using namespace ZYN;
 

@@ -1,11 +1,7 @@
-#include <ZYNCommon/ProductType.h>
-#include <ZYNCommon/UUTTest.h>
-#include <ZYNCommon/UnitUnderTest.h>
-#include <ZYNCommon/WorkSpace.h>
-#include <ZYNCommon/ZYNSession.h>
-#include <ZYNCommon/ZYNUser.h>
 
-#include <QtTest/QTest>
+
+#include "support/Model.h"
+#include "support/Test.h"
 
 #include <cmath>
 

@@ -1,8 +1,7 @@
-#include "support/Rows.h"
-#include <ZYNCommon/TestComponentFactory.h>
-#include <ZYNCommon/ValidationInterface.h>
 
-#include <QtTest/QTest>
+
+#include "support/Model.h"
+#include "support/Test.h"
 
 #include <limits>
 #include <memory>

@@ -1,9 +1,7 @@
-#include "support/Rows.h"
-#include <ZYNCommon/DurationText.h>
-#include <ZYNCommon/MeasurementUnit.h>
-#include <ZYNCommon/ValueDisplay.h>
+#include "support/Model.h"
+#include "support/Test.h"
 
-#include <QtTest/QTest>
+#include <ZYNCommon/DurationText.h>
 
 #include <limits>
 
