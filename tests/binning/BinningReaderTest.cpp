@@ -45,10 +45,6 @@ private slots:
             "7 Seven hard pass");
         row("id too large is 0", Section("BIN99999999999", "x"), "0 x hard pass");
         row("largest id", Section("BIN2147483647", "x"), "2147483647 x hard pass");
-        row("other properties, comments, CRLF, mark",
-            QByteArray("\xEF\xBB\xBF; bins\r\n[BIN1]\r\ncolour=red\r\n_NAME_=G\xC3\xBCt=1\r\n_TYPE_=HARD\r\n"
-                       "_RESULT_=PASS\r\n"),
-            "1 Güt=1 hard pass");
     }
     void valid()
     {

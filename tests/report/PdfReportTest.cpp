@@ -151,16 +151,6 @@ private slots:
         QVERIFY(text.contains("second1"));
         QVERIFY(!text.contains("first1") && !text.contains("broken1"));
     }
-
-    void tellsWhatDidNotReachTheDisk()
-    {
-        for (const QString& fileName : {QString(), m_folder.path(), Path("missing/report.pdf")}) {
-            CReportBuilderPDF builder;
-            QVERIFY(builder.OpenFile(fileName));
-            QVERIFY(CExportDirectorReport().ExportUUTTest(SampleModels::BareUnit().get(), &builder));
-            QVERIFY2(!builder.OutputComplete(), qPrintable(fileName));
-        }
-    }
 };
 
 QTEST_MAIN(PdfReportTest)

@@ -50,6 +50,32 @@ private Q_SLOTS:
         }
     }
 
+    void DeviceFromOutside()
+    {
+        QBuffer first;
+        QBuffer second;
+        QVERIFY(first.open(QIODevice::WriteOnly) && second.open(QIODevice::WriteOnly));
+        {
+            const Builder builder = MakeBuilder("CSV");
+            builder->SetDevice(&first);
+            builder->SetDevice(&first);
+            QVERIFY(first.isOpen());
+
+            builder->SetDevice(&second);
+            QVERIFY(!first.isOpen());
+            QCOMPARE(builder->GetDevice(), &second);
+
+            builder->SetDevice(nullptr);
+            QVERIFY(!second.isOpen());
+            QVERIFY(!builder->GetDevice());
+
+            QVERIFY(second.open(QIODevice::WriteOnly));
+            builder->SetDevice(&second);
+        }
+        // The end of the builder touches no device but its own file.
+        QVERIFY(second.isOpen());
+    }
+
     void NextDocumentIsClean_data()
     {
         const Rows<> row;

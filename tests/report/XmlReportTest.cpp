@@ -7,15 +7,11 @@
 #include <functional>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What a document begins with; the root is closed by what the call writes.
-constexpr auto head = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<TestReport Version=\"1.4.0\"";
-
-/// The children of the root that a call writes, without the indentation of their level.
-QString Written(const std::function<void(CReportBuilderXML&)>& call)
+/// The lines of a document but for the declaration and the root, without the indentation of their level.
+QStringList Written(const std::function<void(CReportBuilderXML&)>& call)
 {
     QBuffer device;
     CReportBuilderXML builder;
@@ -23,10 +19,7 @@ QString Written(const std::function<void(CReportBuilderXML&)>& call)
     builder.Open();
     call(builder);
     builder.Close();
-    return QString::fromUtf8(device.data())
-        .remove(QString(head) + ">\n    ")
-        .remove("\n</TestReport>\n")
-        .replace("\n    ", "\n");
+    return QString::fromUtf8(device.data()).replace("\n    ", "\n").trimmed().split('\n').mid(2);
 }
 
 } // namespace
@@ -63,19 +56,12 @@ private slots:
         for (const char* key :
              {"b", "_GoldenDevice", "_GoldenDevice_7", "a_GoldenDevice", "B", "_goldendevice", "no & name"})
             productType.SetParameter(key, QString(key).toUpper());
-        const auto written = [&](CReportBuilderXML& builder) { builder.BeginProductType(&productType); };
-        QCOMPARE(Written(written), uR"(<ProductType ID="7">
-    <Property Name="Name">P</Property>
-    <Property Name="Description"></Property>
-    <Property Name="ArticelCode"></Property>
-    <Property Name="Customer"></Property>
-    <Parameter B="B"/>
-    <Parameter _goldendevice="_GOLDENDEVICE"/>
-    <Parameter a_GoldenDevice="A_GOLDENDEVICE"/>
-    <Parameter b="B"/>
-    <Parameter no & name="NO &amp; NAME"/>
-    <Property Name="ClusterLevel"></Property>
-</ProductType>)"_s);
+        const QStringList written =
+            Written([&](CReportBuilderXML& builder) { builder.BeginProductType(&productType); });
+        QCOMPARE(written.filter("<Parameter "),
+                 QStringList({"    <Parameter B=\"B\"/>", "    <Parameter _goldendevice=\"_GOLDENDEVICE\"/>",
+                              "    <Parameter a_GoldenDevice=\"A_GOLDENDEVICE\"/>",
+                              "    <Parameter b=\"B\"/>", "    <Parameter no & name=\"NO &amp; NAME\"/>"}));
     }
 
     /// Components that a caller made without controls, without a line, without a result.
@@ -86,7 +72,7 @@ private slots:
         group->SetEnableCtrl(nullptr);
         group->SetLogInReportCtrl(nullptr);
         TestResult result(group);
-        const QString written = Written([&](CReportBuilderXML& builder) {
+        const QStringList written = Written([&](CReportBuilderXML& builder) {
             QVERIFY(!builder.BeginUUTTest(nullptr));
             QVERIFY(!builder.BeginUnitUnderTest(nullptr));
             QVERIFY(!builder.BeginTestResultSet(nullptr));
@@ -97,34 +83,28 @@ private slots:
             QVERIFY(builder.BeginTestGroup(group.data(), &result));
             builder.EndTestGroup(group.data());
         });
-        QVERIFY2(written.startsWith(uR"(<TestGroup ID="3" Name="G" Type="2">
+        QCOMPARE(written.first(5).join('\n'), R"(<TestGroup ID="3" Name="G" Type="2">
     <Property Name="Ident">3</Property>
     <Property Name="Enabled">0</Property>
     <Property Name="Type">2</Property>
-    <Property Name="ReportInc">0</Property>
-    <Result Code="0")"_s),
-                 qPrintable(written));
+    <Property Name="ReportInc">0</Property>)");
     }
 
-    void styleSheet_data()
-    {
-        const Rows<QString, QString> row;
-        const QString instruction = "<?xml-stylesheet type=\"text/xsl\" href=\"%1\"?>\n";
-        row("none", QString(), QString());
-        row("absolute, not escaped", "/styles/a & b.xsl", instruction.arg("/styles/a & b.xsl"));
-        row("relative", "plain.xsl", instruction.arg(QDir::current().absoluteFilePath("plain.xsl")));
-    }
     void styleSheet()
     {
-        const auto [path, line] = CurrentRow<QString, QString>();
-        QBuffer device;
-        CReportBuilderXML builder;
-        builder.SetProperty("XMLStyle", path);
-        builder.SetDevice(&device);
-        QVERIFY(builder.Open() && builder.Close());
-        QString expected = QLatin1String(head) + "/>\n";
-        expected.insert(expected.indexOf(u'\n') + 1, line);
-        QCOMPARE(QString::fromUtf8(device.data()), expected);
+        for (const QString path : {"", "/styles/a & b.xsl", "plain.xsl"}) {
+            QBuffer device;
+            CReportBuilderXML builder;
+            builder.SetProperty("XMLStyle", path);
+            builder.SetDevice(&device);
+            QVERIFY(builder.Open() && builder.Close());
+            // As an absolute path, not escaped.
+            const QString style = path.isEmpty() ? QString()
+                                                 : "<?xml-stylesheet type=\"text/xsl\" href=\"" +
+                                                       QDir::current().absoluteFilePath(path) + "\"?>\n";
+            QCOMPARE(QString::fromUtf8(device.data()), "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" +
+                                                           style + "<TestReport Version=\"1.4.0\"/>\n");
+        }
     }
 };
 

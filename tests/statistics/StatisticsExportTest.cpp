@@ -5,8 +5,6 @@
 #include "support/Test.h"
 
 #include "export/Environment.h"
-#include "statistics/CStatisticsReportBuilderCSV.h"
-#include "statistics/CStatisticsReportBuilderXML.h"
 
 #include <ZYNPersistence/CExportServiceStatistics.h>
 
@@ -117,29 +115,12 @@ private slots:
             const char* const begin = format.startsWith('c', Qt::CaseInsensitive) ? "Ident\n" : "<?xml";
             QVERIFY2(Files::Content(Path("names")).startsWith(begin), qPrintable(format));
         }
+        QCOMPARE(CExportServiceStatistics::FormatForExtension("a.zyr"), "XML");
+        QCOMPARE(CExportServiceStatistics::FormatForExtension("a.csv.txt"), "CSV");
         QVERIFY(!service.SetFormat("TXT"));
         QVERIFY(!service.FormatOk());
         QVERIFY(!Export(service, &report, Path("names")));
         QCOMPARE(service.GetErrorText(), QString("No valid format provided."));
-    }
-
-    void formatOfAFileName()
-    {
-        QCOMPARE(CExportServiceStatistics::FormatForExtension("a.zyr"), "XML");
-        QCOMPARE(CExportServiceStatistics::FormatForExtension("a.csv.txt"), "CSV");
-    }
-
-    void scaledOnlyOnceItWasSet()
-    {
-        const auto report = Figures();
-        CExportServiceStatistics service;
-        for (const bool scaled : {true, false}) {
-            service.SetUseScaledData(scaled);
-            QVERIFY(service.SetFormat("CSV"));
-            QVERIFY(Export(service, report.get(), Path("a.csv")));
-            QVERIFY(Files::Content(Path("a.csv"))
-                        .contains(scaled ? "\nValue 1;4990;7;ok;" : "\nValue 1;4.99;7;ok;"));
-        }
     }
 
     void onlyTheTableAccumulates()
@@ -160,25 +141,6 @@ private slots:
         QVERIFY(Export(service, report.get(), Path("a.xml")));
         QVERIFY(Export(service, report.get(), Path("b.xml")));
         QCOMPARE(Files::Content(Path("a.xml")), Files::Content(Path("b.xml")));
-    }
-
-    void nothingForNull()
-    {
-        CStatisticsReportBuilderCSV table;
-        CStatisticsReportBuilderXML document;
-        for (CExportBuilderImp* const builder :
-             std::initializer_list<CExportBuilderImp*>{&table, &document}) {
-            const bool isTable = builder == &table;
-            QVERIFY(!builder->Open());
-            QBuffer buffer;
-            builder->SetDevice(&buffer);
-            QVERIFY(builder->Open());
-            QVERIFY(!builder->BeginStatisticsData(nullptr));
-            // The table does not know of these; the document leaves out what is not there.
-            QCOMPARE(builder->BeginSession(nullptr), isTable);
-            QCOMPARE(builder->BeginTestProgram(nullptr), isTable);
-            QVERIFY(builder->Close() && builder->OutputComplete());
-        }
     }
 
 private:

@@ -217,14 +217,11 @@ private slots:
         const Values millivolts{0.0031, 0.0033, 0.0034};
         row("plain", Real("<=", 0.003, "<=", 0.0036, -3), millivolts, false,
             "0.0031|0.0034|0.003266667|0.000152753|0.581914|0.003|0.0036|V");
-        row("scaled", Real("<=", 0.003, "<=", 0.0036, -3), millivolts, true,
-            "3.1|3.4|3.266667|0.152753|0.581914|3|3.6|mV");
         row("large with a small spread", Limits(), Values{1e9, 1e9 + 0.25, 1e9 + 0.5}, false,
             "1000000000|1000000000.5|1000000000.25|0.25||||");
         row("status words", SampleModels::IntegerLimits(MeasurementUnit::Hexadecimal, 0, 255),
             Values{16, 255, 17}, true, "10|ff|96|137.699|0.232391|0|ff|hex");
         row("one value", Real("<=", -3, "<=", 3), Values{-2.5}, false, "-2.5|-2.5|-2.5|||-3|3|V");
-        row("equal values", Limits(), Values{0.1, 0.1, 0.1}, false, "0.1|0.1|0.1|0||||");
     }
     void texts()
     {

@@ -49,21 +49,6 @@ private slots:
         }
     }
 
-    void timesAreKeptVerbatim()
-    {
-        UUTTest test(1, QString());
-        test.SetStopTimeString("0");
-        QCOMPARE(test.GetStopTimeString(), "0");
-        QVERIFY(!test.GetStopTime().isValid());
-
-        test.SetStartTimeString("2024-02-29T08:00:00.5+01:00");
-        const QDateTime start(QDate(2024, 2, 29), QTime(7, 0, 0, 500), Qt::UTC);
-        QCOMPARE(test.GetStartTime(), start);
-        test.SetStartTime(start);
-        QCOMPARE(test.GetStartTimeString(), "2024-02-29T07:00:00.500Z");
-        QCOMPARE(test.GetStartTime(), start);
-    }
-
     void passwords()
     {
         ZYNUser user("operator");
