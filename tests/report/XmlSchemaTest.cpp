@@ -132,6 +132,31 @@ private slots:
             QCOMPARE(StructureFaults(document), structureFaults);
     }
 
+    void damageInOtherFiles_data()
+    {
+        const Rows<QString, QString, QByteArray, QByteArray> row;
+        const QString lot = "statistics/lot.xml";
+        const QString plan = "test-plan/board.tpl";
+        row("statistics: version", "statistics-1.0.2", lot, "Version=\"1.0.2\"", "Version=\"1.0.3\"");
+        row("statistics: twice", "statistics-1.0.2", lot, "Name=\"Pass\"", "Name=\"Fail\"");
+        row("statistics: no unit", "statistics-1.0.2", lot, "<Property Name=\"Unit\">V</Property>", "");
+        row("statistics: type", "statistics-1.0.2", lot, "Type=\"8\"", "Type=\"Real\"");
+        row("plan: version", "test-plan-3.0.0", plan, "Version=\"3.0.0\"", "Version=\"3.0\"");
+        row("plan: no unit", "test-plan-3.0.0", plan, " Unit=\"V\"", "");
+        row("plan: property", "test-plan-3.0.0", plan, "Name=\"Lower\"", "Name=\"LogInReport\"");
+        row("plan: boolean", "test-plan-3.0.0", plan, ">true</Property>", ">1</Property>");
+        row("plan: element inside", "test-plan-3.0.0", plan, ">3</Attribute>", "><b/></Attribute>");
+        row("plan: another version", "test-plan-2.0.0", plan, "", "");
+    }
+    void damageInOtherFiles()
+    {
+        const auto [schema, file, before, after] = CurrentRow<QString, QString, QByteArray, QByteArray>();
+        const QByteArray good = Files::Content(Golden::Folder() + u'/' + file);
+        const QByteArray damaged = QByteArray(good).replace(before, after);
+        QVERIFY(damaged != good || before.isEmpty());
+        QVERIFY(RelaxNg::Refuses(schema + ".rng", damaged, ReportFiles::ScratchFile()));
+    }
+
     void checkerEndsOnAnything()
     {
         const QByteArray document = Sample("panel");

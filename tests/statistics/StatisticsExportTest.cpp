@@ -86,25 +86,6 @@ private slots:
         }
     }
 
-    void schemaRefusesDamage()
-    {
-        const auto report = Lot();
-        CExportServiceStatistics service;
-        QVERIFY(service.SetFormat(QString()));
-        QVERIFY(Export(service, report.get(), Path("out.xml")));
-        const QByteArray content = Files::Content(Path("out.xml"));
-        const std::pair<const char*, const char*> damages[] = {
-            {"Version=\"1.0.2\"", "Version=\"1.0.3\""},
-            {"<Property Name=\"Pass\"", "<Property Name=\"Fail\""},
-            {"<Property Name=\"Unit\">V</Property>", ""},
-            {"Type=\"8\"", "Type=\"Real\""}};
-        for (const auto& [before, after] : damages) {
-            const QByteArray damaged = QByteArray(content).replace(before, after);
-            QVERIFY2(damaged != content, before);
-            QVERIFY2(RelaxNg::Refuses("statistics-1.0.2.rng", damaged, Path("damaged.xml")), before);
-        }
-    }
-
     void formatNames()
     {
         StatisticsDataReport report;

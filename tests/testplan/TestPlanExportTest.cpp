@@ -53,27 +53,9 @@ private slots:
             const QByteArray content = Export(SamplePlan::Program().get(), excludeBinIds);
             QCOMPARE(Golden::Difference("test-plan", golden, content), QString());
             QCOMPARE(RelaxNg::Faults("test-plan-3.0.0.rng", Path("out.tpl")), QString());
+            Files::Write(Path("2.tpl"), QByteArray(content).replace("3.0.0", "2.0.0"));
+            QCOMPARE(RelaxNg::Faults("test-plan-2.0.0.rng", Path("2.tpl")), QString());
         }
-    }
-
-    void schemasRefuseDamage()
-    {
-        QByteArray content = Export(SamplePlan::Program().get());
-        const auto refused = [&](const char* schema, const QByteArray& document) {
-            return RelaxNg::Refuses(schema, document, Path("damaged.tpl"));
-        };
-        const std::pair<const char*, const char*> damages[] = {{"Version=\"3.0.0\"", "Version=\"3.0\""},
-                                                               {" Unit=\"V\"", ""},
-                                                               {"Name=\"Lower\"", "Name=\"LogInReport\""},
-                                                               {">true</Property>", ">1</Property>"},
-                                                               {">3</Attribute>", "><b/></Attribute>"}};
-        for (const auto& [before, after] : damages) {
-            const QByteArray damaged = QByteArray(content).replace(before, after);
-            QVERIFY2(damaged != content && refused("test-plan-3.0.0.rng", damaged), before);
-        }
-        QVERIFY2(refused("test-plan-2.0.0.rng", content), "another version's schema refuses the file");
-        content.replace("3.0.0", "2.0.0");
-        QVERIFY(!refused("test-plan-2.0.0.rng", content));
     }
 
     void validationProperties()
@@ -94,34 +76,20 @@ private slots:
         QCOMPARE(written(true), "BINID=1 Empty= Flag=true name=1");
     }
 
-    void noPlanLeavesNoFile()
-    {
-        CExportServiceTestPlan service(false);
-        service.SetOutputFileName(Path("none.tpl"));
-        QVERIFY(service.Export(SamplePlan::Program().get()));
-        QVERIFY(QFile::exists(Path("none.tpl")));
-        QVERIFY(service.Export(SamplePlan::ProgramWith(nullptr).get()));
-        QVERIFY2(!QFile::exists(Path("none.tpl")), "the counter begins anew with each document");
-        QVERIFY(service.OutputComplete());
-        QVERIFY(service.GetErrorText().isEmpty());
-    }
-
     // The builder keeps its device after the end of a document: others must be able to read it all the same.
     void serviceIsReused()
     {
         const auto program = SamplePlan::Program();
+        const QByteArray expected = Export(program.get());
         CExportServiceTestPlan service(false);
-        QByteArray first;
         for (const char* const name : {"a.tpl", "b.tpl", "a.tpl"}) {
             service.SetOutputFileName(Path(name));
-            QVERIFY(service.Export(program.get()));
-            QVERIFY(service.OutputComplete());
-            const QByteArray content = Files::Content(Path(name));
-            QVERIFY(content.endsWith("</TestPlan>\n"));
-            if (first.isEmpty())
-                first = content;
-            QCOMPARE(content, first);
+            QVERIFY(service.Export(program.get()) && service.OutputComplete());
+            QCOMPARE(Files::Content(Path(name)), expected);
         }
+        QVERIFY(service.Export(SamplePlan::ProgramWith(nullptr).get()));
+        QVERIFY2(!QFile::exists(Path("a.tpl")), "no plan leaves no file, whatever was written before");
+        QVERIFY(service.OutputComplete() && service.GetErrorText().isEmpty());
     }
 
     // A walk that breaks off leaves elements open in the stream writer.
@@ -171,8 +139,7 @@ private slots:
         const QByteArray content = Export(program.get());
         const QByteArray mended = QString("a\ufffdb\ufffdc").toUtf8();
         QVERIFY2(content.contains("<Property Name=\"P" + mended + "\">" + mended + "</Property>"), content);
-        QVERIFY(content.contains("<Property Name=\"Z\">1</Property>"));
-        QVERIFY(content.endsWith("</TestPlan>\n"));
+        QVERIFY(content.contains("<Property Name=\"Z\">1</Property>") && content.endsWith("</TestPlan>\n"));
     }
 
     void deepCategories()
