@@ -29,8 +29,6 @@ struct Components {
     }
 };
 
-constexpr int Deep = 100000;
-
 } // namespace
 
 class LifetimeTest : public QObject {
@@ -142,35 +140,6 @@ private slots:
         first.AddResult(nullptr);
         QCOMPARE(first.GetResults().size(), 3);
         QCOMPARE(first.GetResult(nullptr), nullptr);
-    }
-
-    void deepAttributesAreFreed()
-    {
-        CtrlAttributes attributes;
-        auto* item = new TestComponentAttr("top", TestComponentAttr::Category);
-        attributes.AddAttribute(item);
-        for (int depth = 0; depth < Deep; ++depth) {
-            auto* const child = new TestComponentAttr(QString(), TestComponentAttr::Category);
-            item->AddChild(new TestComponentAttr(QString(), TestComponentAttr::Integer, depth));
-            item->AddChild(child);
-            item = child;
-        }
-        QCOMPARE(attributes.GetAttributes().first()->GetChildren().size(), 2);
-    }
-
-    void deepPlansAreFreed()
-    {
-        auto top = std::make_unique<TestPlanCategory>("top");
-        TestPlanCategory* category = top.get();
-        for (int depth = 0; depth < Deep; ++depth) {
-            auto* const data = new TestPlanData;
-            auto* const child = new TestPlanCategory(QString());
-            data->AddCategory(new TestPlanCategory("without content"));
-            data->AddCategory(child);
-            category->SetAttributes(data);
-            category = child;
-        }
-        QCOMPARE(top->GetAttributes()->GetCategories().size(), 2);
     }
 };
 

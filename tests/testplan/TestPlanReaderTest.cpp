@@ -147,20 +147,6 @@ private slots:
         QVERIFY(!reader.TakeTestPlan());
     }
 
-    void readerIsReused()
-    {
-        CTestPlanReaderXML reader;
-        QVERIFY(reader.Open(Write(Plan("<Properties Ident='1'>"))));
-        QVERIFY(!reader.Read());
-        QVERIFY(!reader.Open(folder.filePath("missing.tpl")));
-        QVERIFY2(reader.GetErrorText().startsWith(u'\t'), "no fault of an earlier document");
-        QVERIFY(reader.Open(Write(Plan("<Properties Ident='2'/>"))));
-        QVERIFY(reader.Read());
-        const std::unique_ptr<TestPlan> plan(reader.TakeTestPlan());
-        QCOMPARE(plan->GetKeys(), QStringList{"2"});
-        QVERIFY(!reader.TakeTestPlan());
-    }
-
 private:
     QString Write(const QByteArray& content) { return Files::Write(folder.filePath("in.tpl"), content); }
 
