@@ -10,17 +10,12 @@ QByteArray Opened(const QString& fileName)
 {
     // A profile of its own: a running or crashed browser of the same user does not matter.
     const QTemporaryDir profile;
-    const QStringList arguments{"--headless",
-                                "--no-sandbox",
-                                "--disable-gpu",
-                                "--no-first-run",
-                                "--disable-sync",
-                                "--disable-background-networking",
-                                "--disable-quic",
-                                "--disable-component-update",
-                                "--dump-dom",
-                                "--user-data-dir=" + profile.path(),
-                                QUrl::fromLocalFile(fileName).toString(QUrl::FullyEncoded)};
+    QStringList arguments = QString("--headless --no-sandbox --disable-gpu --no-first-run --disable-sync "
+                                    "--disable-background-networking --disable-quic "
+                                    "--disable-component-update --dump-dom")
+                                .split(' ');
+    arguments << "--user-data-dir=" + profile.path()
+              << QUrl::fromLocalFile(fileName).toString(QUrl::FullyEncoded);
     auto browser = Program::Run("chromium", arguments);
     // Its first start on a loaded machine may fail without any fault of the page.
     if (browser.code != 0)

@@ -37,17 +37,6 @@ private Q_SLOTS:
         const QString difference = CheckReportGolden(format, caseName);
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
     }
-
-    void EveryExpectationHasATest()
-    {
-        // These are no reports; each is gone through by a test of its own.
-        const QStringList known =
-            SampleModels::ReportCaseNames() + QStringList{"statistics", "test-plan", "tool"};
-        for (const QString& folder : QDir(Golden::Folder()).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
-            QVERIFY2(known.contains(folder), qPrintable(folder + " is no sample of a report"));
-            QVERIFY2(!QDir(Golden::Folder() + '/' + folder).isEmpty(), qPrintable(folder + " is empty"));
-        }
-    }
 };
 
 QTEST_GUILESS_MAIN(ReportGoldenTest)

@@ -136,32 +136,18 @@ private slots:
         QVERIFY(!QFileInfo::exists(folder->Path("d.zyr")));
     }
 
-    void ShowPrintsTheTree()
+    void Show_data()
     {
-        const auto outcome = lot.Zyn("show --failed .");
-        QCOMPARE(outcome.code, 0);
-        QCOMPARE(Golden::Difference("tool", "show-failed.txt", outcome.output), QString());
+        const Rows<QString> row;
+        row("show --failed .", "show-failed.txt");
+        row("show --json --failed panel-0004.zyr", "show-failed.json");
     }
-
-    void ShowJsonHoldsTheNumbers()
+    void Show()
     {
-        const auto lines = lot.Zyn("show --json --failed panel-0004.zyr .").output.split('\n');
-        QVERIFY(lines.size() > 10);
-        const auto panel = QJsonDocument::fromJson(lines.first());
-        QCOMPARE(panel["file"].toString(), QString("panel-0004.zyr"));
-        QCOMPARE(panel["lot"].toString(), QString("L00001"));
-        QCOMPARE(panel["code"].toInt(), -5);
-        // Down to the voltage of the board with the bad 5 V supply.
-        const QJsonValue board = panel["items"].toArray().last();
-        QCOMPARE(board["place"].toInt(), 3);
-        QJsonValue part = board["runs"][0]["program"];
-        for (int level = 0; level < 3; ++level)
-            part = part["children"][0];
-        QCOMPARE(part["name"].toString(), QString("Voltage"));
-        QCOMPARE(part["value"].toDouble(), 4.315);
-        QCOMPARE(part["lower"].toDouble(), 4.85);
-        QCOMPARE(part["lowerOperator"].toString(), QString("<="));
-        QCOMPARE(part["code"].toInt(), -1);
+        const auto [golden] = CurrentRow<QString>();
+        const auto outcome = lot.Zyn(QTest::currentDataTag());
+        QCOMPARE(outcome.code, 0);
+        QCOMPARE(Golden::Difference("tool", golden, outcome.output), QString());
     }
 
     // A report's names are data from anywhere: here a control sequence introducer and a right-to-left
