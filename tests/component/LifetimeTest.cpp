@@ -6,7 +6,6 @@
 #include <memory>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 

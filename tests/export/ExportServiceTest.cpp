@@ -13,7 +13,6 @@
 #include <stdexcept>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 

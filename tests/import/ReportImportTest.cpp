@@ -4,7 +4,6 @@
 
 using namespace ZYN;
 using namespace ZYN::ReportFiles;
-using namespace Qt::StringLiterals;
 
 class ReportImportTest : public QObject {
     Q_OBJECT

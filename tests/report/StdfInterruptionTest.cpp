@@ -5,7 +5,6 @@
 #include "report/StdfLotFile.h"
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 using LotModels::Append;
 using LotModels::SimpleUnit;
 

@@ -7,7 +7,6 @@
 #include <limits>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 

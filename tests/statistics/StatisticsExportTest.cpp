@@ -9,7 +9,6 @@
 #include <ZYNPersistence/CExportServiceStatistics.h>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -8,7 +8,6 @@
 #include <limits>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 

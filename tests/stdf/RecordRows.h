@@ -76,25 +76,4 @@ inline constexpr Row rows[] = {
 };
 // clang-format on
 
-/// The lot of `TextForPeople`, as it is printed.
-inline constexpr const char* lotAsText = R"(Lot         LOT-1
-Product     Board
-Machine     TESTER-3
-Program     motor.tp
-Revision    1.2
-Operator    Anna
-Started     2024-05-17T08:50:48Z
-
-  Part    Site  Verdict  Hard bin  Soft bin   Tests    Time [s]  Ident
-     1     1/1  FAIL            0         -       2      12.345  SN1
-
-  Test    Runs  Failed      Low limit     High limit  Unit    Scale  Name
-     1       1       0              1            500  V           3  [1]
-     2       1       1              -              -              0  No
-
-Hard bin 1: 1 parts F bad
-Counted: 1 parts, 0 good
-Finished: 2024-05-17T08:51:00Z
-STDF V4, little-endian; records: 1 FAR, 1 HBR, 1 MIR, 1 MRR, 1 PCR, 1 PIR, 1 PRR, 2 PTR)";
-
 } // namespace ZYN::RecordRows

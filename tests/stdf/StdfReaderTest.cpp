@@ -1,5 +1,6 @@
 #include "LotFiles.h"
 #include "RecordRows.h"
+#include "support/Golden.h"
 #include "support/Test.h"
 
 #include "stdf/JsonPrinter.h"
@@ -256,7 +257,7 @@ private slots:
         for (Stdf::RawRecord raw; reader.Next(raw);)
             printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
         printer.Finish(reader);
-        QCOMPARE(lines.join(u'\n'), QString::fromLatin1(RecordRows::lotAsText));
+        QCOMPARE(Golden::Difference("tool", "lot.txt", lines.join(u'\n').toUtf8()), QString());
     }
 };
 

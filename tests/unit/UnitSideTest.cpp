@@ -6,7 +6,6 @@
 #include <cmath>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 class UnitSideTest : public QObject {
     Q_OBJECT

@@ -6,7 +6,6 @@
 #include <limits>
 
 using namespace ZYN;
-using namespace Qt::StringLiterals;
 
 namespace {
 
