@@ -28,7 +28,7 @@ QString Prefixed(int factor, const MeasurementUnit& unit)
     }();
     const int row = factor - firstFactor;
     const bool usual = row >= 0 && row < factors && unit.GetCode() >= 0 && unit.GetCode() < units;
-    return usual ? texts[size_t(row * units + unit.GetCode())] : MakePrefixed(factor, unit);
+    return usual ? texts[size_t(row) * units + size_t(unit.GetCode())] : MakePrefixed(factor, unit);
 }
 
 } // namespace
