@@ -3,6 +3,8 @@
 
 #include "CReportBuilderJSON.h"
 
+#include "JsonIndenter.h"
+
 #include "export/Environment.h"
 #include "export/ModelAdapter.h"
 
@@ -20,7 +22,8 @@
 #include <ZYNCommon/ZYNSession.h>
 
 #include <QtCore/QFileInfo>
-#include <QtCore/QJsonDocument>
+
+#include <utility>
 
 namespace ZYN {
 
@@ -72,20 +75,9 @@ void WriteJsonResult(const TestResult* result, QJsonObject& target)
     target.insert(QStringLiteral("Result"), object);
 }
 
-/// A lone surrogate is no character, and `QJsonDocument` writes it as an escape that strict readers
-/// refuse: U+FFFD stands for it as in the other formats. No other escape begins like this one.
-void ReplaceLoneSurrogates(QByteArray& text)
+JsonItems Wrapped(const QString& key, const QJsonObject& object)
 {
-    constexpr qsizetype escapeLength = 6;
-    for (qsizetype place = 0; (place = text.indexOf('\\', place)) >= 0; place += 2) {
-        if (text.mid(place, 3) == "\\ud")
-            text.replace(place, escapeLength, "\xEF\xBF\xBD");
-    }
-}
-
-QJsonObject Wrapped(const QString& key, const QJsonObject& object)
-{
-    return QJsonObject{{key, object}};
+    return JsonItems(QJsonObject{{key, object}});
 }
 
 } // namespace
@@ -103,26 +95,23 @@ bool CReportBuilderJSON::Open()
 
 bool CReportBuilderJSON::Close()
 {
-    QJsonObject root{{QStringLiteral("Information"), information}};
-    if (hasSubUnitTests)
-        root.insert(QStringLiteral("PanelItems"), panelItems);
-    else
-        root.insert(QStringLiteral("Programs"), programs);
-    hasSubUnitTests = false;
-
+    const bool isPanel = std::exchange(hasSubUnitTests, false);
     if (!IsOpened())
         return true;
-    QByteArray text =
-        QJsonDocument(QJsonObject{{QStringLiteral("UUTTest"), root}}).toJson(QJsonDocument::Indented);
-    ReplaceLoneSurrogates(text);
-    if (GetDevice()->write(text) != text.size())
+    JsonIndenter document(*GetDevice());
+    document.Write(R"({"UUTTest":{"Information":[)");
+    document.Write(information.Pieces());
+    document.Write(isPanel ? R"(],"PanelItems":[)" : R"(],"Programs":[)");
+    document.Write((isPanel ? panelItems : programs).Pieces());
+    document.Write("]}}");
+    if (!document.Finish())
         NoteOutputFailure();
     SetDevice(nullptr);
     SetOpened(false);
     return true;
 }
 
-QJsonArray& CReportBuilderJSON::Items()
+JsonItems& CReportBuilderJSON::Items()
 {
     return inSubUnitTest ? panelItems : information;
 }
@@ -131,7 +120,7 @@ bool CReportBuilderJSON::BeginUUTTest(UUTTest* uutTest)
 {
     if (!uutTest)
         return false;
-    Items().append(Wrapped(QStringLiteral("UUTTest"),
+    Items().Append(Wrapped(QStringLiteral("UUTTest"),
                            {
                                {QStringLiteral("Result"), uutTest->GetResultString()},
                                {QStringLiteral("Duration"), uutTest->GetDurationStringFormated()},
@@ -147,7 +136,7 @@ bool CReportBuilderJSON::BeginUnitUnderTest(UnitUnderTest* unit)
     if (!unit)
         return false;
     const QSharedPointer<ProductType> productType = unit->GetProductType();
-    Items().append(
+    Items().Append(
         Wrapped(QStringLiteral("UnitUnderTest"),
                 {
                     {QStringLiteral("SerialNo"), unit->GetSerialNo()},
@@ -163,7 +152,7 @@ bool CReportBuilderJSON::BeginProductType(ProductType* productType)
 {
     if (!productType)
         return false;
-    information.append(Wrapped(QStringLiteral("ProductType"),
+    information.Append(Wrapped(QStringLiteral("ProductType"),
                                {
                                    {QStringLiteral("Name"), productType->GetName()},
                                    {QStringLiteral("Description"), productType->GetDescription()},
@@ -177,7 +166,7 @@ bool CReportBuilderJSON::BeginProductionLot(ProductionLot* lot)
 {
     if (!lot)
         return false;
-    information.append(
+    information.Append(
         Wrapped(QStringLiteral("ProductionLot"), {
                                                      {QStringLiteral("LotNumber"), lot->GetName()},
                                                      {QStringLiteral("OrderCode"), lot->GetOrderCode()},
@@ -189,7 +178,7 @@ bool CReportBuilderJSON::BeginSession(ZYNSession* session)
 {
     if (!session)
         return false;
-    information.append(Wrapped(QStringLiteral("TestEnvironment"),
+    information.Append(Wrapped(QStringLiteral("TestEnvironment"),
                                {
                                    {QStringLiteral("KVAVersion"), Environment::EngineVersion()},
                                    {QStringLiteral("MachineName"), session->GetMachineName()},
@@ -203,7 +192,7 @@ bool CReportBuilderJSON::BeginFixture(Fixture* fixture)
 {
     if (!fixture)
         return false;
-    information.append(
+    information.Append(
         Wrapped(QStringLiteral("Fixture"), {
                                                {QStringLiteral("Name"), fixture->GetName()},
                                                {QStringLiteral("Ident"), fixture->GetIdent()},
@@ -228,13 +217,14 @@ bool CReportBuilderJSON::BeginTestProgram(TestProgram* program, TestResult* resu
     // The program's header has the empty string as its key; readers of the format rely on it.
     WriteJsonComponent(QString(), program, programObject);
     WriteJsonResult(result, programObject);
+    lastProgram = JsonItems(programObject);
     return true;
 }
 
 bool CReportBuilderJSON::EndTestProgram(TestProgram*)
 {
-    programObject.insert(QStringLiteral("Groups"), groups);
-    programs.append(programObject);
+    lastProgram = JsonItems(programObject, QStringLiteral("Groups"), groups);
+    programs.Append(lastProgram);
     return true;
 }
 
@@ -251,8 +241,7 @@ bool CReportBuilderJSON::BeginTestGroup(TestGroup* group, TestResult* result)
 
 bool CReportBuilderJSON::EndTestGroup(TestGroup*)
 {
-    groupObject.insert(QStringLiteral("Steps"), steps);
-    groups.append(groupObject);
+    groups.Append(JsonItems(groupObject, QStringLiteral("Steps"), steps));
     return true;
 }
 
@@ -269,8 +258,7 @@ bool CReportBuilderJSON::BeginTestStep(TestStep* step, TestResult* result)
 
 bool CReportBuilderJSON::EndTestStep(TestStep*)
 {
-    stepObject.insert(QStringLiteral("Values"), values);
-    steps.append(stepObject);
+    steps.Append(JsonItems(stepObject, QStringLiteral("Values"), values).Joined());
     return true;
 }
 
@@ -281,7 +269,7 @@ bool CReportBuilderJSON::BeginTestMeasurement(TestMeasurement* measurement, Test
     QJsonObject object;
     WriteJsonComponent(QStringLiteral("TestMeasurement"), measurement, object);
     WriteJsonResult(result, object);
-    values.append(object);
+    values.Append(JsonItems(object));
     return true;
 }
 
@@ -295,7 +283,7 @@ bool CReportBuilderJSON::BeginSubUnitTest()
 bool CReportBuilderJSON::EndSubUnitTest()
 {
     inSubUnitTest = false;
-    panelItems.append(programObject);
+    panelItems.Append(lastProgram);
     return true;
 }
 

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "export/CExportBuilderImp.h"
+#include "JsonItems.h"
 
-#include <QtCore/QJsonArray>
-#include <QtCore/QJsonObject>
+#include "export/CExportBuilderImp.h"
 
 namespace ZYN {
 
-/// The JSON report: one document, collected during the walk and written at its end.
+/// The JSON report: one document, collected as compact text during the walk and written at its end.
 ///
 /// Numbers that JSON cannot express (not-a-number, infinities) become null. Test parameters are left
 /// out. What was collected is not cleared by `Close`: a second report through the same builder repeats
@@ -42,19 +41,21 @@ public:
 
 private:
     /// Where header items go: to the panel items inside one, else to the unit's own information.
-    QJsonArray& Items();
+    JsonItems& Items();
 
     bool inSubUnitTest = false;
     bool hasSubUnitTests = false;
     QJsonObject programObject;
     QJsonObject stepObject;
     QJsonObject groupObject;
-    QJsonArray information;
-    QJsonArray panelItems;
-    QJsonArray programs;
-    QJsonArray groups;
-    QJsonArray steps;
-    QJsonArray values;
+    JsonItems information;
+    JsonItems panelItems;
+    JsonItems programs;
+    /// The program that was written last, as far as it came: a panel item ends with it.
+    JsonItems lastProgram{QJsonObject()};
+    JsonItems groups;
+    JsonItems steps;
+    JsonItems values;
 };
 
 } // namespace ZYN

@@ -4,6 +4,7 @@
 #include "export/CExportDirectorReport.h"
 #include "report/CReportBuilderJSON.h"
 
+#include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/TestResultSet.h>
 
 using namespace ZYN;
@@ -73,6 +74,31 @@ private slots:
         QCOMPARE(Faults(report), QByteArray());
         QVERIFY2(report.contains(before), report);
         QVERIFY(!Faults(QByteArray(report).replace(before, after)).isEmpty());
+    }
+
+    void laidOutAsQtDoes()
+    {
+        CReportBuilderJSON builder;
+        QBuffer buffer;
+        builder.SetDevice(&buffer);
+        QVERIFY(builder.Open());
+        // Looks like structure, ends with an escape, is longer than what is buffered.
+        for (const QString& text : {QString("],\"Values\":[{:"), QString("\\"), QString(1 << 17, '"')}) {
+            ProductType product(1, text);
+            QVERIFY(builder.BeginProductType(&product));
+        }
+        // Items without anything, and without what they belong to.
+        QVERIFY(builder.BeginSubUnitTest() && builder.EndSubUnitTest());
+        QVERIFY(builder.EndTestStep(nullptr) && builder.EndTestGroup(nullptr));
+        QVERIFY(builder.EndTestProgram(nullptr) && builder.EndSubUnitTest());
+        QVERIFY(builder.Close() && builder.OutputComplete());
+
+        const auto document = QJsonDocument::fromJson(buffer.data());
+        QCOMPARE(buffer.data(), document.toJson());
+        QCOMPARE(document["UUTTest"]["Information"].toArray().size(), 3);
+        const QJsonArray items = document["UUTTest"]["PanelItems"].toArray();
+        QCOMPARE(QJsonDocument(items).toJson(QJsonDocument::Compact),
+                 R"([{},{"Groups":[{"Steps":[{"Values":[]}]}]}])");
     }
 
     void secondReportRepeatsTheFirst()

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QtCore/QByteArrayList>
+#include <QtCore/QIODevice>
+
+#include <vector>
+
+namespace ZYN {
+
+/// Lays compact JSON out as `QJsonDocument::Indented` does, on its way to a device.
+class JsonIndenter {
+public:
+    explicit JsonIndenter(QIODevice& target)
+        : device(target)
+        , buffer(1 << 16)
+    {
+    }
+
+    /// Adds a piece of the document. No piece ends within a text.
+    void Write(QByteArrayView compact);
+    void Write(const QByteArrayList& pieces);
+    /// Ends the document.
+    /// \return whether the device took all of it; nothing follows what it refused
+    bool Finish();
+
+private:
+    void AddLineBreak();
+    void Add(const char* text, qsizetype size);
+    char* Room(qsizetype size);
+    void Flush();
+
+    QIODevice& device;
+    std::vector<char> buffer;
+    qsizetype used = 0;
+    qsizetype depth = 0;
+    bool lineEnded = false;
+    bool complete = true;
+};
+
+} // namespace ZYN
