@@ -111,6 +111,7 @@ bool CReportBuilderSTDF::BeginUUTTest(UUTTest* test)
 {
     uutTest = test;
     resultSet = nullptr;
+    walksResultSet = false;
     if (!test)
         return false;
     if (const QList<TestResultSet*> resultSets = test->GetResultSets(); !resultSets.isEmpty())
@@ -188,7 +189,7 @@ bool CReportBuilderSTDF::BeginTestMeasurement(TestMeasurement* newMeasurement, T
 {
     measurement = newMeasurement;
     if (measurement && step && group && resultSet)
-        AddTest(walksResultSet ? result : resultSet->GetResult(measurement));
+        AddTest(walksResultSet && result ? result : resultSet->GetResult(measurement));
     return true;
 }
 

@@ -16,8 +16,9 @@ namespace ZYN {
 ///
 /// Little-endian records, Latin-1 texts of at most 255 characters. Each test program that a unit or a
 /// panel item ran is a part; its tests are collected in memory and written when the program ends. Every
-/// export goes on at the closing PCR of the file, or begins a new stream with FAR and MIR. A file of
-/// another lot, product type or test machine is never changed: the part goes to a failure file beside it.
+/// export goes on at the closing PCR of the file, or begins a new stream with FAR and MIR. Where the first
+/// export finds a file of another lot, product type or test machine, it leaves it as it is: the part goes to
+/// a failure file beside it. A builder that wrote to a file goes on there without looking at names again.
 /// Only tests of units are written; a result set on its own has no part to belong to.
 ///
 /// Two builders may take turns on one file, in one process or in two, as long as their exports do not

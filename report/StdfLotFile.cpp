@@ -1,5 +1,7 @@
 #include "StdfLotFile.h"
 
+#include "StdfLotRecords.h"
+
 #include <QtCore/QIODevice>
 #include <QtCore/QtEndian>
 
@@ -22,7 +24,7 @@ constexpr quint16 mir = Kind(1, 10);
 constexpr quint16 mrr = Kind(1, 20);
 constexpr quint16 pcr = Kind(1, 30);
 
-/// The fields of a record's body, in order. Fields after the end of the body are zero or empty.
+/// The fields of a record's body, in order. Texts after the end of the body are empty.
 class Fields {
 public:
     explicit Fields(const QByteArray& body)
@@ -32,11 +34,11 @@ public:
 
     void Skip(qsizetype count) { at = qMin(at + count, bytes.size()); }
 
-    quint32 U4()
+    quint32 U4(quint32 missing)
     {
         if (bytes.size() - at < 4) {
             at = bytes.size();
-            return 0;
+            return missing;
         }
         at += 4;
         return qFromLittleEndian<quint32>(bytes.constData() + at - 4);
@@ -98,9 +100,9 @@ std::optional<StdfPlace> StdfLotFile::PlaceAtPcr(const Header& header)
     const QByteArray body = Body(header);
     Fields fields(body);
     fields.Skip(2); // HEAD_NUM, SITE_NUM
-    StdfPlace place{header.position, true, fields.U4()};
-    fields.Skip(8); // RTST_CNT, ABRT_CNT
-    place.goodCount = fields.U4();
+    StdfPlace place{header.position, true, fields.U4(0)};
+    fields.Skip(8);                            // RTST_CNT, ABRT_CNT
+    place.goodCount = fields.U4(StdfLotRecords::unknownCount); // optional
     return place.partCount > 0 ? std::optional(place) : std::nullopt;
 }
 

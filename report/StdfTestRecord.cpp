@@ -52,22 +52,12 @@ const Scale& ScaleOf(qint8 factor)
     return scales[static_cast<size_t>(factor + 128)];
 }
 
-/// The real number that most values are; null for other types, whose conversions take their time.
-const double* RealOf(const QVariant& value)
-{
-    return value.metaType() == QMetaType::fromType<double>() ? static_cast<const double*>(value.constData())
-                                                             : nullptr;
-}
-
-bool IsMissing(const QVariant& value)
-{
-    return !RealOf(value) && value.isNull();
-}
-
 float ToFloat(const QVariant& value)
 {
-    const double* const real = RealOf(value);
-    return real ? static_cast<float>(*real) : value.toFloat();
+    // Most values are real numbers, and the general conversion takes its time.
+    return value.metaType() == QMetaType::fromType<double>()
+               ? static_cast<float>(*static_cast<const double*>(value.constData()))
+               : value.toFloat();
 }
 
 Judgement Judge(const TestResult* result, bool numeric)
@@ -85,7 +75,7 @@ Judgement Judge(const TestResult* result, bool numeric)
         return numeric ? ToFloat(value) * factor : 0.0F;
     };
 
-    if (const QVariant& value = result->GetValue(); !IsMissing(value)) {
+    if (const QVariant& value = result->GetValue(); !value.isNull()) {
         judgement.valueMissing = false;
         judgement.result = scaled(value);
     }

@@ -84,7 +84,7 @@ QString ExpectedTest(uint number, const TestResult* test, const QString& step, c
         const bool prefixExists = scale % 3 == 0;
         if (prefixExists)
             optional &= ~1U;
-        if (test->GetValue().isValid()) {
+        if (!test->GetValue().isNull()) {
             testFlags = 0;
             result = scaled(test->GetValue());
         }
@@ -278,7 +278,7 @@ private:
         const bool integer = type == ZYN_ADDRESS_INTEGER;
         const auto limits = Chance(4) ? SampleModels::Limits() : Limits(integer);
         const auto measurement = writer.Measurement(random.bounded(100), name, type, limits);
-        const QVariant value = Chance(8)                    ? QVariant()
+        const QVariant value = Chance(8) ? OneOf({QVariant(), QVariant(QMetaType(QMetaType::Double))})
                                : type == ZYN_ADDRESS_STRING ? QVariant(Text())
                                : integer ? QVariant(OneOf({0, 1, -7, 2147483647, -2147483647 - 1}))
                                          : QVariant(Real());

@@ -115,6 +115,18 @@ private slots:
         QCOMPARE(contents.Of("PCR")[0].Number("PART_CNT"), 3U);
         QCOMPARE(contents.Of("PCR")[0].Number("GOOD_CNT"), 2U);
 
+        // Another program left the optional counts out.
+        const QString unknown = NewLot();
+        QVERIFY(Append(SimpleUnit("SN1", 1), unknown));
+        constexpr qsizetype closing = 34;
+        Files::Write(unknown,
+                     Files::Content(unknown).chopped(closing) + QByteArray::fromHex("0600011e010101000000"
+                                                                                    "0400011400000000"));
+        QVERIFY(Append(SimpleUnit("SN2", 1), unknown));
+        const auto pcr = LotFiles::Read(unknown).Of("PCR")[0];
+        QCOMPARE(pcr.Number("PART_CNT"), 2U);
+        QCOMPARE(pcr.Number("GOOD_CNT"), 4294967295U);
+
         const QString empty = NewLot();
         QVERIFY(Append(Unit("SN0@untested"), empty));
         QCOMPARE(LotFiles::Read(empty).Names(), "FAR MIR PCR MRR");
