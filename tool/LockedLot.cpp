@@ -63,15 +63,16 @@ LockedLot::~LockedLot()
 
 bool LockedLot::OpenOrMake()
 {
-    for (;;) {
-        m_descriptor = open(m_name.constData(), O_RDWR | O_CLOEXEC);
-        if (m_descriptor >= 0 || errno != ENOENT)
-            return m_descriptor >= 0;
+    m_made = false;
+    m_descriptor = open(m_name.constData(), O_RDWR | O_CLOEXEC);
+    if (m_descriptor < 0 && errno == ENOENT) {
         m_descriptor = open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
         m_made = m_descriptor >= 0;
-        if (m_made || errno != EEXIST)
-            return m_made;
+        // Made by another process meanwhile, or a link to a file that is not there yet.
+        if (!m_made && errno == EEXIST)
+            m_descriptor = open(m_name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     }
+    return m_descriptor >= 0;
 }
 
 bool LockedLot::IsStillNamed() const

@@ -13,6 +13,7 @@
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QHash>
 
 namespace ZYN::Tool {
 
@@ -27,6 +28,8 @@ struct Part {
 struct Lot {
     QString path;
     bool ignoreReportFlag = false;
+    /// The files beside the lot that took parts in this run, and what they hold.
+    QHash<QString, QByteArray> failureFiles = {};
 };
 
 Problem NotAdded(const Input& input, const Lot& lot, bool putBack)
@@ -37,6 +40,19 @@ Problem NotAdded(const Input& input, const Lot& lot, bool putBack)
             ? Texts::tr("could not be added to %1 completely; the lot is as it was").arg(lot.path)
             : Texts::tr("could not be added to %1 completely; the lot could not be put back").arg(lot.path),
         Texts::tr("look at the disk's space, quota and file size limit")};
+}
+
+QByteArray Content(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+bool PutContent(const QString& path, const QByteArray& content)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(content) == content.size() &&
+           file.flush();
 }
 
 // Adds one part, by a service of its own.
@@ -62,6 +78,26 @@ std::optional<Problem> Add(const Input& input, UUTTest* test, const Lot& lot, QS
     return NotAdded(input, lot, lock.PutBack());
 }
 
+// Adds one part. A part of another lot goes to a file beside it that is named after its unit and made anew:
+// where an earlier part of this run lies there, both are to be in it.
+std::optional<Problem> AddKeepingOthers(const Input& input, UUTTest* test, Lot& lot, QString* writtenTo)
+{
+    std::optional<Problem> problem = Add(input, test, lot, writtenTo);
+    const QString failureFile = *writtenTo;
+    if (failureFile.isEmpty() || QFileInfo(failureFile) == QFileInfo(lot.path))
+        return problem;
+    if (const auto earlier = lot.failureFiles.constFind(failureFile);
+        earlier != lot.failureFiles.constEnd()) {
+        if (!PutContent(failureFile, *earlier))
+            return NotAdded(input, {failureFile}, false);
+        if (!problem)
+            problem = Add(input, test, {failureFile, lot.ignoreReportFlag}, writtenTo);
+    }
+    if (!problem)
+        lot.failureFiles.insert(*writtenTo, Content(*writtenTo));
+    return problem;
+}
+
 // Number of parts in a file, complete ones and one that a crash cut off.
 int CountParts(const QString& path)
 {
@@ -82,7 +118,7 @@ int CountParts(const QString& path)
 QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, bool ignoreReportFlag,
                               const Manners& manners)
 {
-    const Lot lot{path, ignoreReportFlag};
+    Lot lot{path, ignoreReportFlag};
     QList<Conversion> conversions;
     const qsizetype batch = 4 * AllCores(); // bounds what is in memory
     Progress progress(inputs.size(), !manners.quiet);
@@ -97,7 +133,8 @@ QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, b
             Part& part = parts[size_t(index)];
             Conversion conversion{some.at(index).name, {}, part.problem};
             if (!part.problem)
-                conversion.problem = Add(some.at(index), part.test.get(), lot, &conversion.output);
+                conversion.problem =
+                    AddKeepingOthers(some.at(index), part.test.get(), lot, &conversion.output);
             conversions.append(conversion);
             progress.Step();
         }
