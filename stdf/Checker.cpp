@@ -9,6 +9,7 @@ namespace {
 constexpr uint wholeHead = 255; // HEAD_NUM of counts over all heads and sites
 constexpr uint unknownCount = 4294967295U;
 constexpr uint vaxProcessor = 0;
+constexpr uint bigEndianProcessor = 1;
 constexpr uint lastKnownProcessor = 2;
 constexpr uint failed = 1U << 3;
 constexpr uint noVerdict = 1U << 4;
@@ -38,9 +39,8 @@ void Checker::Take(const RawRecord& raw, const Record& record)
         TakeFar(raw, record);
         return;
     }
-    if (!record.problem.isEmpty())
-        AddFault(record.offset,
-                 QStringLiteral("%1: %2").arg(QLatin1StringView(record.type->name), record.problem));
+    if (const auto damage = record.Damage())
+        AddFault(damage->offset, damage->text);
     if (!record.type)
         ++unknownTypes[{raw.type, raw.subType}];
     TakeInOrder(record);
@@ -48,10 +48,10 @@ void Checker::Take(const RawRecord& raw, const Record& record)
 
 void Checker::TakeFar(const RawRecord& raw, const Record& record)
 {
-    if (expected == Expected::Far && raw.offset != 0)
-        AddRemark(raw.offset, Texts::tr("a further stream begins here"));
-    else if (raw.offset != 0) {
-        AddRemark(raw.offset, Texts::tr("a further stream begins here; the one before has no MRR"));
+    if (raw.offset != 0) {
+        const bool ended = expected == Expected::Far || expected == Expected::Nothing;
+        AddRemark(raw.offset, ended ? Texts::tr("a further stream begins here")
+                                    : Texts::tr("a further stream begins here; the one before has no MRR"));
         EndStream(raw.offset);
     }
     if (record.values.size() < 2 || !record.problem.isEmpty())
@@ -62,6 +62,8 @@ void Checker::TakeFar(const RawRecord& raw, const Record& record)
         AddRemark(raw.offset, Texts::tr("FAR: real numbers are in the VAX format and are not understood"));
     else if (record.Number("CPU_TYPE") > lastKnownProcessor)
         AddFault(raw.offset, Texts::tr("FAR: unknown CPU_TYPE %1").arg(record.Number("CPU_TYPE")));
+    else if (!processor)
+        processor = record.Number("CPU_TYPE");
     expected = Expected::Mir;
 }
 
@@ -89,9 +91,15 @@ void Checker::TakeInOrder(const Record& record)
         TakeTest(record, name);
     else if (record.Is("PRR"))
         EndPart(record);
+    else if (record.Is("HBR"))
+        TakeBin(record, hardBins, "HBIN_NUM", "HBIN_CNT");
+    else if (record.Is("SBR"))
+        TakeBin(record, softBins, "SBIN_NUM", "SBIN_CNT");
     else if (record.Is("PCR"))
         TakeCounts(record);
     else if (record.Is("MRR")) {
+        if (!hasCounts)
+            AddRemark(record.offset, Texts::tr("MRR: there is no PCR before it"));
         EndStream(record.offset);
         expected = Expected::Far;
     }
@@ -134,14 +142,35 @@ void Checker::EndPart(const Record& record)
                          .arg(stated));
         openParts.erase(part);
     }
+    ++hardBins[{place, record.Number("HARD_BIN")}];
+    ++softBins[{place, record.Number("SOFT_BIN")}];
     Counts& counts = counted[place];
     ++counts.parts;
     if (!(record.Number("PART_FLG") & (failed | noVerdict | abnormalEnd)))
         ++counts.good;
 }
 
+void Checker::TakeBin(const Record& record, const QMap<Bin, uint>& seen, const char* number,
+                      const char* count)
+{
+    const HeadAndSite place{record.Number("HEAD_NUM"), record.Number("SITE_NUM")};
+    uint parts = 0;
+    for (auto bin = seen.constBegin(); bin != seen.constEnd(); ++bin) {
+        if (bin.key().second == record.Number(number) &&
+            (place.first == wholeHead || bin.key().first == place))
+            parts += *bin;
+    }
+    // A part that was tested again counts once, so that there may be more of them than the count says.
+    if (record.Number(count) > parts)
+        AddFault(record.offset,
+                 Texts::tr("%1: the count of bin %2 is %3, only %n parts are in it", nullptr, int(parts))
+                     .arg(QLatin1StringView(record.type->name), QString::number(record.Number(number)),
+                          QString::number(record.Number(count))));
+}
+
 void Checker::TakeCounts(const Record& record)
 {
+    hasCounts = true;
     const HeadAndSite place{record.Number("HEAD_NUM"), record.Number("SITE_NUM")};
     Counts seen = counted.value(place);
     if (place.first == wholeHead) {
@@ -168,11 +197,19 @@ void Checker::EndStream(qint64 offset)
                              .arg(Place(part.key().first, part.key().second), QString::number(part->offset)));
     openParts.clear();
     counted.clear();
+    hardBins.clear();
+    softBins.clear();
+    hasCounts = false;
 }
 
 void Checker::Finish(const Reader& reader)
 {
     const qint64 end = reader.Offset();
+    if (processor && (*processor == bigEndianProcessor) != reader.IsBigEndian())
+        AddFault(0,
+                 (reader.IsBigEndian() ? Texts::tr("FAR: CPU_TYPE is %1, but the records are big-endian")
+                                       : Texts::tr("FAR: CPU_TYPE is %1, but the records are little-endian"))
+                     .arg(*processor));
     if (const auto& fault = reader.GetFault())
         AddFault(fault->offset, fault->text);
     else if (end == 0)

@@ -41,12 +41,14 @@ private:
         uint good = 0;
     };
     using HeadAndSite = std::pair<uint, uint>;
+    using Bin = std::pair<HeadAndSite, uint>;
 
     void TakeFar(const RawRecord& raw, const Record& record);
     void TakeInOrder(const Record& record);
     void BeginPart(const Record& record);
     void TakeTest(const Record& record, const QString& name);
     void EndPart(const Record& record);
+    void TakeBin(const Record& record, const QMap<Bin, uint>& seen, const char* number, const char* count);
     void TakeCounts(const Record& record);
     void EndStream(qint64 offset);
     void AddFault(qint64 offset, const QString& text);
@@ -56,6 +58,10 @@ private:
     Expected expected = Expected::Far;
     QMap<HeadAndSite, Part> openParts;
     QMap<HeadAndSite, Counts> counted;
+    QMap<Bin, uint> hardBins;
+    QMap<Bin, uint> softBins;
+    bool hasCounts = false;        ///< the stream has a PCR
+    std::optional<uint> processor; ///< CPU_TYPE of the first stream
     QMap<std::pair<int, int>, int> unknownTypes;
     QList<Finding> findings;
     int faults = 0;

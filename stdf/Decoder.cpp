@@ -167,6 +167,13 @@ QVariantList TakeArray(Cursor& cursor, FieldKind kind, uint count)
 
 } // namespace
 
+std::optional<Fault> Record::Damage() const
+{
+    if (problem.isEmpty())
+        return std::nullopt;
+    return Fault{offset, QStringLiteral("%1: %2").arg(QLatin1StringView(type->name), problem)};
+}
+
 bool Record::Is(const char* name) const
 {
     return type && std::strcmp(type->name, name) == 0;
@@ -200,8 +207,12 @@ Record Decode(const RawRecord& raw, bool bigEndian)
     Cursor cursor(raw.body, bigEndian);
     record.values.reserve(static_cast<qsizetype>(record.type->fields.size()));
     for (const FieldType& field : record.type->fields) {
-        if (cursor.AtEnd())
+        if (cursor.AtEnd()) {
+            if (record.values.size() < record.type->required)
+                record.problem =
+                    Texts::tr("the record ends before the field %1").arg(QLatin1StringView(field.name));
             return record;
+        }
         QVariant value = field.count ? QVariant(TakeArray(cursor, field.kind, record.Number(field.count)))
                                      : TakeValue(cursor, field.kind);
         if (cursor.Failed()) {

@@ -21,6 +21,8 @@ struct Record {
     /// What is wrong with the record's length; empty when nothing is.
     QString problem;
 
+    /// What is wrong, with the record's name in front; nothing when nothing is.
+    std::optional<Fault> Damage() const;
     bool Is(const char* name) const;
     /// The field's value; invalid when the record ends before it or has no such field.
     QVariant Value(const char* field) const;

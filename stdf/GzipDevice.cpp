@@ -51,6 +51,17 @@ bool GzipDevice::Refill()
     return !input.isEmpty();
 }
 
+// Files on tapes and block devices are filled up with zeros.
+bool GzipDevice::SkipPadding()
+{
+    const uInt before = stream->avail_in;
+    while (stream->avail_in > 0 && *stream->next_in == 0) {
+        ++stream->next_in;
+        --stream->avail_in;
+    }
+    return stream->avail_in < before;
+}
+
 qint64 GzipDevice::readData(char* data, qint64 maxSize)
 {
     const qint64 wanted = qMin<qint64>(maxSize, std::numeric_limits<uInt>::max());
@@ -62,6 +73,8 @@ qint64 GzipDevice::readData(char* data, qint64 maxSize)
                 Fail(Texts::tr("the gzip data breaks off"));
             break;
         }
+        if (!insideMember && SkipPadding())
+            continue;
         insideMember = true;
         const int state = inflate(stream.get(), Z_NO_FLUSH);
         if (state == Z_STREAM_END) {

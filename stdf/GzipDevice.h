@@ -29,6 +29,7 @@ protected:
 
 private:
     bool Refill();
+    bool SkipPadding();
     void Fail(const QString& text);
 
     QIODevice* source;

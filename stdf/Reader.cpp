@@ -1,6 +1,7 @@
 #include "Reader.h"
 
 #include "GzipDevice.h"
+#include "RecordTypes.h"
 #include "Texts.h"
 
 #include <QtCore/QIODevice>
@@ -11,6 +12,14 @@ namespace ZYN::Stdf {
 namespace {
 
 constexpr qint64 headerSize = 4;
+
+QString NameOf(const RawRecord& record)
+{
+    const RecordType* const type = FindRecordType(record.type, record.subType);
+    return type ? QString::fromLatin1(type->name)
+                : Texts::tr("type %1, subtype %2")
+                      .arg(QString::number(record.type), QString::number(record.subType));
+}
 
 } // namespace
 
@@ -57,9 +66,8 @@ bool Reader::Next(RawRecord& record)
     record.subType = static_cast<quint8>(header.at(3));
     record.body = source->read(length);
     if (record.body.size() < length)
-        return Fail(Texts::tr("the file ends inside a record: type %1, subtype %2, %3 of %4 bytes")
-                        .arg(QString::number(record.type), QString::number(record.subType),
-                             QString::number(record.body.size()), QString::number(length)));
+        return Fail(Texts::tr("the file ends inside a record: %1, %2 of %3 bytes")
+                        .arg(NameOf(record), QString::number(record.body.size()), QString::number(length)));
     offset += headerSize + length;
     return true;
 }

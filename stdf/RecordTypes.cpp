@@ -74,16 +74,16 @@ constexpr FieldType gdr[] = {{"FLD_CNT", U2}, {"GEN_DATA", Vn, "FLD_CNT"}};
 constexpr FieldType dtr[] = {{"TEXT_DAT", Cn}};
 
 constexpr RecordType recordTypes[] = {
-    {"FAR", 0, 10, far},  {"ATR", 0, 20, atr},
-    {"MIR", 1, 10, mir},  {"MRR", 1, 20, mrr},  {"PCR", 1, 30, pcr},  {"HBR", 1, 40, hbr},
-    {"SBR", 1, 50, sbr},  {"PMR", 1, 60, pmr},  {"PGR", 1, 62, pgr},  {"PLR", 1, 63, plr},
-    {"RDR", 1, 70, rdr},  {"SDR", 1, 80, sdr},
-    {"WIR", 2, 10, wir},  {"WRR", 2, 20, wrr},  {"WCR", 2, 30, wcr},
-    {"PIR", 5, 10, pir},  {"PRR", 5, 20, prr},
-    {"TSR", 10, 30, tsr},
-    {"PTR", 15, 10, ptr}, {"MPR", 15, 15, mpr}, {"FTR", 15, 20, ftr},
-    {"BPS", 20, 10, bps}, {"EPS", 20, 20, {}},
-    {"GDR", 50, 10, gdr}, {"DTR", 50, 30, dtr},
+    {"FAR", 0, 10, far, 2},  {"ATR", 0, 20, atr, 2},
+    {"MIR", 1, 10, mir, 9},  {"MRR", 1, 20, mrr, 1},  {"PCR", 1, 30, pcr, 3},  {"HBR", 1, 40, hbr, 4},
+    {"SBR", 1, 50, sbr, 4},  {"PMR", 1, 60, pmr, 1},  {"PGR", 1, 62, pgr, 1},  {"PLR", 1, 63, plr, 1},
+    {"RDR", 1, 70, rdr, 1},  {"SDR", 1, 80, sdr, 3},
+    {"WIR", 2, 10, wir, 3},  {"WRR", 2, 20, wrr, 4},  {"WCR", 2, 30, wcr, 0},
+    {"PIR", 5, 10, pir, 2},  {"PRR", 5, 20, prr, 5},
+    {"TSR", 10, 30, tsr, 4},
+    {"PTR", 15, 10, ptr, 5}, {"MPR", 15, 15, mpr, 5}, {"FTR", 15, 20, ftr, 4},
+    {"BPS", 20, 10, bps, 0}, {"EPS", 20, 20, {}, 0},
+    {"GDR", 50, 10, gdr, 1}, {"DTR", 50, 30, dtr, 1},
 };
 // clang-format on
 

@@ -36,6 +36,9 @@ struct RecordType {
     quint8 type;
     quint8 subType;
     std::span<const FieldType> fields;
+    /// How many fields a record has at least. The standard lets those out at the end that have a value for
+    /// "missing"; of a MIR's texts only the first is asked for, as an empty one says no more.
+    qsizetype required;
 };
 
 /// The record types of STDF V4 with their fields in file order.

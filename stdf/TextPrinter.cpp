@@ -104,6 +104,8 @@ void TextPrinter::Take(const RawRecord& raw, const Record& record)
         return;
     }
     ++records[QLatin1StringView(record.type->name)];
+    if (const auto found = record.Damage(); found && !damage)
+        damage = found;
     if (record.Is("FAR"))
         defaults.Clear();
     else if (record.Is("MIR"))
@@ -171,14 +173,14 @@ void TextPrinter::TakeTest(const Record& test)
 
 void TextPrinter::PrintTests()
 {
+    if (failedOnly)
+        tests.removeIf([](const auto& test) { return test->failed == 0; });
     if (tests.isEmpty())
         return;
     print({});
     const QList<Column> columns = TestColumns();
     print(Titles(columns));
     for (auto test = tests.constBegin(); test != tests.constEnd(); ++test) {
-        if (failedOnly && test->failed == 0)
-            continue;
         print(Row(columns, {QString::number(test.key().first), QString::number(test->runs),
                             QString::number(test->failed), LimitText(test->settings.lowLimit),
                             LimitText(test->settings.highLimit), test->settings.unit,
@@ -199,8 +201,10 @@ void TextPrinter::Finish(const Reader& reader)
               .arg(reader.IsBigEndian() ? Texts::tr("big-endian") : Texts::tr("little-endian"),
                    reader.IsCompressed() ? QStringLiteral(", gzip") : QString(),
                    counts.isEmpty() ? Texts::tr("none") : counts.join(QStringLiteral(", "))));
-    if (const auto& fault = reader.GetFault())
-        print(Texts::tr("Damaged at offset %1: %2").arg(QString::number(fault->offset), fault->text));
+    if (!damage)
+        damage = reader.GetFault();
+    if (damage)
+        print(Texts::tr("Damaged at offset %1: %2").arg(QString::number(damage->offset), damage->text));
 }
 
 } // namespace ZYN::Stdf

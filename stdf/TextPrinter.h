@@ -20,6 +20,8 @@ public:
 
     void Take(const RawRecord& raw, const Record& record);
     void Finish(const Reader& reader);
+    /// The first damage, of a record or of the file, once the file is finished.
+    const std::optional<Fault>& GetDamage() const { return damage; }
 
 private:
     struct Test {
@@ -39,6 +41,7 @@ private:
     QMap<std::pair<uint, QString>, Test> tests;
     QMap<QString, uint> records;
     QStringList closing;
+    std::optional<Fault> damage;
     uint parts = 0;
     bool partsBegun = false;
 };

@@ -24,7 +24,7 @@ const QList<FileKind>& FileKinds()
          ReportToJson,
          CheckReport},
         {QT_TRANSLATE_NOOP("zyn", "STDF file"),
-         {QStringLiteral("stdf"), QStringLiteral("std"), QStringLiteral("stdf.gz")},
+         {QStringLiteral("stdf"), QStringLiteral("std"), QStringLiteral("stdf.gz"), QStringLiteral("std.gz")},
          LooksLikeLot,
          ShowLot,
          nullptr,

@@ -39,7 +39,8 @@ Problem NotAdded(const Input& input, const Lot& lot, bool putBack)
         putBack
             ? Texts::tr("could not be added to %1 completely; the lot is as it was").arg(lot.path)
             : Texts::tr("could not be added to %1 completely; the lot could not be put back").arg(lot.path),
-        Texts::tr("look at the disk's space, quota and file size limit")};
+        Texts::tr(
+            "look at the disk's space, quota and file size limit, and at the permissions of the folder")};
 }
 
 QByteArray Content(const QString& path)

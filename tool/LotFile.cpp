@@ -24,7 +24,7 @@ Problem CannotRead(const QString& name, const QFile& file)
 Problem Damaged(const QString& name, const Stdf::Fault& fault)
 {
     return {name, 0, Texts::tr("is damaged at offset %1: %2").arg(QString::number(fault.offset), fault.text),
-            Texts::tr("what stands before it was shown")};
+            Texts::tr("what can be read was shown; zyn check finds all that is wrong")};
 }
 
 } // namespace
@@ -51,7 +51,7 @@ std::optional<Problem> ShowLot(const QString& path, const QString& name, const S
     for (Stdf::RawRecord raw; reader.Next(raw);)
         printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
     printer.Finish(reader);
-    return reader.GetFault() ? std::optional(Damaged(name, *reader.GetFault())) : std::nullopt;
+    return printer.GetDamage() ? std::optional(Damaged(name, *printer.GetDamage())) : std::nullopt;
 }
 
 std::optional<Problem> PrintLotJson(const QString& path, const QString& name, const ShowOptions& options)
@@ -64,16 +64,20 @@ std::optional<Problem> PrintLotJson(const QString& path, const QString& name, co
     const auto print = [&](const QByteArray& line) {
         Print(QString::fromUtf8(start + line.sliced(1)) + QLatin1Char('\n'));
     };
+    std::optional<Stdf::Fault> damage;
     Stdf::Reader reader(&file);
     for (Stdf::RawRecord raw; reader.Next(raw);) {
         const Stdf::Record record = Stdf::Decode(raw, reader.IsBigEndian());
+        if (!damage)
+            damage = record.Damage();
         if (!options.failedOnly || record.HasFailed())
             print(Stdf::ToJsonLine(raw, record));
     }
-    if (!reader.GetFault())
-        return std::nullopt;
-    print(Stdf::ToJsonLine(*reader.GetFault()));
-    return Damaged(name, *reader.GetFault());
+    if (const auto& fault = reader.GetFault()) {
+        print(Stdf::ToJsonLine(*fault));
+        damage = damage ? damage : fault;
+    }
+    return damage ? std::optional(Damaged(name, *damage)) : std::nullopt;
 }
 
 QList<Finding> CheckLot(const QString& path)

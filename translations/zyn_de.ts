@@ -404,10 +404,6 @@
         <translation>die Datei endet mitten im Kopf eines Datensatzes</translation>
     </message>
     <message>
-        <source>the file ends inside a record: type %1, subtype %2, %3 of %4 bytes</source>
-        <translation>die Datei endet mitten in einem Datensatz: Typ %1, Untertyp %2, %3 von %4 Byte</translation>
-    </message>
-    <message>
         <source>Part</source>
         <translation>Teil</translation>
     </message>
@@ -545,6 +541,37 @@
     <message>
         <source>Damaged at offset %1: %2</source>
         <translation>Beschädigt ab Byte %1: %2</translation>
+    </message>
+    <message>
+        <source>MRR: there is no PCR before it</source>
+        <translation>MRR: davor steht kein PCR</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: the count of bin %2 is %3, only %n parts are in it</source>
+        <translation>
+            <numerusform>%1: für Bin %2 sind %3 gezählt, darin ist nur %n Teil</numerusform>
+            <numerusform>%1: für Bin %2 sind %3 gezählt, darin sind nur %n Teile</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>FAR: CPU_TYPE is %1, but the records are big-endian</source>
+        <translation>FAR: CPU_TYPE ist %1, aber die Datensätze beginnen mit dem höchsten Byte (big-endian)</translation>
+    </message>
+    <message>
+        <source>FAR: CPU_TYPE is %1, but the records are little-endian</source>
+        <translation>FAR: CPU_TYPE ist %1, aber die Datensätze beginnen mit dem niedrigsten Byte (little-endian)</translation>
+    </message>
+    <message>
+        <source>the record ends before the field %1</source>
+        <translation>der Datensatz endet vor dem Feld %1</translation>
+    </message>
+    <message>
+        <source>type %1, subtype %2</source>
+        <translation>Typ %1, Untertyp %2</translation>
+    </message>
+    <message>
+        <source>the file ends inside a record: %1, %2 of %3 bytes</source>
+        <translation>die Datei endet in einem Datensatz: %1, %2 von %3 Bytes</translation>
     </message>
 </context>
 <context>
@@ -851,10 +878,6 @@ endet mit 1, wenn einer davon ein Fehler ist.</translation>
     <message>
         <source>is damaged at offset %1: %2</source>
         <translation>ist ab Byte %1 beschädigt: %2</translation>
-    </message>
-    <message>
-        <source>what stands before it was shown</source>
-        <translation>was davor steht, wurde angezeigt</translation>
     </message>
     <message>
         <source>&apos;%1&apos; version &apos;%2&apos;</source>
@@ -1298,6 +1321,14 @@ kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</tra
     <message>
         <source>For programs: the summary as a JSON object</source>
         <translation>Für Programme: die Zusammenfassung als JSON-Objekt</translation>
+    </message>
+    <message>
+        <source>look at the disk&apos;s space, quota and file size limit, and at the permissions of the folder</source>
+        <translation>Platz, Kontingent und Größengrenze der Platte und Rechte des Ordners prüfen</translation>
+    </message>
+    <message>
+        <source>what can be read was shown; zyn check finds all that is wrong</source>
+        <translation>was lesbar ist, wurde gezeigt; zyn check findet alles, was falsch ist</translation>
     </message>
 </context>
 </TS>

@@ -52,6 +52,13 @@
             <numerusform>%n parts</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%1: the count of bin %2 is %3, only %n parts are in it</source>
+        <translation>
+            <numerusform>%1: the count of bin %2 is %3, only %n part is in it</numerusform>
+            <numerusform>%1: the count of bin %2 is %3, only %n parts are in it</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>zyn</name>

@@ -312,7 +312,9 @@ std::optional<FewDigits> ToFewDigits(double number)
     constexpr double tenTo15 = 1e15;
     double units = 1.0;
     for (int places = 0; places <= mostPlaces && number * units < tenTo15; ++places, units *= 10.0) {
-        const auto digits = static_cast<quint64>(std::llround(number * units));
+        // Should this round the wrong way, the division tells. A rounding function is a call, and slow.
+        const auto digits =
+            static_cast<quint64>(number * units + 0.5); // NOLINT(bugprone-incorrect-roundings)
         if (static_cast<double>(digits) / units == number)
             return FewDigits{digits, places};
     }

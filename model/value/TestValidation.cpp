@@ -72,12 +72,12 @@ QVariant TestValidation::GetUpperLimit() const
 
 QString TestValidation::GetLowerLimitText() const
 {
-    return m_display.ToString(GetLowerLimit());
+    return m_lower.Exists() ? m_display.ToString(m_lower.value) : QString();
 }
 
 QString TestValidation::GetUpperLimitText() const
 {
-    return m_display.ToString(GetUpperLimit());
+    return m_upper.Exists() ? m_display.ToString(m_upper.value) : QString();
 }
 
 LimitOperator TestValidation::GetLowerOperator() const

@@ -131,7 +131,7 @@ private slots:
         row("empty", QByteArray(), "0: the file is empty");
         row("cut in a header", FileOf({far}) + "ab", "6: the file ends inside a record header");
         row("cut in a body", FileOf({far}) + QByteArray::fromHex("0500010a01"),
-            "6: the file ends inside a record: type 1, subtype 10, 1 of 5 bytes");
+            "6: the file ends inside a record: MIR, 1 of 5 bytes");
         row("no FAR", FileOf({mir, mrr}), "0: the file begins with MIR, not with a FAR");
         row("no MIR", FileOf({far, pir, prr, pcr, mrr}), "6: PIR where the MIR is expected");
         row("ATR before MIR", FileOf({far, "0 20 00000001 'x'", mir, mrr}), "");
@@ -140,7 +140,7 @@ private slots:
         row("short FAR", FileOf({"0 10 02", mir, mrr}), "0: FAR: it has two bytes of data, not 1");
         row("test outside", FileOf({far, mir, ptr, mrr}),
             "27: PTR: test 1 at head 1, site 1 belongs to no part: there is no PIR before it");
-        row("test of another site", FileOf({far, mir, "5 10 01 02", ptr, "5 20 01 02 00 0000", mrr}),
+        row("test of another site", FileOf({far, mir, "5 10 01 02", ptr, "5 20 01 02 00 0000 0000", mrr}),
             "33: PTR: test 1 at head 1, site 1 belongs to no part: there is no PIR before it");
         row("no PIR", FileOf({far, mir, prr, pcr, mrr}),
             "27: PRR: there is no PIR before it at head 1, site 1");
@@ -148,8 +148,8 @@ private slots:
             "53: PIR: the part at head 1, site 1 from offset 27 has no PRR");
         row("no PRR at the end", FileOf({far, mir, pir, mrr}),
             "33: the part at head 1, site 1 from offset 27 has no PRR");
-        row("two sites at once", FileOf({far, mir, pir, "5 10 01 02", ptr, prr, "5 20 01 02 00 0000", mrr}),
-            "");
+        row("two sites at once",
+            FileOf({far, mir, pir, "5 10 01 02", ptr, prr, "5 20 01 02 00 0000 0000", mrr}), "");
         row("too few tests stated", FileOf({far, mir, pir, ptr, ptr, prr, pcr, mrr}),
             "73: PRR: NUM_TEST is 1, the part has 2 tests");
         row("wrong count", FileOf({far, mir, pir, ptr, prr, "1 30 01 01 00000002", mrr}),
@@ -157,15 +157,23 @@ private slots:
         row("wrong count of all sites", FileOf({far, mir, pir, ptr, prr, "1 30 ff 01 00000000", mrr}),
             "76: PCR: PART_CNT is 0, there are 1 parts");
         row("too many good",
-            FileOf(
-                {far, mir, pir, "5 20 01 01 08 0000", "1 30 01 01 00000001 ffffffff ffffffff 00000001", mrr}),
-            "42: PCR: GOOD_CNT is 1, only 0 parts have passed");
+            FileOf({far, mir, pir, "5 20 01 01 08 0000 0000",
+                    "1 30 01 01 00000001 ffffffff ffffffff 00000001", mrr}),
+            "44: PCR: GOOD_CNT is 1, only 0 parts have passed");
         row("no MRR", good.chopped(8), "98: the file ends without an MRR");
         row("behind the MRR", good + FileOf({pir, prr}), "106: PIR follows the MRR");
         row("further stream", good + good, "");
         row("unknown type", FileOf({far, mir, "180 1 00", mrr}), "");
         row("field cut off", FileOf({far, mir, "1 20 0000"}),
             "27: MRR: the record ends inside the field FINISH_T");
+        row("required field missing", FileOf({far, mir, pir, "15 10 00000001 01 01"}),
+            "33: PTR: the record ends before the field TEST_FLG");
+        row("other byte order", FileOf({"0 10 01 04", mir, mrr}),
+            "0: FAR: CPU_TYPE is 1, but the records are little-endian");
+        row("too many in a bin", FileOf({far, mir, pir, prr, "1 40 ff 01 0000 00000002", mrr}),
+            "56: HBR: the count of bin 0 is 2, only 1 parts are in it");
+        row("bin of another site", FileOf({far, mir, pir, prr, "1 50 01 02 ffff 00000001", mrr}),
+            "56: SBR: the count of bin 65535 is 1, only 0 parts are in it");
         row("text too long", FileOf({far, mir, "50 30 =056162", mrr}),
             "27: DTR: the record ends inside the field TEXT_DAT");
         row("array cut off", FileOf({far, mir, "1 70 0003 0001 0002", mrr}),
@@ -185,9 +193,10 @@ private slots:
     {
         const QByteArray good = FileOf({far, mir, "180 7 00", "180 7 01", mrr});
         const auto contents = ReadBytes(good + good);
-        QCOMPARE(contents.findings.size(), 2);
-        QCOMPARE(contents.findings[0].text, "a further stream begins here");
-        QCOMPARE(contents.findings[1].text, "4 records of the unknown type 180, subtype 7");
+        QCOMPARE(contents.findings.size(), 4);
+        QCOMPARE(contents.findings[0].text, "MRR: there is no PCR before it");
+        QCOMPARE(contents.findings[1].text, "a further stream begins here");
+        QCOMPARE(contents.findings[3].text, "4 records of the unknown type 180, subtype 7");
         QCOMPARE(contents.Faults(), QString());
         QCOMPARE(JsonLines(good)[2],
                  QByteArray(
@@ -231,6 +240,8 @@ private slots:
         const QByteArray member = Program::Run("gzip", {"-n9"}, {}, plain).output;
         QVERIFY(member.startsWith("\x1f\x8b"));
         QCOMPARE(ReadBytes(member + member).Names(), "FAR EPS FAR EPS");
+        const auto padded = ReadBytes(member + QByteArray(1000, '\0'));
+        QVERIFY(!padded.fault && padded.Names() == "FAR EPS");
 
         const auto cut = ReadBytes(member.chopped(12));
         QVERIFY(cut.fault);

@@ -114,6 +114,13 @@ private slots:
         const auto show = folder.Zyn("show torn.stdf");
         QCOMPARE(show.code, 1);
         QVERIFY2(show.output.contains("Damaged at offset"), show.output);
+        // A record that is cut off inside, with the rest of the file as it should be.
+        folder.Write("inside.stdf", folder.Content("lot.stdf") + QByteArray::fromHex("0200011e0101"));
+        for (const QString option : {"", " --json"}) {
+            const auto inside = folder.Zyn("show inside.stdf" + option);
+            QCOMPARE(inside.code, 1);
+            QVERIFY2(inside.errors.contains("PCR: the record ends before the field PART_CNT"), inside.errors);
+        }
         const QByteArrayList lines = folder.Zyn("show --json torn.stdf").output.trimmed().split('\n');
         QVERIFY(lines.first().contains("\"record\":\"FAR\""));
         QVERIFY(lines.last().contains("\"error\":"));
