@@ -101,7 +101,7 @@ std::optional<StdfPlace> StdfLotFile::PlaceAtPcr(const Header& header)
     Fields fields(body);
     fields.Skip(2); // HEAD_NUM, SITE_NUM
     StdfPlace place{header.position, true, fields.U4(0)};
-    fields.Skip(8);                            // RTST_CNT, ABRT_CNT
+    fields.Skip(8);                                            // RTST_CNT, ABRT_CNT
     place.goodCount = fields.U4(StdfLotRecords::unknownCount); // optional
     return place.partCount > 0 ? std::optional(place) : std::nullopt;
 }
