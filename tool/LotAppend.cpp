@@ -79,23 +79,23 @@ std::optional<Problem> Add(const Input& input, UUTTest* test, const Lot& lot, QS
     return NotAdded(input, lot, lock.PutBack());
 }
 
-// Adds one part. A part of another lot goes to a file beside it that is named after its unit and made anew:
-// where an earlier part of this run lies there, both are to be in it.
-std::optional<Problem> AddKeepingOthers(const Input& input, UUTTest* test, Lot& lot, QString* writtenTo)
+// Adds one part to a file, the lot's or one beside it. A part of another lot goes to a file that is named
+// after its unit and made anew: where an earlier part of this run lies there, it is put back and this one
+// added.
+std::optional<Problem> AddKeepingOthers(const Input& input, UUTTest* test, const QString& file, Lot& lot,
+                                        QString* writtenTo)
 {
-    std::optional<Problem> problem = Add(input, test, lot, writtenTo);
-    const QString failureFile = *writtenTo;
-    if (failureFile.isEmpty() || QFileInfo(failureFile) == QFileInfo(lot.path))
-        return problem;
-    if (const auto earlier = lot.failureFiles.constFind(failureFile);
-        earlier != lot.failureFiles.constEnd()) {
-        if (!PutContent(failureFile, *earlier))
-            return NotAdded(input, {failureFile}, false);
+    const std::optional<Problem> problem = Add(input, test, {file, lot.ignoreReportFlag}, writtenTo);
+    const QString& taker = *writtenTo;
+    const auto earlier = lot.failureFiles.constFind(taker);
+    if (earlier != lot.failureFiles.constEnd() && QFileInfo(taker) != QFileInfo(file)) {
+        if (!PutContent(taker, *earlier))
+            return NotAdded(input, {taker}, false);
         if (!problem)
-            problem = Add(input, test, {failureFile, lot.ignoreReportFlag}, writtenTo);
+            return AddKeepingOthers(input, test, QString(taker), lot, writtenTo);
     }
-    if (!problem)
-        lot.failureFiles.insert(*writtenTo, Content(*writtenTo));
+    if (!problem && QFileInfo(taker) != QFileInfo(lot.path))
+        lot.failureFiles.insert(taker, Content(taker));
     return problem;
 }
 
@@ -135,7 +135,7 @@ QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, b
             Conversion conversion{some.at(index).name, {}, part.problem};
             if (!part.problem)
                 conversion.problem =
-                    AddKeepingOthers(some.at(index), part.test.get(), lot, &conversion.output);
+                    AddKeepingOthers(some.at(index), part.test.get(), path, lot, &conversion.output);
             conversions.append(conversion);
             progress.Step();
         }

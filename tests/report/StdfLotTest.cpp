@@ -3,6 +3,9 @@
 #include "support/Model.h"
 #include "support/Test.h"
 
+#include "export/FormatRegistry.h"
+#include "export/IExportBuilder.h"
+
 #include <ZYNPersistence/CExportServiceReport.h>
 
 #include <map>
@@ -197,6 +200,46 @@ private slots:
         }
         QVERIFY(Append(SimpleUnit("SN3"), lot));
         QCOMPARE(Parts(lot), "SN1 SN2 SN3");
+    }
+
+    /// Results are those of the unit's first run, whatever comes with the measurement.
+    void ResultsAreThoseOfTheUnit()
+    {
+        const auto test = LotModels::MakeTest(SimpleUnit("SN1", 1));
+        const auto other = LotModels::MakeTest(SimpleUnit("SN2", 1));
+        const auto runOf = [](const auto& unit) { return unit->GetResultSets().front(); };
+        const auto program = runOf(test)->GetTestProgram();
+        const auto group = program->GetGroupForIndex(0);
+        const auto step = group->GetStepForIndex(0);
+        TestResult foreign(nullptr);
+        foreign.SetValue(99.0);
+        for (TestResult* const handedIn : {static_cast<TestResult*>(nullptr), &foreign}) {
+            QBuffer buffer;
+            QVERIFY(buffer.open(QIODevice::ReadWrite));
+            const std::unique_ptr<IExportBuilder> builder(FormatRegistry::CreateReportBuilder("STDF"));
+            builder->SetDevice(&buffer);
+            builder->Open();
+            builder->BeginUUTTest(other.get());
+            builder->BeginTestResultSet(runOf(other)); // which nothing ends
+            builder->BeginUUTTest(test.get());
+            if (!handedIn)
+                builder->BeginTestResultSet(runOf(test));
+            builder->BeginTestProgram(program.get(), nullptr);
+            builder->BeginTestGroup(group.get(), nullptr);
+            builder->BeginTestStep(step.get(), nullptr);
+            builder->BeginTestMeasurement(step->GetMeasurementForIndex(0).get(), handedIn);
+            builder->EndTestProgram(program.get());
+            builder->Close();
+            builder->SetDevice(nullptr);
+
+            const QString lot = NewLot();
+            QVERIFY(Append(SimpleUnit("SN1", 1), lot));
+            buffer.close();
+            QVERIFY(buffer.open(QIODevice::ReadOnly));
+            const auto tests = LotFiles::Read(&buffer).Of("PTR");
+            QCOMPARE(tests.size(), 1);
+            QCOMPARE(tests[0].values, LotFiles::Read(lot).Of("PTR")[0].values);
+        }
     }
 
     void ResultSetAloneHasNoPart()

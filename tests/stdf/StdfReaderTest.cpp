@@ -269,6 +269,17 @@ private slots:
             printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
         printer.Finish(reader);
         QCOMPARE(Golden::Difference("tool", "lot.txt", lines.join(u'\n').toUtf8()), QString());
+
+        // Of a lot in which all passed only the counts are left.
+        Input passed(FileOf({far, mir, pir, ptr, prr, pcr, mrr}));
+        Stdf::Reader passedReader(&passed);
+        lines.clear();
+        Stdf::TextPrinter failedOnly([&](const QString& line) { lines += line; }, true);
+        for (Stdf::RawRecord raw; passedReader.Next(raw);)
+            failedOnly.Take(raw, Stdf::Decode(raw, false));
+        failedOnly.Finish(passedReader);
+        QVERIFY2(lines.filter("Test").isEmpty() && !lines.filter("1 good").isEmpty(),
+                 qPrintable(lines.join(u'\n')));
     }
 };
 

@@ -61,15 +61,15 @@ private slots:
         QVERIFY2(outcome.errors.contains(files[0].toUtf8()), outcome.errors);
         QVERIFY(Lot(files[0]).findings.isEmpty());
 
-        // Tested again, and again in a third lot: no part takes the place of another.
-        folder.Write("third.zyr", QByteArray(report).replace("X2", "X3"));
-        QCOMPARE(folder.Zyn("convert other.zyr other.zyr third.zyr third.zyr -o lot.stdf").code, 0);
+        // Tested again, and under the same ident in a third lot: no part takes the place of another.
+        folder.Write("third.zyr", QByteArray(report).replace("\"LotNumber\">X2", "\"LotNumber\">X3"));
+        QCOMPARE(folder.Zyn("convert other.zyr third.zyr other.zyr third.zyr third.zyr -o lot.stdf").code, 0);
         QCOMPARE(folder.Content("lot.stdf"), before);
         QStringList lots;
         for (const QString& file : QDir(folder.Path(".")).entryList({"lot_*_failure*.stdf"}))
             lots +=
                 Lot(file).Of("MIR")[0].Text("LOT_ID") + u' ' + QString::number(Lot(file).PartIds().size());
-        QCOMPARE(lots.join(", "), "X2 4, X3 4");
+        QCOMPARE(lots.join(", "), "X2 4, X3 6");
     }
 
     void LinkToAMissingFileIsFollowed()
@@ -77,6 +77,13 @@ private slots:
         QVERIFY(QFile::link("far.stdf", folder.Path("link.stdf")));
         QCOMPARE(folder.Zyn("convert lot/panel-0001.zyr -o link.stdf").code, 0);
         QCOMPARE(Lot("far.stdf").PartIds().size(), 2);
+    }
+
+    void CompressedLotsOfAFolderAreFound()
+    {
+        folder.Write("packed/a.std.gz", Program::Run("gzip", {"-n"}, {}, folder.Content("lot.stdf")).output);
+        const auto outcome = folder.Zyn("check -v packed");
+        QVERIFY2(outcome.code == 0 && outcome.errors.contains("a.std.gz: good"), outcome.errors);
     }
 
     void LotIsPutBackWhenThereIsNoRoom()
