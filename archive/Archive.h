@@ -1,0 +1,65 @@
+#pragma once
+
+#include "archive/ArchiveGlobal.h"
+#include "runs/Run.h"
+
+#include <QtCore/QString>
+
+#include <cstdint>
+#include <memory>
+#include <span>
+
+class QSqlDatabase;
+
+namespace ZYN {
+
+/// What became of runs that were handed to an archive.
+struct AddedRuns {
+    std::int64_t added = 0;   ///< new
+    std::int64_t present = 0; ///< there already, with the same content
+    std::int64_t revised = 0; ///< there already with another content, which is kept but no longer current
+};
+
+/// A database of runs: a SQLite file, a PostgreSQL server, or one that lives as long as the object.
+///
+/// An object belongs to the thread that opened it. Operations answer false and keep an error text that says
+/// what is wrong and what to do; what was committed before stays.
+class ZYNARCHIVE_EXPORT Archive {
+public:
+    enum class Mode { ReadOnly, ReadWrite };
+
+    Archive();
+    ~Archive();
+    Archive(const Archive&) = delete;
+    Archive& operator=(const Archive&) = delete;
+
+    /// Whether the text names an archive: a file name that ends in ".zya", or "postgresql://...".
+    static bool IsArchive(const QString& url);
+
+    /// Makes a new, empty archive and opens it. An existing one is left alone: false.
+    bool Create(const QString& url);
+    bool Open(const QString& url, Mode mode);
+    /// An archive without a name, gone with the object; it spills to disk by itself.
+    /// \param keepValues false for questions that need no measured values
+    bool OpenTemporary(bool keepValues);
+    /// Brings an older archive to this version, in one transaction.
+    bool Upgrade(const QString& url);
+
+    /// Adds runs in one transaction: all of them or, with an error, none.
+    bool Add(std::span<const Run> runs, AddedRuns* counts);
+
+    /// What is wrong and what to do, in one sentence; never holds a password.
+    QString GetErrorText() const;
+
+    /// For the questions: the open connection.
+    QSqlDatabase GetDatabase() const;
+    bool IsPostgreSql() const;
+    /// Keeps an error text; for the questions.
+    void SetErrorText(const QString& text) const;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+} // namespace ZYN

@@ -1,0 +1,136 @@
+#pragma once
+
+#include "archive/ArchiveGlobal.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
+
+#include <cstdint>
+#include <optional>
+#include <utility>
+#include <vector>
+
+/// \file
+/// The questions that an archive answers, as plain records. Each asks an open archive on its thread; where it
+/// cannot be answered there is no answer and `Archive::GetErrorText` says why.
+
+namespace ZYN {
+
+class Archive;
+
+/// Which runs a question is about; an empty text or list means all.
+struct RunFilter {
+    QString product, lot, station, program, serial;
+    std::optional<std::int64_t> since; ///< ms since 1970, UTC; runs that start then or later
+    std::optional<std::int64_t> until; ///< runs that start before
+    bool acrossLots = false;           ///< a serial of one product in several lots is one unit
+};
+
+enum class GroupBy { Product, Lot, Station, Program, Position, Site, Wafer, Bin, Hour, Day, Week, Month };
+
+/// Names and values of a group, in the order that they were asked for; the program first where the chosen
+/// runs are of several programs.
+using Group = std::vector<std::pair<QString, QString>>;
+
+struct YieldRow {
+    Group group;
+    std::int64_t units = 0;     ///< with a run among the chosen
+    std::int64_t firstRuns = 0; ///< units whose first run is among the chosen
+    std::int64_t firstPass = 0; ///< of these, passed
+    std::int64_t passed = 0;    ///< units whose last chosen run passed
+    std::int64_t runs = 0, runsPassed = 0, failed = 0, aborted = 0, errors = 0, notTested = 0; ///< of runs
+};
+
+struct FailureRow {
+    Group group; ///< the program, where the chosen runs are of several
+    QString ident, path;
+    std::int64_t first = 0; ///< runs whose first failure it is
+    std::int64_t all = 0;   ///< runs in which it failed
+    double share = 0;       ///< of all first failures
+};
+
+/// Where something began.
+struct RunPlace {
+    QString serial, lot, start;
+};
+
+struct Drift {
+    QString kind;      ///< "trend" or "step"
+    double p = 1;      ///< corrected (Holm)
+    double sigmas = 0; ///< its size, signed
+    RunPlace since;
+};
+
+struct RuleHit {
+    int rule = 0; ///< of Nelson: 1, 2 or 3
+    RunPlace since;
+};
+
+struct MeasuredValue {
+    QString serial, lot, start;
+    double value = 0;
+    QString verdict;
+    int code = 0;
+};
+
+/// Figures of one measurement under one set of limits. Those that do not exist are empty.
+struct MeasureRow {
+    Group group; ///< the program, where the chosen runs are of several
+    QString ident, path, unit;
+    std::optional<double> lower, upper;
+    std::int64_t count = 0; ///< finite numbers
+    std::optional<double> mean, sigma, min, max, cpk, cpkPassed;
+    std::int64_t failed = 0;
+    std::int64_t notNumbers = 0; ///< not-a-number and infinities
+    std::optional<Drift> drift;
+    std::vector<RuleHit> rules;
+    int factor = 0;                    ///< power of ten of the prefix that people see it with
+    std::vector<MeasuredValue> values; ///< in order of time; only where asked for
+};
+
+struct UnitRow {
+    QString product, lot, serial, program;
+    std::int64_t runs = 0;
+    int firstCode = 0, code = 0;
+    QString firstFailure; ///< path; empty where its last failed run has none
+};
+
+struct FirstFailure {
+    QString path;
+    std::optional<double> value;
+    QString unit;
+    std::optional<double> lower, upper;
+};
+
+struct HistoryRow {
+    QString product, serial, lot, station, start, program, verdict;
+    int code = 0;
+    std::int64_t run = 0; ///< number of the unit's run of this program, from 1
+    std::optional<FirstFailure> firstFailure;
+};
+
+struct MeasureOptions {
+    QStringList names; ///< names, idents or paths; empty: all, lowest CPK first
+    bool values = false;
+};
+
+struct UnitOptions {
+    bool failed = false;
+    bool retested = false;
+};
+
+ZYNARCHIVE_EXPORT std::optional<std::vector<YieldRow>>
+AskYield(const Archive& archive, const RunFilter& filter, const std::vector<GroupBy>& by);
+ZYNARCHIVE_EXPORT std::optional<std::vector<FailureRow>> AskFailures(const Archive& archive,
+                                                                     const RunFilter& filter, bool all);
+ZYNARCHIVE_EXPORT std::optional<std::vector<MeasureRow>>
+AskMeasures(const Archive& archive, const RunFilter& filter, const MeasureOptions& options);
+ZYNARCHIVE_EXPORT std::optional<std::vector<UnitRow>>
+AskUnits(const Archive& archive, const RunFilter& filter, const UnitOptions& options);
+ZYNARCHIVE_EXPORT std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive,
+                                                                    const RunFilter& filter);
+/// Sentences about what is odd with the chosen runs: a serial in two lots, starts that cannot be read.
+ZYNARCHIVE_EXPORT std::optional<QStringList> AskNotes(const Archive& archive, const RunFilter& filter);
+
+} // namespace ZYN
