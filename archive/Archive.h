@@ -8,16 +8,31 @@
 #include <cstdint>
 #include <memory>
 #include <span>
+#include <vector>
 
 class QSqlDatabase;
 
 namespace ZYN {
 
+/// What became of a run that was handed to an archive.
+enum class AddedAs : std::uint8_t {
+    New,
+    Present, ///< there already, with the same content
+    Revision ///< there already with another content, which is kept but no longer current
+};
+
 /// What became of runs that were handed to an archive.
 struct AddedRuns {
     std::int64_t added = 0;   ///< new
-    std::int64_t present = 0; ///< there already, with the same content
-    std::int64_t revised = 0; ///< there already with another content, which is kept but no longer current
+    std::int64_t present = 0; ///< there already
+    std::int64_t revised = 0;
+    std::vector<AddedAs> each; ///< of each run, in their order
+
+    void Count(AddedAs as)
+    {
+        ++(as == AddedAs::New ? added : as == AddedAs::Present ? present : revised);
+        each.push_back(as);
+    }
 };
 
 /// A database of runs: a SQLite file, a PostgreSQL server, or one that lives as long as the object.
@@ -46,6 +61,7 @@ public:
     bool Upgrade(const QString& url);
 
     /// Adds runs in one transaction: all of them or, with an error, none.
+    /// \param counts set to what became of them; may be null
     bool Add(std::span<const Run> runs, AddedRuns* counts);
 
     /// What is wrong and what to do, in one sentence; never holds a password.

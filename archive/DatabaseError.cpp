@@ -1,0 +1,88 @@
+#include "archive/DatabaseError.h"
+
+#include "archive/ArchiveTexts.h"
+
+#include <QtSql/QSqlError>
+
+namespace ZYN {
+
+namespace {
+
+// Result codes of SQLite: sqlite.org/rescode.html. The lower byte is the family.
+QString RemedyOfSqlite(int code)
+{
+    switch (code & 0xFF) {
+    case 5:
+    case 6:
+        return ArchiveTexts::tr("another program writes into it for long; wait for it and try again");
+    case 8:
+        return ArchiveTexts::tr("it or its folder is read-only; check the permissions");
+    case 10:
+        return ArchiveTexts::tr("the disk or network drive reports a fault; check it");
+    case 11:
+    case 26:
+        return ArchiveTexts::tr(
+            "the file is damaged or no archive; restore it from a backup, or make a new one from "
+            "the reports");
+    case 13:
+        return ArchiveTexts::tr(
+            "the disk is full; what was added before is there, so make room and try again");
+    case 14:
+        return ArchiveTexts::tr("check its name and the permissions of file and folder");
+    default:
+        return {};
+    }
+}
+
+// Error codes of PostgreSQL: www.postgresql.org/docs/15/errcodes-appendix.html. The first two characters are
+// the class.
+QString RemedyOfPostgreSql(const QString& code, QSqlError::ErrorType type)
+{
+    if (code == QLatin1String("42501") || code == QLatin1String("25006"))
+        return ArchiveTexts::tr(
+            "this user may not do that; ask for membership in the role zyn_writer to add, in "
+            "zyn_viewer to ask");
+    if (code == QLatin1String("3D000"))
+        return ArchiveTexts::tr("make the database first: createdb NAME");
+    if (code.startsWith(QLatin1String("53")))
+        return ArchiveTexts::tr(
+            "the server is short of disk, memory or connections; what was added before is there, so "
+            "mend that and try again");
+    if (type == QSqlError::ConnectionError && code.isEmpty())
+        return ArchiveTexts::tr("check that the server runs, its address, and the password in ~/.pgpass");
+    if (code.startsWith(QLatin1String("08")) || code.startsWith(QLatin1String("57P")) || code.isEmpty())
+        return ArchiveTexts::tr(
+            "the connection to the server was lost; what was added before is there, so try again");
+    return {};
+}
+
+// The first line of what the database says: the others are hints for programmers and the statement.
+QString FirstLine(const QString& text)
+{
+    const QString line = text.section(QLatin1Char('\n'), 0, 0).trimmed();
+    const QString severity = QStringLiteral("ERROR:");
+    return line.startsWith(severity) ? line.mid(severity.size()).trimmed() : line;
+}
+
+} // namespace
+
+QString TextOfError(const QSqlError& error, const QString& shownUrl, bool isPostgreSql)
+{
+    QString said = FirstLine(error.databaseText());
+    if (said.isEmpty())
+        said = FirstLine(error.driverText());
+    const QString code = error.nativeErrorCode();
+    const QString remedy =
+        isPostgreSql ? RemedyOfPostgreSql(code, error.type()) : RemedyOfSqlite(code.toInt());
+    QString text = shownUrl + QStringLiteral(": ") + said;
+    if (!remedy.isEmpty())
+        text += QStringLiteral("; ") + remedy;
+    return text;
+}
+
+bool IsWorthRepeating(const QString& errorCode)
+{
+    return errorCode == QLatin1String("40P01") || errorCode == QLatin1String("40001");
+}
+
+} // namespace ZYN

@@ -1,0 +1,68 @@
+#include "archive/RunStatements.h"
+
+namespace ZYN {
+
+namespace {
+
+const QString findUnit = QStringLiteral(
+    "SELECT id FROM unit WHERE product = ? AND lot = ? AND serial = ? AND ident = ? AND wafer = ? AND "
+    "is_panel = ? AND own = ?");
+const QString insertUnit =
+    QStringLiteral("INSERT INTO unit(product, lot, serial, ident, wafer, is_panel, own, seen_ident) "
+                   "VALUES(?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT DO NOTHING RETURNING id");
+const QString findEarliest = QStringLiteral(
+    "SELECT id, start, run_index, test_index, first FROM run WHERE unit = ? AND program = ? AND "
+    "current = 1 ORDER BY start, run_index, test_index, id LIMIT 1");
+const QString insertRun = QStringLiteral(
+    "INSERT INTO run(unit, program, start, utc_offset, run_index, test_index, code, first, is_panel, "
+    "station, position, site, x, y, hard_bin, soft_bin, layout, limits) "
+    "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id");
+
+} // namespace
+
+const RunStatements& StatementsFor(Database::Kind kind)
+{
+    static const RunStatements sqlite{
+        .findUnit = findUnit,
+        .insertUnit = insertUnit,
+        .findKnown = QStringLiteral(
+            "SELECT r.id, v.content, v.revision, r.first FROM run_values v JOIN run r ON r.id = "
+            "v.run WHERE v.key = ? ORDER BY v.revision"),
+        .replace = QStringLiteral("UPDATE run SET current = 0, first = 0 WHERE id = ?"),
+        .dropFailures = QStringLiteral("DELETE FROM failure WHERE run = ?"),
+        .findEarliest = findEarliest,
+        .unmark = QStringLiteral("UPDATE run SET first = 0 WHERE id = ?"),
+        .insertRun = insertRun,
+        .insertValues = QStringLiteral("INSERT INTO run_values(run, key, revision, content, start_text, "
+                                       "duration, operator, panel, source, "
+                                       "comment, vals, codes, seconds, texts, comments, attributes) "
+                                       "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        .insertFailure =
+            QStringLiteral("INSERT INTO failure(run, code, num, is_first, component) "
+                           "SELECT ?, ?, ?, ?, component FROM layout_item WHERE layout = ? AND pos = ?"),
+    };
+    static const RunStatements postgreSql{
+        .findUnit = findUnit + QStringLiteral(" FOR NO KEY UPDATE"),
+        .insertUnit = insertUnit,
+        .findKnown =
+            QStringLiteral("SELECT r.id, v.content, v.revision, r.first FROM run_values v JOIN run r ON "
+                           "r.start = v.start AND r.id = v.run WHERE v.start = ? AND v.key = ? "
+                           "ORDER BY v.revision"),
+        .replace = QStringLiteral("UPDATE run SET current = 0, first = 0 WHERE start = ? AND id = ?"),
+        .dropFailures = QStringLiteral("DELETE FROM failure WHERE start = ? AND run = ?"),
+        .findEarliest = findEarliest,
+        .unmark = QStringLiteral("UPDATE run SET first = 0 WHERE start = ? AND id = ?"),
+        .insertRun = insertRun,
+        .insertValues = QStringLiteral("INSERT INTO run_values(start, run, key, revision, content, "
+                                       "start_text, duration, operator, panel, source, "
+                                       "comment, vals, codes, seconds, texts, comments, attributes) "
+                                       "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        .insertFailure = QStringLiteral(
+            "INSERT INTO failure(start, run, code, num, is_first, component) SELECT CAST(? AS bigint), "
+            "CAST(? AS bigint), CAST(? AS smallint), CAST(? AS float8), CAST(? AS smallint), component "
+            "FROM layout_item WHERE layout = ? AND pos = ?"),
+    };
+    return kind == Database::Kind::PostgreSql ? postgreSql : sqlite;
+}
+
+} // namespace ZYN

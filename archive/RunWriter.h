@@ -1,0 +1,45 @@
+#pragma once
+
+#include "archive/Dictionary.h"
+#include "archive/RunDigest.h"
+#include "archive/UnitOfRun.h"
+
+#include <map>
+
+namespace ZYN {
+
+/// Puts runs into an archive. Knows what a run is the same as, which one is current and which the first.
+class RunWriter {
+public:
+    /// \param keepValues false leaves the arrays empty
+    RunWriter(Database& database, bool keepValues);
+
+    bool Add(std::span<const Run> runs, AddedRuns* counts);
+
+private:
+    struct Row;                                          // of a run, while it is added
+    using UnitIds = std::map<std::string, std::int64_t>; // by what makes them the same
+
+    bool LockUnits(std::span<const Run> runs, const std::vector<RunDigest>& digests, UnitIds* ids);
+    std::int64_t LockUnit(const UnitOfRun& unit, const std::string& own, const std::string& seenIdent);
+    bool AddRun(Row& row, AddedAs* as);
+    bool FindKnown(Row& row);
+    bool Replace(Row& row);
+    bool DecideFirst(Row& row);
+    bool InsertRun(Row& row);
+    bool InsertValues(const Row& row);
+    bool InsertFailures(const Row& row);
+    /// The tables of a server are divided by month, so that a row is found by its start and id.
+    void BindStart(QSqlQuery& query, const Row& row) const;
+    bool Execute(QSqlQuery& query, const Row& row, std::int64_t id);
+
+    Database& m_database;
+    const bool m_keepValues;
+    const ArrayStyle m_style;
+    Dictionary m_dictionary;
+    RunDigester m_digester;
+    QSqlQuery m_findUnit, m_insertUnit, m_findKnown, m_replace, m_dropFailures, m_findEarliest, m_unmark,
+        m_insertRun, m_insertValues, m_insertFailure;
+};
+
+} // namespace ZYN

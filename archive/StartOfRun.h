@@ -1,0 +1,15 @@
+#pragma once
+
+#include "runs/Run.h"
+
+namespace ZYN {
+
+/// What stands as the start of a run whose start cannot be read, so that it comes last.
+constexpr std::int64_t UnreadableStart = std::numeric_limits<std::int64_t>::max();
+
+inline std::int64_t StartOf(const Run& run)
+{
+    return run.start.value_or(UnreadableStart);
+}
+
+} // namespace ZYN
