@@ -7,8 +7,6 @@
 #include "Texts.h"
 #include "Usage.h"
 
-#include <CLI/CLI.hpp>
-
 namespace ZYN::Tool {
 
 namespace {
@@ -84,22 +82,17 @@ int Run(const Arguments& arguments, const Manners& manners)
 
 } // namespace
 
-Command CheckCommand(CLI::App& app, const Manners& manners)
+Command CheckCommand(CommandLine& zyn, const Manners& manners)
 {
-    CLI::App* const check = app.add_subcommand(
-        "check", Texts::tr("Check whether files are well formed, known and complete").toStdString());
+    CommandLine check =
+        zyn.Subcommand("check", Texts::tr("Check whether files are well formed, known and complete"));
     const auto arguments = std::make_shared<Arguments>();
-    check
-        ->add_option("FILE", arguments->inputs,
-                     Texts::tr("Files, folders, or - for standard input").toStdString())
-        ->type_name({})
-        ->required();
-    check->add_flag("--json", arguments->json,
-                    Texts::tr("For programs: one JSON object a finding and line").toStdString());
-    check->footer(Footer(
+    check.Inputs("FILE", arguments->inputs, Texts::tr("Files, folders, or - for standard input"));
+    check.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object a finding and line"));
+    check.Footer(
         Texts::tr("Prints one finding a line as FILE:LINE:COLUMN: text (STDF: FILE:offset N: text) and\n"
                   "exits with 1 if any is an error."),
-        {"zyn check lot/", "zyn check --json bins.ini | jq .line"}));
+        {"zyn check lot/", "zyn check --json bins.ini | jq .line"});
     return {check, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

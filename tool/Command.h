@@ -1,10 +1,8 @@
 #pragma once
 
-#include <functional>
+#include "terminal/CommandLine.h"
 
-namespace CLI {
-class App;
-}
+#include <functional>
 
 /// \file
 /// The subcommands of `zyn`, one source file each. Each function adds its options to the command line and
@@ -26,17 +24,17 @@ enum ExitCode : int {
 };
 
 struct Command {
-    CLI::App* app = nullptr;
+    CommandLine line;
     std::function<int()> run;
     /// Whether it draws text (PDF) and so needs the GUI application; empty: never.
     std::function<bool()> needsGui;
 };
 
-Command SimulateCommand(CLI::App& app, const Manners& manners);
-Command ConvertCommand(CLI::App& app, const Manners& manners);
-Command StatisticsCommand(CLI::App& app, const Manners& manners);
-Command ShowCommand(CLI::App& app, const Manners& manners);
-Command CheckCommand(CLI::App& app, const Manners& manners);
-Command FormatsCommand(CLI::App& app, const Manners& manners);
+Command SimulateCommand(CommandLine& zyn, const Manners& manners);
+Command ConvertCommand(CommandLine& zyn, const Manners& manners);
+Command StatisticsCommand(CommandLine& zyn, const Manners& manners);
+Command ShowCommand(CommandLine& zyn, const Manners& manners);
+Command CheckCommand(CommandLine& zyn, const Manners& manners);
+Command FormatsCommand(CommandLine& zyn, const Manners& manners);
 
 } // namespace ZYN::Tool

@@ -9,7 +9,6 @@
 #include "Texts.h"
 #include "Usage.h"
 
-#include <CLI/CLI.hpp>
 #include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CExportServiceReport.h>
 
@@ -242,43 +241,34 @@ int Run(const Arguments& arguments, const Manners& manners)
 
 } // namespace
 
-Command ConvertCommand(CLI::App& app, const Manners& manners)
+Command ConvertCommand(CommandLine& zyn, const Manners& manners)
 {
-    CLI::App* const convert = app.add_subcommand(
-        "convert", Texts::tr("Convert XML reports (.zyr) into other formats").toStdString());
+    CommandLine convert =
+        zyn.Subcommand("convert", Texts::tr("Convert XML reports (.zyr) into other formats"));
     const auto arguments = std::make_shared<Arguments>();
+    convert.Inputs("INPUT", arguments->inputs,
+                   Texts::tr("Reports, folders of reports, or - for standard input"));
     convert
-        ->add_option("INPUT", arguments->inputs,
-                     Texts::tr("Reports, folders of reports, or - for standard input").toStdString())
-        ->type_name({})
-        ->required();
+        .Value("-o,--output", arguments->file, Texts::tr("File to write; its extension chooses the format"))
+        .Named(Texts::tr("FILE"));
     convert
-        ->add_option("-o,--output", arguments->file,
-                     Texts::tr("File to write; its extension chooses the format").toStdString())
-        ->type_name(Texts::tr("FILE").toStdString());
-    convert
-        ->add_option("-d,--directory", arguments->folder,
-                     Texts::tr("Folder to write into, one file for each report").toStdString())
-        ->type_name(Texts::tr("FOLDER").toStdString());
-    convert->add_option("-f,--format", arguments->format, Texts::tr("Format (see zyn formats)").toStdString())
-        ->type_name(Texts::tr("FORMAT").toStdString());
-    convert->add_option("--logo", arguments->logo, Texts::tr("Logo for HTML and PDF").toStdString())
-        ->type_name(Texts::tr("FILE").toStdString())
-        ->check(CLI::Validator(CLI::ExistingFile).description({}));
-    convert
-        ->add_option("--style", arguments->style,
-                     Texts::tr("Style sheet that XML reports refer to").toStdString())
-        ->type_name(Texts::tr("FILE").toStdString());
-    convert->add_flag("--all", arguments->all,
-                      Texts::tr("Also what is marked as not to be reported").toStdString());
-    convert->add_flag("--json", arguments->json,
-                      Texts::tr("For programs: one JSON object an input and line").toStdString());
-    convert->add_flag("--force", arguments->force, Texts::tr("Replace existing files").toStdString());
-    convert->footer(
-        Footer({}, {"zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png",
-                    "zyn convert lot/ -d csv -f csv",
-                    "zyn convert lot/ -o lot.stdf        " + Texts::tr("adds a part for each report"),
-                    "ssh tester cat last.zyr | zyn convert - -o last.pdf"}));
+        .Value("-d,--directory", arguments->folder,
+               Texts::tr("Folder to write into, one file for each report"))
+        .Named(Texts::tr("FOLDER"));
+    convert.Value("-f,--format", arguments->format, Texts::tr("Format (see zyn formats)"))
+        .Named(Texts::tr("FORMAT"));
+    convert.Value("--logo", arguments->logo, Texts::tr("Logo for HTML and PDF"))
+        .Named(Texts::tr("FILE"))
+        .ExistingFile();
+    convert.Value("--style", arguments->style, Texts::tr("Style sheet that XML reports refer to"))
+        .Named(Texts::tr("FILE"));
+    convert.Flag("--all", arguments->all, Texts::tr("Also what is marked as not to be reported"));
+    convert.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object an input and line"));
+    convert.Flag("--force", arguments->force, Texts::tr("Replace existing files"));
+    convert.Footer({}, {"zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png",
+                        "zyn convert lot/ -d csv -f csv",
+                        "zyn convert lot/ -o lot.stdf        " + Texts::tr("adds a part for each report"),
+                        "ssh tester cat last.zyr | zyn convert - -o last.pdf"});
     return {convert, [=, &manners] { return Run(*arguments, manners); },
             [=] { return FormatOf(*arguments) == QLatin1String("PDF"); }};
 }

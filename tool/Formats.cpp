@@ -3,7 +3,6 @@
 #include "Texts.h"
 #include "Usage.h"
 
-#include <CLI/CLI.hpp>
 #include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QJsonArray>
@@ -59,13 +58,12 @@ int PrintJson()
 
 } // namespace
 
-Command FormatsCommand(CLI::App& app, const Manners&)
+Command FormatsCommand(CommandLine& zyn, const Manners&)
 {
-    CLI::App* const formats =
-        app.add_subcommand("formats", Texts::tr("List the report formats").toStdString());
+    CommandLine formats = zyn.Subcommand("formats", Texts::tr("List the report formats"));
     const auto json = std::make_shared<bool>(false);
-    formats->add_flag("--json", *json, Texts::tr("For programs").toStdString());
-    formats->footer(Footer({}, {"zyn formats", "zyn formats --json | jq -r .[].extension"}));
+    formats.Flag("--json", *json, Texts::tr("For programs"));
+    formats.Footer({}, {"zyn formats", "zyn formats --json | jq -r .[].extension"});
     return {formats, [=] { return *json ? PrintJson() : PrintTable(); }, {}};
 }
 

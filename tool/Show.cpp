@@ -5,8 +5,6 @@
 #include "Texts.h"
 #include "Usage.h"
 
-#include <CLI/CLI.hpp>
-
 namespace ZYN::Tool {
 
 namespace {
@@ -52,20 +50,16 @@ int Run(const Arguments& arguments)
 
 } // namespace
 
-Command ShowCommand(CLI::App& app, const Manners&)
+Command ShowCommand(CommandLine& zyn, const Manners&)
 {
-    CLI::App* const show = app.add_subcommand("show", Texts::tr("Show what a file holds").toStdString());
+    CommandLine show = zyn.Subcommand("show", Texts::tr("Show what a file holds"));
     const auto arguments = std::make_shared<Arguments>();
-    show->add_option("FILE", arguments->inputs,
-                     Texts::tr("Files, folders, or - for standard input").toStdString())
-        ->type_name({})
-        ->required();
-    show->add_flag("--failed", arguments->options.failedOnly, Texts::tr("Only what failed").toStdString());
-    show->add_flag("--json", arguments->json,
-                   Texts::tr("For programs: one JSON object a line").toStdString());
-    show->footer(Footer(Texts::tr("Colours are used on a terminal, unless NO_COLOR is set."),
-                        {"zyn show panel-0007.zyr", "zyn show --failed lot/ | less",
-                         "zyn show --json lot/*.zyr | jq -r 'select(.code < 0) | .serial'"}));
+    show.Inputs("FILE", arguments->inputs, Texts::tr("Files, folders, or - for standard input"));
+    show.Flag("--failed", arguments->options.failedOnly, Texts::tr("Only what failed"));
+    show.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object a line"));
+    show.Footer(Texts::tr("Colours are used on a terminal, unless NO_COLOR is set."),
+                {"zyn show panel-0007.zyr", "zyn show --failed lot/ | less",
+                 "zyn show --json lot/*.zyr | jq -r 'select(.code < 0) | .serial'"});
     return {show, [=] { return Run(*arguments); }, {}};
 }
 

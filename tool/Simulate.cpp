@@ -9,7 +9,6 @@
 #include "examples/line_simulator/Bins.h"
 #include "examples/line_simulator/Line.h"
 
-#include <CLI/CLI.hpp>
 #include <ZYNCommon/TestProgram.h>
 #include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CExportServiceReport.h>
@@ -123,40 +122,32 @@ int Run(const Arguments& arguments, const Manners& manners)
 
 } // namespace
 
-Command SimulateCommand(CLI::App& app, const Manners& manners)
+Command SimulateCommand(CommandLine& zyn, const Manners& manners)
 {
-    CLI::App* const simulate = app.add_subcommand(
+    CommandLine simulate = zyn.Subcommand(
         "simulate",
-        Texts::tr("Let a simulated line test a lot: reports, test plan and bins to try things with")
-            .toStdString());
+        Texts::tr("Let a simulated line test a lot: reports, test plan and bins to try things with"));
     const auto arguments = std::make_shared<Arguments>();
-    simulate->add_option("-d,--directory", arguments->folder, Texts::tr("Folder to write into").toStdString())
-        ->type_name(Texts::tr("FOLDER").toStdString())
-        ->required();
-    simulate->add_option("--panels", arguments->panels, Texts::tr("Panels to test").toStdString())
-        ->type_name("N")
-        ->check(CLI::Range(1, 10'000'000).description({}))
-        ->capture_default_str();
-    simulate
-        ->add_option("--items", arguments->line.itemsPerPanel,
-                     Texts::tr("Boards on a panel; 1: single boards").toStdString())
-        ->type_name("N")
-        ->check(CLI::Range(1, 1000).description({}))
-        ->capture_default_str();
-    simulate
-        ->add_option("--seed", arguments->line.seed,
-                     Texts::tr("The same seed gives the same files").toStdString())
-        ->type_name("N")
-        ->capture_default_str();
-    simulate
-        ->add_option("--steps", arguments->line.sweepSteps,
-                     Texts::tr("Further steps of ten measurements each").toStdString())
-        ->type_name("N")
-        ->check(CLI::Range(0, 1'000'000).description({}))
-        ->capture_default_str();
-    simulate->add_flag("--force", arguments->force, Texts::tr("Replace existing files").toStdString());
-    simulate->footer(
-        Footer({}, {"zyn simulate -d lot", "zyn simulate -d big --panels 250 --items 4 --seed 7"}));
+    simulate.Value("-d,--directory", arguments->folder, Texts::tr("Folder to write into"))
+        .Named(Texts::tr("FOLDER"))
+        .Required();
+    simulate.Value("--panels", arguments->panels, Texts::tr("Panels to test"))
+        .Named(QStringLiteral("N"))
+        .Within(1, 10'000'000)
+        .HasDefault();
+    simulate.Value("--items", arguments->line.itemsPerPanel, Texts::tr("Boards on a panel; 1: single boards"))
+        .Named(QStringLiteral("N"))
+        .Within(1, 1000)
+        .HasDefault();
+    simulate.Value("--seed", arguments->line.seed, Texts::tr("The same seed gives the same files"))
+        .Named(QStringLiteral("N"))
+        .HasDefault();
+    simulate.Value("--steps", arguments->line.sweepSteps, Texts::tr("Further steps of ten measurements each"))
+        .Named(QStringLiteral("N"))
+        .Within(0, 1'000'000)
+        .HasDefault();
+    simulate.Flag("--force", arguments->force, Texts::tr("Replace existing files"));
+    simulate.Footer({}, {"zyn simulate -d lot", "zyn simulate -d big --panels 250 --items 4 --seed 7"});
     return {simulate, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

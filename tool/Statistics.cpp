@@ -5,7 +5,6 @@
 #include "Texts.h"
 #include "Usage.h"
 
-#include <CLI/CLI.hpp>
 #include <ZYNPersistence/CExportServiceStatistics.h>
 
 #include <QtCore/QFileInfo>
@@ -113,32 +112,24 @@ int Run(const Arguments& arguments, const Manners& manners)
 
 } // namespace
 
-Command StatisticsCommand(CLI::App& app, const Manners& manners)
+Command StatisticsCommand(CommandLine& zyn, const Manners& manners)
 {
-    CLI::App* const statistics =
-        app.add_subcommand("statistics", Texts::tr("Summarise the reports of a lot").toStdString());
+    CommandLine statistics = zyn.Subcommand("statistics", Texts::tr("Summarise the reports of a lot"));
     const auto arguments = std::make_shared<Arguments>();
+    statistics.Inputs("INPUT", arguments->inputs,
+                      Texts::tr("Reports, folders of reports, or - for standard input"));
     statistics
-        ->add_option("INPUT", arguments->inputs,
-                     Texts::tr("Reports, folders of reports, or - for standard input").toStdString())
-        ->type_name({})
-        ->required();
-    statistics
-        ->add_option("-o,--output", arguments->file,
-                     Texts::tr("File to write; its extension chooses the format").toStdString())
-        ->type_name(Texts::tr("FILE").toStdString())
-        ->required();
-    statistics->add_option("-f,--format", arguments->format, Texts::tr("CSV or XML").toStdString())
-        ->type_name(Texts::tr("FORMAT").toStdString());
-    statistics->add_flag("--scaled", arguments->scaled,
-                         Texts::tr("Values with the prefixes of their units").toStdString());
-    statistics->add_flag("--json", arguments->json,
-                         Texts::tr("For programs: the summary as a JSON object").toStdString());
-    statistics->add_flag("--force", arguments->force, Texts::tr("Replace an existing file").toStdString());
-    statistics->footer(Footer(
+        .Value("-o,--output", arguments->file, Texts::tr("File to write; its extension chooses the format"))
+        .Named(Texts::tr("FILE"))
+        .Required();
+    statistics.Value("-f,--format", arguments->format, Texts::tr("CSV or XML")).Named(Texts::tr("FORMAT"));
+    statistics.Flag("--scaled", arguments->scaled, Texts::tr("Values with the prefixes of their units"));
+    statistics.Flag("--json", arguments->json, Texts::tr("For programs: the summary as a JSON object"));
+    statistics.Flag("--force", arguments->force, Texts::tr("Replace an existing file"));
+    statistics.Footer(
         Texts::tr("Prints the yield, the first-pass yield, the steps that failed most and the smallest CPK;\n"
                   "what is odd about the lot goes to standard error."),
-        {"zyn statistics lot/ -o lot.csv --scaled", "zyn statistics monday/ tuesday/ -o week.xml"}));
+        {"zyn statistics lot/ -o lot.csv --scaled", "zyn statistics monday/ tuesday/ -o week.xml"});
     return {statistics, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

@@ -72,21 +72,7 @@ QString SeeHelp(const CLI::App* app)
     return Texts::tr("see %1 --help").arg(help);
 }
 
-QString FooterText(const QString& text, const QStringList& examples)
-{
-    QString footer = text.isEmpty() ? text : text + QLatin1Char('\n');
-    footer += Texts::tr("Examples:");
-    for (const QString& example : examples)
-        footer += QStringLiteral("\n  ") + example;
-    return footer;
-}
-
 } // namespace
-
-std::string Footer(const QString& text, const QStringList& examples)
-{
-    return FooterText(text, examples).toStdString();
-}
 
 void SetHeadings(CLI::App* app)
 {

@@ -15,11 +15,6 @@ class Error;
 
 namespace ZYN::Tool {
 
-/// End of a command's help.
-/// \param text may be empty
-/// \param examples command lines, as typed
-std::string Footer(const QString& text, const QStringList& examples);
-
 /// Gives the help of a program and its commands its headings; after all options were added.
 void SetHeadings(CLI::App* app);
 

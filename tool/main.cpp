@@ -3,9 +3,6 @@
 #include "Terminal.h"
 #include "Texts.h"
 #include "Translation.h"
-#include "Usage.h"
-
-#include <CLI/CLI.hpp>
 
 #include <QtGui/QGuiApplication>
 
@@ -42,8 +39,7 @@ int Run(const Command& command, int* argc, char** argv)
 {
     const std::unique_ptr<QCoreApplication> application = MakeApplication(command, argc, argv);
     // What a program asked for is the same in every language.
-    const CLI::Option* const json = command.app->get_option_no_throw("--json");
-    if (!json || json->count() == 0)
+    if (!command.line.IsGiven("--json"))
         LoadTranslation(application.get());
     const int code = command.run();
     if (!FlushOutput()) {
@@ -62,35 +58,22 @@ int Zyn(int argc, char** argv)
     // The command line tells which application to run; its help needs one before.
     auto application = std::make_unique<QCoreApplication>(argc, argv);
     LoadTranslation(application.get());
-    CLI::App app(Texts::tr("Writes, converts, shows and checks results of production tests.").toStdString(),
-                 "zyn");
     Manners manners;
-    app.add_flag("-q,--quiet", manners.quiet, Texts::tr("Say nothing but what went wrong").toStdString());
-    app.add_flag("-v,--verbose", manners.verbose, Texts::tr("Say what is being done").toStdString());
-    app.set_version_flag("--version", "zyn " ZYN_VERSION,
-                         Texts::tr("Print the version and exit").toStdString());
-    app.require_subcommand(1);
-    app.failure_message(UsageMessage);
-    app.footer(Texts::tr("zyn COMMAND --help explains a command with examples.\n"
-                         "Exit codes: 0 good, 1 something failed (the rest was done), 2 wrong usage.")
-                   .toStdString());
-
-    const Command commands[] = {SimulateCommand(app, manners),   ConvertCommand(app, manners),
-                                StatisticsCommand(app, manners), ShowCommand(app, manners),
-                                CheckCommand(app, manners),      FormatsCommand(app, manners)};
-    for (const Command& command : commands)
-        command.app->fallthrough(); // -q and -v also after the command's name
-    SetHeadings(&app);
-    try {
-        app.parse(argc, argv);
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? ExitGood : ExitUsage;
-    }
+    Program program(Texts::tr("Writes, converts, shows and checks results of production tests."),
+                    Texts::tr("zyn COMMAND --help explains a command with examples.\n"
+                              "Exit codes: 0 good, 1 something failed (the rest was done), 2 wrong usage."),
+                    "zyn " ZYN_VERSION, manners.quiet, manners.verbose);
+    CommandLine zyn = program.Top();
+    const Command commands[] = {SimulateCommand(zyn, manners),   ConvertCommand(zyn, manners),
+                                StatisticsCommand(zyn, manners), ShowCommand(zyn, manners),
+                                CheckCommand(zyn, manners),      FormatsCommand(zyn, manners)};
+    if (const std::optional<int> code = program.Parse(argc, argv))
+        return *code == 0 ? ExitGood : ExitUsage;
     application.reset();
     verbose = manners.verbose;
     qInstallMessageHandler(HandleQtMessage);
     for (const Command& command : commands)
-        if (command.app->parsed())
+        if (command.line.IsChosen())
             return Run(command, &argc, argv);
     return ExitUsage;
 }
