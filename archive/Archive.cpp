@@ -116,6 +116,16 @@ QString Archive::GetErrorText() const
     return d->error;
 }
 
+bool Archive::IsFaultOfRuns() const
+{
+    return d->database && d->database->IsFaultOfData();
+}
+
+QString Archive::GetShownUrl() const
+{
+    return d->database ? d->database->GetShownUrl() : QString();
+}
+
 QSqlDatabase Archive::GetDatabase() const
 {
     return d->database ? d->database->GetConnection() : QSqlDatabase();

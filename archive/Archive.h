@@ -66,7 +66,11 @@ public:
 
     /// What is wrong and what to do, in one sentence; never holds a password.
     QString GetErrorText() const;
+    /// Whether the last `Add` failed because of what stands in its runs: others may well be added.
+    bool IsFaultOfRuns() const;
 
+    /// What the archive is called in messages; never holds a password.
+    QString GetShownUrl() const;
     /// For the questions: the open connection.
     QSqlDatabase GetDatabase() const;
     bool IsPostgreSql() const;

@@ -174,13 +174,19 @@ bool Database::InTransaction(const std::function<bool()>& body)
             return false;
         if (body() && Execute(QStringLiteral("COMMIT")))
             return true;
-        const QString error = m_error;
-        const bool repeat = attempt < Attempts && IsWorthRepeating(m_errorCode);
+        const QString error = m_error, code = m_errorCode;
+        const bool repeat = attempt < Attempts && IsWorthRepeating(code);
         Execute(QStringLiteral("ROLLBACK"));
         m_error = error;
+        m_errorCode = code;
         if (!repeat)
             return false;
     }
+}
+
+bool Database::IsFaultOfData() const
+{
+    return ZYN::IsFaultOfData(m_errorCode, IsPostgreSql());
 }
 
 bool Database::Fail(const QSqlError& error)

@@ -48,7 +48,8 @@ public:
     bool InTransaction(const std::function<bool()>& body);
 
     const QString& GetErrorText() const { return m_error; }
-    void SetErrorText(const QString& text) { m_error = text; }
+    /// Whether the last failure was about the data that were to be written.
+    bool IsFaultOfData() const;
 
 private:
     bool OpenSqlite(Access access);

@@ -85,4 +85,13 @@ bool IsWorthRepeating(const QString& errorCode)
     return errorCode == QLatin1String("40P01") || errorCode == QLatin1String("40001");
 }
 
+bool IsFaultOfData(const QString& errorCode, bool isPostgreSql)
+{
+    if (isPostgreSql) // data exceptions, violated constraints, limits of the program
+        return errorCode.startsWith(QLatin1String("22")) || errorCode.startsWith(QLatin1String("23")) ||
+               errorCode.startsWith(QLatin1String("54"));
+    const int family = errorCode.toInt() & 0xFF; // too big, a constraint, a type
+    return family >= 18 && family <= 20;
+}
+
 } // namespace ZYN

@@ -12,5 +12,7 @@ QString TextOfError(const QSqlError& error, const QString& shownUrl, bool isPost
 
 /// Whether the same transaction may well succeed when it is repeated.
 bool IsWorthRepeating(const QString& errorCode);
+/// Whether a value was wrong, not the database.
+bool IsFaultOfData(const QString& errorCode, bool isPostgreSql);
 
 } // namespace ZYN

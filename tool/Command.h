@@ -35,6 +35,7 @@ Command ConvertCommand(CommandLine& zyn, const Manners& manners);
 Command StatisticsCommand(CommandLine& zyn, const Manners& manners);
 Command ShowCommand(CommandLine& zyn, const Manners& manners);
 Command CheckCommand(CommandLine& zyn, const Manners& manners);
+Command ArchiveCommand(CommandLine& zyn, const Manners& manners);
 Command FormatsCommand(CommandLine& zyn, const Manners& manners);
 
 } // namespace ZYN::Tool

@@ -64,11 +64,11 @@ QString What(const CLI::App* app, const CLI::Error& error)
 
 QString SeeHelp(const CLI::App* app)
 {
-    const CLI::App* chosen = app;
-    while (!chosen->get_subcommands().empty())
+    QString help = QStringLiteral("zyn");
+    for (const CLI::App* chosen = app; !chosen->get_subcommands().empty();) {
         chosen = chosen->get_subcommands().front();
-    const QString help = chosen == app ? QStringLiteral("zyn")
-                                       : QStringLiteral("zyn ") + QString::fromStdString(chosen->get_name());
+        help += QLatin1Char(' ') + QString::fromStdString(chosen->get_name());
+    }
     return Texts::tr("see %1 --help").arg(help);
 }
 

@@ -66,7 +66,8 @@ int Zyn(int argc, char** argv)
     CommandLine zyn = program.Top();
     const Command commands[] = {SimulateCommand(zyn, manners),   ConvertCommand(zyn, manners),
                                 StatisticsCommand(zyn, manners), ShowCommand(zyn, manners),
-                                CheckCommand(zyn, manners),      FormatsCommand(zyn, manners)};
+                                CheckCommand(zyn, manners),      ArchiveCommand(zyn, manners),
+                                FormatsCommand(zyn, manners)};
     if (const std::optional<int> code = program.Parse(argc, argv))
         return *code == 0 ? ExitGood : ExitUsage;
     application.reset();

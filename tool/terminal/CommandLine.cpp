@@ -101,6 +101,7 @@ CommandLine CommandLine::Subcommand(const char* name, const QString& help)
 {
     CLI::App* const command = m_app->add_subcommand(name, help.toStdString());
     command->fallthrough(); // -q and -v also behind the command's name
+    m_app->require_subcommand(1);
     return CommandLine(command);
 }
 
@@ -112,7 +113,8 @@ bool CommandLine::IsChosen() const
 bool CommandLine::IsGiven(const char* name) const
 {
     const CLI::Option* const option = m_app->get_option_no_throw(name);
-    return option && option->count() > 0;
+    const std::vector<CLI::App*> chosen = m_app->get_subcommands();
+    return (option && option->count() > 0) || (!chosen.empty() && CommandLine(chosen.front()).IsGiven(name));
 }
 
 Program::Program(const QString& help, const QString& footer, const char* version, bool& quiet, bool& verbose)
@@ -121,7 +123,6 @@ Program::Program(const QString& help, const QString& footer, const char* version
     m_app->add_flag("-q,--quiet", quiet, Texts::tr("Say nothing but what went wrong").toStdString());
     m_app->add_flag("-v,--verbose", verbose, Texts::tr("Say what is being done").toStdString());
     m_app->set_version_flag("--version", version, Texts::tr("Print the version and exit").toStdString());
-    m_app->require_subcommand(1);
     m_app->failure_message(UsageMessage);
     m_app->footer(footer.toStdString());
 }

@@ -60,11 +60,12 @@ public:
     /// \param examples command lines, as typed
     void Footer(const QString& text, const QStringList& examples);
 
-    /// A command of this one.
+    /// A command of this one, of which then one must be chosen.
     CommandLine Subcommand(const char* name, const QString& help);
     /// Whether the user chose it.
     bool IsChosen() const;
-    /// Whether a flag of this name is there and was given.
+    /// Whether a flag of this name is there, here or in the command that was chosen of this one, and was
+    /// given.
     bool IsGiven(const char* name) const;
 
 private:
