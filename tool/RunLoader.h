@@ -14,7 +14,7 @@ namespace ZYN::Tool {
 struct LoadedInput {
     const Input* input = nullptr;
     qint64 added = 0, present = 0, revised = 0; ///< runs
-    std::optional<Problem> problem;             ///< then none of its runs is in the archive
+    std::optional<Problem> problem = {};        ///< then none of its runs is in the archive
 };
 
 /// Extensions of what holds runs, as searched for in folders.

@@ -22,8 +22,8 @@ namespace ZYN::Tool {
 class RunQueue {
 public:
     struct Piece {
-        std::vector<Run> runs;
-        std::optional<Problem> problem; ///< why there are no more, in the last piece
+        std::vector<Run> runs = {};
+        std::optional<Problem> problem = {}; ///< why there are no more, in the last piece
         bool isLast = false;
     };
 

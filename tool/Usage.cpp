@@ -56,8 +56,11 @@ QString Translated(const QString& message)
 
 QString What(const CLI::App* app, const CLI::Error& error)
 {
-    const std::vector<std::string> others = app->remaining();
-    if (app->get_subcommands().empty() && !others.empty() && others.front().front() != '-')
+    const CLI::App* chosen = app;
+    while (!chosen->get_subcommands().empty())
+        chosen = chosen->get_subcommands().front();
+    const std::vector<std::string> others = app->remaining(true);
+    if (!chosen->get_subcommands({}).empty() && !others.empty() && others.front().front() != '-')
         return Texts::tr("there is no command '%1'").arg(QString::fromStdString(others.front()));
     return Translated(QString::fromStdString(error.what()));
 }
