@@ -1,5 +1,5 @@
 #include "Command.h"
-#include "RunLoader.h"
+#include "LoadAccount.h"
 #include "Terminal.h"
 #include "Texts.h"
 
@@ -13,9 +13,6 @@
 namespace ZYN::Tool {
 
 namespace {
-
-// Inputs that are told about when nothing went wrong with them.
-constexpr int RemarksShown = 20;
 
 struct Arguments {
     std::string url;
@@ -64,56 +61,14 @@ void PrintLoadedJson(const LoadedInput& loaded)
     FlushOutput(); // it is in the archive, whatever happens next
 }
 
-// Sums up what became of the inputs, and tells about each that something was odd with.
-class Account {
-public:
-    explicit Account(const Arguments& arguments, const Manners& manners)
-        : m_arguments(arguments)
-        , m_manners(manners)
-    {
-    }
-
-    void Take(const LoadedInput& loaded)
-    {
-        m_added += loaded.added;
-        m_present += loaded.present;
-        m_revised += loaded.revised;
-        m_failed += loaded.problem.has_value();
-        if (m_arguments.json)
-            PrintLoadedJson(loaded);
-        else if (loaded.problem && loaded.problem->file == loaded.input->name)
-            PrintProblem(*loaded.problem); // else it is the archive's, which is told once
-        if (loaded.revised > 0)
-            Remark(Texts::tr("%1: %n runs differ from what was there and replace it", nullptr,
-                             int(loaded.revised))
-                       .arg(loaded.input->name));
-    }
-
-    void Print() const
-    {
-        if (m_remarks > RemarksShown && !m_manners.verbose)
-            PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, m_remarks - RemarksShown));
-        if (!m_arguments.json && !m_manners.quiet)
-            Tool::Print(Texts::tr("runs: %1 added, %2 there already, %3 revised; inputs that failed: %4")
-                            .arg(QString::number(m_added), QString::number(m_present),
-                                 QString::number(m_revised), QString::number(m_failed)) +
-                        QLatin1Char('\n'));
-    }
-
-    bool IsGood() const { return m_failed == 0; }
-
-private:
-    void Remark(const QString& text)
-    {
-        if (++m_remarks <= RemarksShown || m_manners.verbose)
-            PrintNote(text);
-    }
-
-    const Arguments& m_arguments;
-    const Manners& m_manners;
-    qint64 m_added = 0, m_present = 0, m_revised = 0, m_failed = 0;
-    int m_remarks = 0;
-};
+void PrintSum(const LoadAccount& account)
+{
+    const auto number = [](qint64 count) { return QString::number(count); };
+    Print(Texts::tr("runs: %1 added, %2 there already, %3 revised; inputs that failed: %4")
+              .arg(number(account.GetAdded()), number(account.GetPresent()), number(account.GetRevised()),
+                   number(account.GetFailed())) +
+          QLatin1Char('\n'));
+}
 
 int Add(const Arguments& arguments, const Manners& manners)
 {
@@ -125,17 +80,23 @@ int Add(const Arguments& arguments, const Manners& manners)
         return Fail(archive.GetErrorText());
     QList<Problem> problems;
     const QList<Input> inputs = ExpandInputs(arguments.inputs, RunExtensions(), &problems);
-    Account account(arguments, manners);
+    LoadAccount account(false, manners);
+    const auto take = [&](const LoadedInput& loaded) {
+        account.Take(loaded);
+        if (arguments.json)
+            PrintLoadedJson(loaded);
+    };
     for (const Problem& problem : problems) {
         const Input input{problem.file, problem.file, {}};
-        account.Take({.input = &input, .problem = problem});
+        take({.input = &input, .problem = problem});
     }
-    const std::optional<Problem> failure =
-        LoadRuns(archive, inputs, !manners.quiet, [&](const LoadedInput& loaded) { account.Take(loaded); });
+    const std::optional<Problem> failure = LoadRuns(archive, inputs, !manners.quiet, take);
+    account.Close();
     if (failure)
         PrintProblem(*failure);
-    account.Print();
-    return account.IsGood() && !failure ? ExitGood : ExitFailed;
+    if (!arguments.json && !manners.quiet)
+        PrintSum(account);
+    return account.GetFailed() == 0 && !failure ? ExitGood : ExitFailed;
 }
 
 QString TimeText(const std::optional<std::int64_t>& time)
