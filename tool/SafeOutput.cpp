@@ -2,12 +2,11 @@
 
 #include "Texts.h"
 
-#include <QtCore/QCoreApplication>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+#include <QtCore/QRandomGenerator>
 #include <QtCore/QStorageInfo>
 
-#include <atomic>
 #include <cerrno>
 #include <cstring>
 
@@ -39,16 +38,14 @@ QString ErrorText(int error)
     }
 }
 
-// Brings a file or a folder's entries to the disk.
-// \return 0 or the error number
-int Sync(const QString& path, int flags)
+// Brings a folder's entries to the disk. Not every file system can; the file itself is safe.
+void SyncFolder(const QString& path)
 {
-    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | flags);
+    const int descriptor = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_DIRECTORY);
     if (descriptor < 0)
-        return errno;
-    const int error = fsync(descriptor) == 0 ? 0 : errno;
+        return;
+    fsync(descriptor);
     close(descriptor);
-    return error;
 }
 
 // Moves a file within its folder; without `replace` it never takes the place of another.
@@ -67,13 +64,13 @@ int Rename(const QByteArray& from, const QByteArray& to, bool replace)
     return 0;
 }
 
+// Nobody can know the name before and put a link there, and no other process has it, whatever its id and
+// host.
 QString NewTemporaryName(const QFileInfo& target)
 {
-    static std::atomic<unsigned> count = 0;
-    return QStringLiteral("%1/.zyn-%2-%3.tmp")
+    return QStringLiteral("%1/.zyn-%2.tmp")
         .arg(target.absolutePath())
-        .arg(QCoreApplication::applicationPid())
-        .arg(++count);
+        .arg(QRandomGenerator::system()->generate64(), 16, 16, QLatin1Char('0'));
 }
 
 } // namespace
@@ -81,16 +78,43 @@ QString NewTemporaryName(const QFileInfo& target)
 SafeOutput::SafeOutput(const QString& path, bool replace)
     : m_path(path)
     , m_target(QFileInfo(path).exists() ? QFileInfo(path).canonicalFilePath() : path)
-    , m_temporaryName(NewTemporaryName(QFileInfo(m_target)))
     , m_replace(replace)
-    , m_temporary(QFile::encodeName(m_temporaryName))
+    , m_refusal(FindRefusal())
 {
+    if (!m_refusal)
+        MakeTemporaryFile();
 }
 
 SafeOutput::~SafeOutput()
 {
     if (m_temporary)
         QFile::remove(m_temporaryName);
+    if (m_descriptor >= 0)
+        close(m_descriptor);
+}
+
+void SafeOutput::MakeTemporaryFile()
+{
+    do {
+        m_temporaryName = NewTemporaryName(QFileInfo(m_target));
+        const QByteArray name = QFile::encodeName(m_temporaryName);
+        m_temporary.emplace(name);
+        m_descriptor = open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+    } while (m_descriptor < 0 && errno == EEXIST);
+    if (m_descriptor < 0) {
+        m_refusal = About(Texts::tr("could not be written: %1").arg(ErrorText(errno)));
+        m_temporary.reset();
+    }
+}
+
+// Whether what has the temporary name is still the file that was made here.
+bool SafeOutput::IsTemporaryFile() const
+{
+    struct stat made {};
+    struct stat named {};
+    return fstat(m_descriptor, &made) == 0 &&
+           lstat(QFile::encodeName(m_temporaryName).constData(), &named) == 0 &&
+           made.st_dev == named.st_dev && made.st_ino == named.st_ino;
 }
 
 Problem SafeOutput::About(const QString& what, const QString& remedy) const
@@ -98,7 +122,7 @@ Problem SafeOutput::About(const QString& what, const QString& remedy) const
     return {m_path, 0, what, remedy};
 }
 
-std::optional<Problem> SafeOutput::Refusal() const
+std::optional<Problem> SafeOutput::FindRefusal() const
 {
     const QFileInfo target(m_path);
     const QFileInfo folder(QFileInfo(m_target).absolutePath());
@@ -133,7 +157,10 @@ Problem SafeOutput::WriteProblem() const
 
 std::optional<Problem> SafeOutput::Commit()
 {
-    int error = Sync(m_temporaryName, 0);
+    if (!IsTemporaryFile())
+        return About(Texts::tr("somebody removed or replaced its temporary file while it was written"),
+                     Texts::tr("try again, or choose a folder that only you can write to"));
+    int error = fsync(m_descriptor) == 0 ? 0 : errno;
     struct stat old {};
     const QByteArray from = QFile::encodeName(m_temporaryName);
     const QByteArray to = QFile::encodeName(m_target);
@@ -146,8 +173,7 @@ std::optional<Problem> SafeOutput::Commit()
     if (error != 0)
         return About(Texts::tr("could not be written: %1").arg(ErrorText(error)));
     m_temporary.reset();
-    Sync(QFileInfo(m_target).absolutePath(),
-         O_DIRECTORY); // not every file system can; the file itself is safe
+    SyncFolder(QFileInfo(m_target).absolutePath());
     return std::nullopt;
 }
 

@@ -11,9 +11,10 @@ namespace ZYN::Tool {
 
 /// A file that appears whole or not at all.
 ///
-/// What is written goes to a temporary name in the same folder (so that paths relative to the file are
-/// right); `Commit` brings it to the disk and gives it its name in one step. Without `Commit` nothing is left
-/// behind and a file that was there before is untouched.
+/// What is written goes to a file with a random name in the same folder (so that paths relative to the file
+/// are right), which is made here and is never one that was there; `Commit` brings it to the disk and gives
+/// it its name in one step. Without `Commit` nothing is left behind and a file that was there before is
+/// untouched. Used by one thread.
 class SafeOutput {
 public:
     /// \param path where the file shall be
@@ -24,7 +25,7 @@ public:
     SafeOutput& operator=(const SafeOutput&) = delete;
 
     /// Why the file cannot be made; nothing when it can. Ask before writing.
-    std::optional<Problem> Refusal() const;
+    const std::optional<Problem>& Refusal() const { return m_refusal; }
     /// Where to write.
     QString TemporaryName() const { return m_temporaryName; }
     /// What to say when writing failed or did not complete.
@@ -34,12 +35,17 @@ public:
 
 private:
     Problem About(const QString& what, const QString& remedy = QString()) const;
+    std::optional<Problem> FindRefusal() const;
+    void MakeTemporaryFile();
+    bool IsTemporaryFile() const;
 
     QString m_path;   ///< as the user gave it
     QString m_target; ///< the same with symbolic links followed
-    QString m_temporaryName;
     bool m_replace;
+    std::optional<Problem> m_refusal;
+    QString m_temporaryName;
     std::optional<TemporaryFile> m_temporary;
+    int m_descriptor = -1; ///< of the temporary file, by which it is known again
 };
 
 } // namespace ZYN::Tool

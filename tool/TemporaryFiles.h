@@ -5,7 +5,8 @@
 namespace ZYN::Tool {
 
 /// Remembers the path of a half-written file so that it is removed when the tool is interrupted or told to
-/// end (SIGINT, SIGTERM, SIGHUP). Any thread.
+/// end (SIGINT, SIGTERM, SIGHUP). Make it before the file, in the thread that writes it: that thread is
+/// stopped (with SIGUSR2) before files are removed. Any thread.
 class TemporaryFile {
 public:
     explicit TemporaryFile(const QByteArray& path);

@@ -73,6 +73,8 @@ private slots:
         row("simulate -d a.zyr", "a.zyr: the folder cannot be created");
         row("convert a.zyr -d a.zyr -f XML", "a.zyr: the folder cannot be created");
         row("convert a.zyr -f STDF -o disk", "disk: no part can be added: Is a directory");
+        row("convert a.zyr -f STDF -o disk/old.csv",
+            "disk/old.csv: is no STDF file, so no part can be added");
         row("convert a.zyr -f XML -o disk --force", "disk: is a folder");
         row("statistics a.zyr -f CSV -o disk --force", "disk: is a folder");
 
@@ -126,6 +128,19 @@ private slots:
         QVERIFY(folder->Snapshot() == before);
     }
 
+    // A process of the same id (another container, another host) left its file, or somebody a link.
+    void TemporaryNamesAreNotGuessed()
+    {
+        folder->Write("victim", "old");
+        const auto outcome = Program::Run("sh",
+                                          {"-c", "for n in 1 2 3; do ln -s victim .zyn-$$-$n.tmp; done; "
+                                                 "exec " ZYN_TOOL " convert a.zyr -o new.csv"},
+                                          folder->Path("."));
+        QVERIFY2(outcome.code == 0, outcome.errors);
+        QCOMPARE(folder->Content("victim"), QByteArray("old"));
+        QVERIFY(!QFileInfo(folder->Path("new.csv")).isSymLink() && folder->Content("new.csv").size() > 1000);
+    }
+
     // Somebody clears the folder while a report is written.
     void RemovedWhileOpen()
     {
@@ -143,7 +158,7 @@ private slots:
         QVERIFY(tool.waitForFinished(60000));
         QCOMPARE(tool.exitCode(), 1);
         const QByteArray errors = tool.readAllStandardError();
-        QVERIFY2(errors.contains("old.csv: could not be written: No such file"), errors);
+        QVERIFY2(errors.contains("old.csv: somebody removed or replaced its temporary file"), errors);
         QCOMPARE(folder->Content("old.csv"), QByteArray("old"));
     }
 };
