@@ -5,6 +5,8 @@
 #include <QtCore/QIODevice>
 #include <QtCore/QtEndian>
 
+#include <algorithm>
+
 namespace ZYN {
 
 namespace {
@@ -69,6 +71,7 @@ qint64 StdfLotFile::Header::End() const
 StdfLotFile::StdfLotFile(QIODevice* lotDevice)
     : device(lotDevice)
     , size(lotDevice->size())
+    , zerosFrom(size)
 {
 }
 
@@ -87,7 +90,24 @@ std::optional<StdfLotFile::Header> StdfLotFile::HeaderAt(qint64 position)
     }
     const char* const bytes = window.constData() + (position - windowStart);
     const Header header{position, qFromLittleEndian<quint16>(bytes), qFromLittleEndian<quint16>(bytes + 2)};
+    if (header.length == 0 && header.kind == 0 && position >= ZeroTail()) {
+        size = position;
+        return std::nullopt;
+    }
     return header.End() <= size ? std::optional(header) : std::nullopt;
+}
+
+qint64 StdfLotFile::ZeroTail()
+{
+    while (!zeroTail) {
+        const qint64 start = qMax<qint64>(0, zerosFrom - largeWindow);
+        const QByteArray bytes = device->seek(start) ? device->read(zerosFrom - start) : QByteArray();
+        const auto last = std::find_if(bytes.crbegin(), bytes.crend(), [](char c) { return c != 0; });
+        if (last != bytes.crend() || start == 0)
+            zeroTail = start + (bytes.crend() - last);
+        zerosFrom = start;
+    }
+    return *zeroTail;
 }
 
 QByteArray StdfLotFile::Body(const Header& header)

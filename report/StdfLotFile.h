@@ -28,7 +28,9 @@ struct StdfPlace {
 };
 
 /// Finds its way in a lot file that exists already. Reads record headers and skips the bodies; a record
-/// that the end of the file cuts off ends each search at its start, so that nothing is swallowed by it.
+/// that the end of the file cuts off ends each search at its start, so that nothing is swallowed by it. Zero
+/// bytes up to the end are no records but what a power loss leaves of a file that was growing: the file ends
+/// before them.
 /// Only little-endian files are understood: others have no header for this reader.
 class StdfLotFile {
 public:
@@ -63,11 +65,15 @@ private:
     QByteArray Body(const Header& header);
     std::optional<StdfPlace> PlaceFromEnd();
     std::optional<StdfPlace> PlaceAtPcr(const Header& header);
+    /// Where the zero bytes begin that fill the file to its end.
+    qint64 ZeroTail();
 
     QIODevice* device;
     qint64 size;
     QByteArray window;
     qint64 windowStart = 0;
+    std::optional<qint64> zeroTail;
+    qint64 zerosFrom;
 };
 
 } // namespace ZYN

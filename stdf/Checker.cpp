@@ -33,8 +33,39 @@ void Checker::AddRemark(qint64 offset, const QString& text)
     findings.append({offset, false, text});
 }
 
+// What a power loss leaves at the end of a file that was growing; anywhere else they are records of a type
+// that nobody knows. \return whether this record may be of that kind
+bool Checker::TakeZeros(const RawRecord& raw)
+{
+    if (raw.type == 0 && raw.subType == 0 && raw.body.isEmpty()) {
+        zerosAt = zeroRecords++ == 0 ? raw.offset : zerosAt;
+        return true;
+    }
+    if (zeroRecords > 0) {
+        unknownTypes[{0, 0}] += zeroRecords;
+        zeroRecords = 0;
+        Record zero;
+        zero.offset = zerosAt;
+        TakeInOrder(zero);
+    }
+    return false;
+}
+
+void Checker::TakeTexts(const Record& record)
+{
+    const FieldType* const field = record.BeyondAscii();
+    if (field && ++beyondAscii == 1)
+        firstBeyondAscii = {record.offset, false,
+                            QStringLiteral("%1 %2 '%3'")
+                                .arg(QLatin1StringView(record.type->name), QLatin1StringView(field->name),
+                                     record.Text(field->name))};
+}
+
 void Checker::Take(const RawRecord& raw, const Record& record)
 {
+    if (TakeZeros(raw))
+        return;
+    TakeTexts(record);
     if (record.Is("FAR")) {
         TakeFar(raw, record);
         return;
@@ -210,13 +241,25 @@ void Checker::Finish(const Reader& reader)
                  (reader.IsBigEndian() ? Texts::tr("FAR: CPU_TYPE is %1, but the records are big-endian")
                                        : Texts::tr("FAR: CPU_TYPE is %1, but the records are little-endian"))
                      .arg(*processor));
-    if (const auto& fault = reader.GetFault())
+    if (zeroRecords > 0 && !reader.GetFault())
+        AddFault(zerosAt,
+                 Texts::tr("the rest of the file is zero bytes, as a power loss leaves them; the next part "
+                           "that is added goes over them"));
+    else if (const auto& fault = reader.GetFault())
         AddFault(fault->offset, fault->text);
     else if (end == 0)
         AddFault(0, Texts::tr("the file is empty"));
     else if (expected == Expected::Mir || expected == Expected::Anything)
         AddFault(end, Texts::tr("the file ends without an MRR"));
     EndStream(end);
+    if (beyondAscii > 0)
+        AddRemark(
+            firstBeyondAscii.offset,
+            Texts::tr(
+                "%n records have texts beyond ASCII, first %1: they are read as Latin-1, and some other "
+                "readers give up on them",
+                nullptr, beyondAscii)
+                .arg(firstBeyondAscii.text));
     for (auto unknown = unknownTypes.constBegin(); unknown != unknownTypes.constEnd(); ++unknown)
         AddRemark(0, Texts::tr("%n records of the unknown type %1, subtype %2", nullptr, int(*unknown))
                          .arg(QString::number(unknown.key().first), QString::number(unknown.key().second)));

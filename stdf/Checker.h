@@ -43,6 +43,8 @@ private:
     using HeadAndSite = std::pair<uint, uint>;
     using Bin = std::pair<HeadAndSite, uint>;
 
+    bool TakeZeros(const RawRecord& raw);
+    void TakeTexts(const Record& record);
     void TakeFar(const RawRecord& raw, const Record& record);
     void TakeInOrder(const Record& record);
     void BeginPart(const Record& record);
@@ -63,6 +65,10 @@ private:
     bool hasCounts = false;        ///< the stream has a PCR
     std::optional<uint> processor; ///< CPU_TYPE of the first stream
     QMap<std::pair<int, int>, int> unknownTypes;
+    int zeroRecords = 0; ///< four zero bytes each, since the last other record
+    qint64 zerosAt = 0;
+    int beyondAscii = 0; ///< records with such texts
+    Finding firstBeyondAscii;
     QList<Finding> findings;
     int faults = 0;
 };

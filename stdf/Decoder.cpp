@@ -4,6 +4,7 @@
 
 #include <QtCore/QtEndian>
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 
@@ -186,6 +187,19 @@ QVariant Record::Value(const char* field) const
             return values.at(i);
     }
     return {};
+}
+
+const FieldType* Record::BeyondAscii() const
+{
+    for (qsizetype i = 0; i < values.size(); ++i) {
+        const FieldType& field = type->fields[static_cast<size_t>(i)];
+        if (field.kind != FieldKind::Cn || values.at(i).typeId() != QMetaType::QString)
+            continue;
+        const QString& text = *static_cast<const QString*>(values.at(i).constData());
+        if (std::any_of(text.begin(), text.end(), [](QChar c) { return c.unicode() > 0x7f; }))
+            return &field;
+    }
+    return nullptr;
 }
 
 bool Record::HasFailed() const

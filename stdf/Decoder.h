@@ -28,6 +28,8 @@ struct Record {
     QVariant Value(const char* field) const;
     uint Number(const char* field) const { return Value(field).toUInt(); }
     QString Text(const char* field) const { return Value(field).toString(); }
+    /// The first field whose text has characters beyond ASCII; null when there is none.
+    const FieldType* BeyondAscii() const;
     /// Whether it is the result of a part or of a test that did not pass.
     bool HasFailed() const;
 };

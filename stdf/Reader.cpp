@@ -54,6 +54,8 @@ bool Reader::Next(RawRecord& record)
     const QByteArray header = source->read(headerSize);
     if (header.isEmpty())
         return gzip && gzip->HasFailed() ? Fail({}) : false;
+    if (header.size() < headerSize && afterZeros && header.count('\0') == header.size())
+        return false; // the rest of zero bytes up to the end
     if (header.size() < headerSize)
         return Fail(Texts::tr("the file ends inside a record header"));
     if (offset == 0)
@@ -64,6 +66,7 @@ bool Reader::Next(RawRecord& record)
     record.offset = offset;
     record.type = static_cast<quint8>(header.at(2));
     record.subType = static_cast<quint8>(header.at(3));
+    afterZeros = header.count('\0') == headerSize;
     record.body = source->read(length);
     if (record.body.size() < length)
         return Fail(Texts::tr("the file ends inside a record: %1, %2 of %3 bytes")

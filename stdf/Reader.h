@@ -51,6 +51,7 @@ private:
     QIODevice* source;
     qint64 offset = 0;
     bool bigEndian = false;
+    bool afterZeros = false; ///< the last header was of zero bytes
     std::optional<Fault> fault;
 };
 

@@ -110,6 +110,8 @@ void TextPrinter::Take(const RawRecord& raw, const Record& record)
         defaults.Clear();
     else if (record.Is("MIR"))
         PrintHeader(record);
+    else if (record.Is("PIR"))
+        testsSeen.remove({record.Number("HEAD_NUM"), record.Number("SITE_NUM")});
     else if (record.Is("PTR") || record.Is("MPR") || record.Is("FTR"))
         TakeTest(record);
     else if (record.Is("PRR"))
@@ -144,9 +146,16 @@ void TextPrinter::PrintHeader(const Record& mir)
     }
 }
 
+// NUM_TEST has 16 bits only; on the other hand a tester may leave tests out of the file.
+uint TextPrinter::TestsOf(const Record& prr)
+{
+    return qMax(testsSeen.take({prr.Number("HEAD_NUM"), prr.Number("SITE_NUM")}), prr.Number("NUM_TEST"));
+}
+
 void TextPrinter::PrintPart(const Record& prr)
 {
     ++parts;
+    const uint testCount = TestsOf(prr);
     if (failedOnly && !prr.HasFailed())
         return;
     if (!std::exchange(partsBegun, true)) {
@@ -158,7 +167,7 @@ void TextPrinter::PrintPart(const Record& prr)
     print(Row(PartColumns(), {QString::number(parts), site, Verdict(prr.Number("PART_FLG")),
                               QString::number(prr.Number("HARD_BIN")),
                               softBin == noSoftBin ? QStringLiteral("-") : QString::number(softBin),
-                              QString::number(prr.Number("NUM_TEST")),
+                              QString::number(testCount),
                               QString::number(prr.Number("TEST_T") / 1000.0, 'f', 3), prr.Text("PART_ID")}));
 }
 
@@ -169,6 +178,7 @@ void TextPrinter::TakeTest(const Record& test)
     entry.settings = settings;
     ++entry.runs;
     entry.failed += test.HasFailed();
+    ++testsSeen[{test.Number("HEAD_NUM"), test.Number("SITE_NUM")}];
 }
 
 void TextPrinter::PrintTests()

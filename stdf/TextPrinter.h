@@ -31,6 +31,7 @@ private:
     };
 
     void PrintHeader(const Record& mir);
+    uint TestsOf(const Record& prr);
     void PrintPart(const Record& prr);
     void TakeTest(const Record& test);
     void PrintTests();
@@ -39,6 +40,7 @@ private:
     bool failedOnly;
     TestDefaults defaults;
     QMap<std::pair<uint, QString>, Test> tests;
+    QMap<std::pair<uint, uint>, uint> testsSeen; ///< of the open parts, by head and site
     QMap<QString, uint> records;
     QStringList closing;
     std::optional<Fault> damage;

@@ -66,6 +66,7 @@ private slots:
         row("torn record", QByteArray::fromHex("ff000f0a") + QByteArray(200, 'x'));
         row("torn header", "abc");
         row("long torn record", QByteArray::fromHex("ffff0f0a") + QByteArray(60000, '\0'));
+        row("zero bytes of a power loss", QByteArray(200'001, '\0'));
     }
     void RestsBehindTheCountsAreCutOff()
     {

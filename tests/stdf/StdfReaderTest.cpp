@@ -162,6 +162,11 @@ private slots:
             "44: PCR: GOOD_CNT is 1, only 0 parts have passed");
         row("no MRR", good.chopped(8), "98: the file ends without an MRR");
         row("behind the MRR", good + FileOf({pir, prr}), "106: PIR follows the MRR");
+        row("zero bytes at the end", good + QByteArray(4099, '\0'),
+            "106: the rest of the file is zero bytes, as a power loss leaves them; the next part that is "
+            "added "
+            "goes over them");
+        row("zero bytes between", good + QByteArray(8, '\0') + good, "106: a record follows the MRR");
         row("further stream", good + good, "");
         row("unknown type", FileOf({far, mir, "180 1 00", mrr}), "");
         row("field cut off", FileOf({far, mir, "1 20 0000"}),
@@ -191,12 +196,17 @@ private slots:
 
     void RemarksAreNoFaults()
     {
-        const QByteArray good = FileOf({far, mir, "180 7 00", "180 7 01", mrr});
+        const QByteArray good =
+            FileOf({far, mir, "180 7 00", "180 7 01", "50 30 'ok'", "50 30 '\xfcnit'", mrr});
         const auto contents = ReadBytes(good + good);
-        QCOMPARE(contents.findings.size(), 4);
+        QCOMPARE(contents.findings.size(), 5);
         QCOMPARE(contents.findings[0].text, "MRR: there is no PCR before it");
         QCOMPARE(contents.findings[1].text, "a further stream begins here");
-        QCOMPARE(contents.findings[3].text, "4 records of the unknown type 180, subtype 7");
+        QCOMPARE(
+            contents.findings[3].text,
+            QString("2 records have texts beyond ASCII, first DTR TEXT_DAT '\u00fcnit': they are read as "
+                    "Latin-1, and some other readers give up on them"));
+        QCOMPARE(contents.findings[4].text, "4 records of the unknown type 180, subtype 7");
         QCOMPARE(contents.Faults(), QString());
         QCOMPARE(JsonLines(good)[2],
                  QByteArray(
