@@ -31,6 +31,7 @@ struct Arguments {
     std::string logo;
     std::string style;
     bool all = false;
+    bool again = false;
     bool force = false;
     bool json = false;
 };
@@ -67,6 +68,9 @@ int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inpu
     if (!CExportServiceReport::ValidFormat(format))
         return WrongUsage(command, Texts::tr("there is no format '%1'").arg(format),
                           Texts::tr("zyn formats lists them"));
+    if (PathOf(arguments.file).endsWith(QLatin1String(".gz")))
+        return WrongUsage(command, Texts::tr("files are written as they are, not compressed"),
+                          Texts::tr("leave .gz away, and compress the file afterwards"));
     if (!arguments.file.empty() && inputs > 1 && !IsLotFile(arguments, format))
         return WrongUsage(command, Texts::tr("several reports do not fit into one %1 file").arg(format),
                           Texts::tr("give -d FOLDER instead of -o FILE"));
@@ -161,11 +165,19 @@ QList<Conversion> ConvertAll(const QList<Job>& jobs, const Arguments& arguments,
 
 void PrintConversionsJson(const QList<Conversion>& conversions)
 {
-    for (const Conversion& conversion : conversions)
-        PrintJsonLine({{QStringLiteral("input"), conversion.input},
-                       conversion.problem
-                           ? std::pair(QStringLiteral("error"), QJsonValue(TextOf(*conversion.problem)))
-                           : std::pair(QStringLiteral("output"), QJsonValue(conversion.output))});
+    for (const Conversion& conversion : conversions) {
+        QJsonObject object{{QStringLiteral("input"), conversion.input}};
+        if (conversion.problem) {
+            object.insert(QStringLiteral("error"), TextOf(*conversion.problem));
+        } else {
+            object.insert(QStringLiteral("output"), conversion.output);
+            if (conversion.lot) {
+                object.insert(QStringLiteral("added"), conversion.lot->added);
+                object.insert(QStringLiteral("present"), conversion.lot->present);
+            }
+        }
+        PrintJsonLine(object);
+    }
 }
 
 // Each input that could not be converted; what several meet alike (a lot that cannot be written to) once.
@@ -217,7 +229,7 @@ int Run(const Arguments& arguments, const Manners& manners)
         }
     }
     if (isLot)
-        conversions += AppendToLot(inputs, PathOf(arguments.file), arguments.all, manners);
+        conversions += AppendToLot(inputs, PathOf(arguments.file), {arguments.all, arguments.again}, manners);
     else if (const int code = ConvertToFiles(inputs, arguments, format, manners, &conversions))
         return code;
 
@@ -263,6 +275,8 @@ Command ConvertCommand(CommandLine& zyn, const Manners& manners)
     convert.Value("--style", arguments->style, Texts::tr("Style sheet that XML reports refer to"))
         .Named(Texts::tr("FILE"));
     convert.Flag("--all", arguments->all, Texts::tr("Also what is marked as not to be reported"));
+    convert.Flag("--again", arguments->again,
+                 Texts::tr("STDF: add also parts that stand in the lot already"));
     convert.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object an input and line"));
     convert.Flag("--force", arguments->force, Texts::tr("Replace existing files"));
     convert.Footer({}, {"zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png",

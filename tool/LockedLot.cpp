@@ -16,9 +16,9 @@ namespace ZYN::Tool {
 
 namespace {
 
-// A part goes over the closing PCR and MRR and over a record that a crash cut off: never more than two
-// records of the longest kind.
-constexpr qint64 tailSize = 2 * (4 + 65535);
+// A part goes over the closing PCR and MRR, over a record that a crash cut off, over zero bytes: what is no
+// zero byte is never more than two records of the longest kind.
+constexpr qint64 longestRest = 2 * (4 + 65535);
 
 bool Lock(int descriptor)
 {
@@ -31,9 +31,10 @@ bool Lock(int descriptor)
 
 } // namespace
 
-LockedLot::LockedLot(const QString& path)
+LockedLot::LockedLot(const QString& path, Links links)
     : m_path(path)
     , m_name(QFile::encodeName(path))
+    , m_links(links)
 {
     // The file may be moved away or removed while one waits for it.
     bool good = true;
@@ -45,7 +46,7 @@ LockedLot::LockedLot(const QString& path)
     if (good && !IsFile())
         m_refusal = Problem{m_path, 0, Texts::tr("is a device or a pipe, where no file can be put"),
                             Texts::tr("name a file")};
-    else if (!good || !Remember())
+    else if (!good)
         m_refusal =
             Problem{m_path, 0,
                     Texts::tr("no part can be added: %1").arg(QString::fromLocal8Bit(std::strerror(errno))),
@@ -63,14 +64,15 @@ LockedLot::~LockedLot()
 
 bool LockedLot::OpenOrMake()
 {
+    const int flags = O_RDWR | O_CLOEXEC | (m_links == Links::Refuse ? O_NOFOLLOW | O_NONBLOCK : 0);
     m_made = false;
-    m_descriptor = open(m_name.constData(), O_RDWR | O_CLOEXEC);
+    m_descriptor = open(m_name.constData(), flags);
     if (m_descriptor < 0 && errno == ENOENT) {
-        m_descriptor = open(m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+        m_descriptor = open(m_name.constData(), flags | O_CREAT | O_EXCL, 0666);
         m_made = m_descriptor >= 0;
         // Made by another process meanwhile, or a link to a file that is not there yet.
         if (!m_made && errno == EEXIST)
-            m_descriptor = open(m_name.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+            m_descriptor = open(m_name.constData(), flags | O_CREAT, 0666);
     }
     return m_descriptor >= 0;
 }
@@ -79,7 +81,8 @@ bool LockedLot::IsStillNamed() const
 {
     struct stat opened {};
     struct stat named {};
-    return fstat(m_descriptor, &opened) == 0 && stat(m_name.constData(), &named) == 0 &&
+    const int links = m_links == Links::Refuse ? AT_SYMLINK_NOFOLLOW : 0;
+    return fstat(m_descriptor, &opened) == 0 && fstatat(AT_FDCWD, m_name.constData(), &named, links) == 0 &&
            opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 }
 
@@ -89,26 +92,45 @@ bool LockedLot::IsFile() const
     return fstat(m_descriptor, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-bool LockedLot::Remember()
+bool LockedLot::WriteAt(qint64 position, const QByteArray& bytes)
+{
+    qsizetype written = 0;
+    while (written < bytes.size()) {
+        const ssize_t count = pwrite(m_descriptor, bytes.constData() + written,
+                                     size_t(bytes.size() - written), position + written);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        written += count;
+    }
+    return ftruncate(m_descriptor, position + written) == 0;
+}
+
+LockedLot::Outcome LockedLot::Write(qint64 position, const QByteArray& bytes)
 {
     struct stat status {};
     if (fstat(m_descriptor, &status) != 0)
-        return false;
-    m_size = status.st_size;
-    m_tail.resize(qMin<qint64>(m_size, tailSize));
-    return pread(m_descriptor, m_tail.data(), size_t(m_tail.size()), m_size - m_tail.size()) == m_tail.size();
+        return Outcome::PutBack;
+    QByteArray before(qBound<qint64>(0, status.st_size - position, longestRest), Qt::Uninitialized);
+    if (pread(m_descriptor, before.data(), size_t(before.size()), position) != before.size())
+        return Outcome::PutBack;
+    if (WriteAt(position, bytes) && fsync(m_descriptor) == 0)
+        return Outcome::Written;
+    return WriteAt(position, before) && ftruncate(m_descriptor, status.st_size) == 0 ? Outcome::PutBack
+                                                                                     : Outcome::Lost;
 }
 
-bool LockedLot::PutBack()
+QByteArray LockedLot::State() const
 {
-    const bool written = pwrite(m_descriptor, m_tail.constData(), size_t(m_tail.size()),
-                                m_size - m_tail.size()) == m_tail.size();
-    return ftruncate(m_descriptor, m_size) == 0 && written;
-}
-
-bool LockedLot::Sync()
-{
-    return fsync(m_descriptor) == 0;
+    struct stat status {};
+    if (fstat(m_descriptor, &status) != 0)
+        return {};
+    return QByteArray::number(qulonglong(status.st_dev)) + ' ' +
+           QByteArray::number(qulonglong(status.st_ino)) + ' ' +
+           QByteArray::number(qlonglong(status.st_size)) + ' ' +
+           QByteArray::number(qlonglong(status.st_mtim.tv_sec)) + ' ' +
+           QByteArray::number(qlonglong(status.st_mtim.tv_nsec));
 }
 
 } // namespace ZYN::Tool

@@ -1,6 +1,5 @@
 #include "LotAppend.h"
 
-#include "LockedLot.h"
 #include "Parallel.h"
 #include "Progress.h"
 #include "ReportFile.h"
@@ -9,94 +8,45 @@
 #include "stdf/Reader.h"
 
 #include <ZYNCommon/UUTTest.h>
-#include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QFile>
-#include <QtCore/QFileInfo>
-#include <QtCore/QHash>
 
 namespace ZYN::Tool {
 
 namespace {
 
 /// A report on its way into the lot.
-struct Part {
-    std::unique_ptr<UUTTest> test;
+struct Report {
+    std::optional<LotParts> parts;
     std::optional<Problem> problem;
 };
 
-struct Lot {
-    QString path;
-    bool ignoreReportFlag = false;
-    /// The files beside the lot that took parts in this run, and what they hold.
-    QHash<QString, QByteArray> failureFiles = {};
-};
-
-Problem NotAdded(const Input& input, const Lot& lot, bool putBack)
+Report Read(const Input& input, const QString& lot, const LotOptions& options)
 {
-    return {
-        input.name, 0,
-        putBack
-            ? Texts::tr("could not be added to %1 completely; the lot is as it was").arg(lot.path)
-            : Texts::tr("could not be added to %1 completely; the lot could not be put back").arg(lot.path),
-        Texts::tr(
-            "look at the disk's space, quota and file size limit, and at the permissions of the folder")};
+    Report report;
+    const std::unique_ptr<UUTTest> test = ReadReport(input.path, input.name, &report.problem);
+    if (report.problem)
+        return report;
+    report.parts = MakeLotParts(test.get(), options.ignoreReportFlag);
+    if (!report.parts)
+        report.problem = NotAdded(input.name, lot, true);
+    return report;
 }
 
-QByteArray Content(const QString& path)
+Conversion Add(const Report& report, const QString& name, LotWriter& writer)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (report.problem)
+        return {name, {}, report.problem};
+    const LotEntry entry = writer.Add(*report.parts, name);
+    return {name, entry.file, entry.problem, entry, report.parts->without, report.parts->beyondAscii};
 }
 
-bool PutContent(const QString& path, const QByteArray& content)
+QList<Conversion> RefuseAll(const QList<Input>& inputs, const Problem& problem)
 {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(content) == content.size() &&
-           file.flush();
-}
-
-// Adds one part, by a service of its own.
-// \param writtenTo receives the file that took the part
-std::optional<Problem> Add(const Input& input, UUTTest* test, const Lot& lot, QString* writtenTo)
-{
-    LockedLot lock(lot.path);
-    if (lock.Refusal())
-        return lock.Refusal();
-    bool complete = false;
-    {
-        CExportServiceReport service;
-        service.SetFormat(QStringLiteral("STDF"));
-        service.SetOutputFileName(lot.path);
-        service.SetIgnoreReportFlag(lot.ignoreReportFlag);
-        complete = service.Export(test) && service.OutputComplete();
-        *writtenTo = service.GetWrittenFileName();
-    } // closes the file
-    if (complete && lock.Sync())
-        return std::nullopt;
-    if (!writtenTo->isEmpty() && QFileInfo(*writtenTo) != QFileInfo(lot.path))
-        QFile::remove(*writtenTo);
-    return NotAdded(input, lot, lock.PutBack());
-}
-
-// Adds one part to a file, the lot's or one beside it. A part of another lot goes to a file that is named
-// after its unit and made anew: where an earlier part of this run lies there, it is put back and this one
-// added.
-std::optional<Problem> AddKeepingOthers(const Input& input, UUTTest* test, const QString& file, Lot& lot,
-                                        QString* writtenTo)
-{
-    const std::optional<Problem> problem = Add(input, test, {file, lot.ignoreReportFlag}, writtenTo);
-    const QString& taker = *writtenTo;
-    const auto earlier = lot.failureFiles.constFind(taker);
-    if (earlier != lot.failureFiles.constEnd() && QFileInfo(taker) != QFileInfo(file)) {
-        if (!PutContent(taker, *earlier))
-            return NotAdded(input, {taker}, false);
-        if (!problem)
-            return AddKeepingOthers(input, test, QString(taker), lot, writtenTo);
-    }
-    if (!problem && QFileInfo(taker) != QFileInfo(lot.path))
-        lot.failureFiles.insert(taker, Content(taker));
-    return problem;
+    QList<Conversion> conversions;
+    for (const Input& input : inputs)
+        conversions.append({input.name, {}, problem});
+    return conversions;
 }
 
 // Number of parts in a file, complete ones and one that a crash cut off.
@@ -114,46 +64,93 @@ int CountParts(const QString& path)
     return parts;
 }
 
+QString WhyBeside(Beside beside)
+{
+    switch (beside) {
+    case Beside::Unrecognised:
+        return Texts::tr(
+            "the name of the lot, product type or machine goes beyond ASCII or is very long, so that "
+            "%2 is not recognised as the lot of %1: its part is in %3");
+    case Beside::NamelessLot:
+        return Texts::tr("%2 is cut off or damaged before it says which lot it is: the part of %1 is in %3");
+    default:
+        return Texts::tr("%1 is of another lot, product type or machine than %2: its part is in %3");
+    }
+}
+
+void SayUnitsWithout(const QList<Conversion>& conversions)
+{
+    struct Units {
+        int count = 0;
+        QString first;
+    };
+    QMap<QString, Units> units;
+    for (const Conversion& conversion : conversions) {
+        for (auto reason = conversion.without.cbegin(); reason != conversion.without.cend(); ++reason) {
+            Units& found = units[reason.key()];
+            found.count += reason.value();
+            if (found.first.isEmpty())
+                found.first = conversion.input;
+        }
+    }
+    for (auto reason = units.cbegin(); reason != units.cend(); ++reason)
+        PrintNote(Texts::tr("%n units gave no part, first in %1: %2", nullptr, reason->count)
+                      .arg(reason->first, reason.key()));
+}
+
 } // namespace
 
-QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, bool ignoreReportFlag,
+QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, const LotOptions& options,
                               const Manners& manners)
 {
-    Lot lot{path, ignoreReportFlag};
+    LotWriter writer(path, options.again);
+    if (const std::optional<Problem> refusal = writer.Refusal())
+        return RefuseAll(inputs, *refusal);
     QList<Conversion> conversions;
+    std::optional<LotParts> none;           // of a report without any part
     const qsizetype batch = 4 * AllCores(); // bounds what is in memory
     Progress progress(inputs.size(), !manners.quiet);
     for (qsizetype start = 0; start < inputs.size(); start += batch) {
         const QList<Input> some = inputs.mid(start, batch);
-        std::vector<Part> parts(size_t(some.size()));
-        ForEachIndex(some.size(), AllCores(), [&](qsizetype index) {
-            Part& part = parts[size_t(index)];
-            part.test = ReadReport(some.at(index).path, some.at(index).name, &part.problem);
-        });
+        std::vector<Report> reports(size_t(some.size()));
+        ForEachIndex(some.size(), AllCores(),
+                     [&](qsizetype index) { reports[size_t(index)] = Read(some.at(index), path, options); });
         for (qsizetype index = 0; index < some.size(); ++index) {
-            Part& part = parts[size_t(index)];
-            Conversion conversion{some.at(index).name, {}, part.problem};
-            if (!part.problem)
-                conversion.problem =
-                    AddKeepingOthers(some.at(index), part.test.get(), path, lot, &conversion.output);
-            conversions.append(conversion);
+            const Report& report = reports[size_t(index)];
+            conversions.append(Add(report, some.at(index).name, writer));
+            if (!none && report.parts && report.parts->parts.isEmpty())
+                none = report.parts;
             progress.Step();
         }
     }
+    if (none)
+        writer.AddNone(*none);
     return conversions;
 }
 
 void SayLot(const QString& path, const QList<Conversion>& conversions)
 {
     bool added = false;
+    qsizetype present = 0;
     for (const Conversion& conversion : conversions) {
         if (conversion.problem)
             continue;
         added = true;
-        if (QFileInfo(conversion.output) != QFileInfo(path))
-            PrintNote(Texts::tr("%1 is of another lot, product type or machine than %2: its part is in %3")
-                          .arg(conversion.input, path, conversion.output));
+        present += conversion.lot->present;
+        if (conversion.lot->beside != Beside::No && conversion.lot->added > 0)
+            PrintNote(WhyBeside(conversion.lot->beside).arg(conversion.input, path, conversion.output));
     }
+    SayUnitsWithout(conversions);
+    const auto beyond =
+        std::find_if(conversions.begin(), conversions.end(),
+                     [](const Conversion& conversion) { return !conversion.beyondAscii.isEmpty(); });
+    if (beyond != conversions.end())
+        PrintNote(
+            Texts::tr("%1: %2 goes beyond ASCII; STDF has it as Latin-1, and some readers give up on it")
+                .arg(beyond->input, beyond->beyondAscii));
+    if (present > 0)
+        PrintNote(Texts::tr("%n parts stand there already and are left out; --again adds them all the same",
+                            nullptr, int(present)));
     if (added)
         PrintNote(Texts::tr("%1 holds %n parts", nullptr, CountParts(path)).arg(path));
 }

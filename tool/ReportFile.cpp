@@ -1,9 +1,12 @@
 #include "ReportFile.h"
 
+#include "FileKind.h"
 #include "Texts.h"
 
 #include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CImportServiceReport.h>
+
+#include <QtCore/QFile>
 
 #include <algorithm>
 
@@ -12,7 +15,17 @@ namespace ZYN::Tool {
 std::unique_ptr<UUTTest> ReadReport(const QString& path, const QString& name, std::optional<Problem>* problem)
 {
     std::unique_ptr<UUTTest> test = ReadDamagedReport(path, name, problem);
-    return *problem ? nullptr : std::move(test);
+    if (!*problem)
+        return test;
+    // Another kind of file is no damaged report.
+    QFile file(path);
+    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(4096) : QByteArray();
+    for (const FileKind& kind : FileKinds())
+        if (!LooksLikeReport(head) && kind.recognises(head))
+            *problem = Problem{
+                name, 0, Texts::tr("is no XML report but another kind of file: %1").arg(Texts::tr(kind.name)),
+                Texts::tr("give XML reports (.zyr); zyn show and zyn check read this one")};
+    return nullptr;
 }
 
 std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& name,

@@ -104,7 +104,8 @@ int Run(const Arguments& arguments, const Manners& manners)
             Print(DescribeLot(lot.GetSummary(), lot.GetReport()));
         FlushOutput(); // before the remarks, on a terminal
     }
-    PrintRemarks(lot, manners);
+    if (!manners.quiet)
+        PrintRemarks(lot, manners);
     for (const Problem& problem : problems)
         PrintProblem(problem);
     return problems.isEmpty() ? ExitGood : ExitFailed;

@@ -45,6 +45,7 @@ private slots:
         row("convert a.zyr -f DOCX -o a.docx", 2, "no format 'DOCX'");
         row("convert a.zyr -o .csv/a", 2, "format is not clear");
         row("convert a.zyr a.zyr -o b.zyr", 2, "-d FOLDER");
+        row("convert a.zyr -f STDF -o b.stdf.gz", 2, "leave .gz away");
         row("convert no.zyr -o b.zyr", 1, "zyn: no.zyr: there is no such file");
         row("show empty", 1, "holds no *.");
         row("show a.bin", 1, "no known kind");
