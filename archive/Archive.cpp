@@ -3,23 +3,22 @@
 #include "archive/ArchiveTexts.h"
 #include "archive/Database.h"
 #include "archive/RunWriter.h"
+#include "archive/Schema.h"
 
+#include <QtCore/QFile>
 #include <QtCore/QFileInfo>
-#include <QtCore/QVariant>
 
 namespace ZYN {
 
-namespace {
-
-constexpr int SchemaVersion = 1;
-constexpr int ApplicationId = 0x5A594E41;
-
-} // namespace
-
 class Archive::Private {
 public:
+    bool Find(const QString& url);
     bool Connect(const QString& url, Database::Access access);
-    bool CheckSqlite();
+    void Close()
+    {
+        writer.reset(); // its queries belong to the connection
+        database.reset();
+    }
     bool Fail(const QString& text)
     {
         error = text;
@@ -31,28 +30,24 @@ public:
     std::unique_ptr<Database> database;
     std::unique_ptr<RunWriter> writer;
     bool keepValues = true;
-    bool isReadOnly = false;
     QString error;
 };
 
-bool Archive::Private::Connect(const QString& url, Database::Access access)
+// Qt would make a file that is not there.
+bool Archive::Private::Find(const QString& url)
 {
-    writer.reset();
-    database = std::make_unique<Database>();
-    keepValues = true;
-    isReadOnly = access == Database::Access::ReadOnly;
-    const std::optional<ArchiveUrl> parsed = ArchiveUrl::Parse(url, &error);
-    return parsed && Check(database->Open(*parsed, access));
+    if (ArchiveUrl::IsServer(url) || QFileInfo::exists(url))
+        return true;
+    return Fail(ArchiveTexts::tr("%1: there is no such archive; make one with zyn archive create").arg(url));
 }
 
-bool Archive::Private::CheckSqlite()
+bool Archive::Private::Connect(const QString& url, Database::Access access)
 {
-    const QVariant application = database->Value(QStringLiteral("PRAGMA application_id"));
-    if (!application.isValid())
-        return Check(false);
-    if (application.toInt() != ApplicationId)
-        return Fail(ArchiveTexts::tr("%1: is the database of another program").arg(database->GetShownUrl()));
-    return true;
+    Close();
+    database = std::make_unique<Database>();
+    keepValues = true;
+    const std::optional<ArchiveUrl> parsed = ArchiveUrl::Parse(url, &error);
+    return parsed && Check(database->Open(*parsed, access));
 }
 
 Archive::Archive()
@@ -69,37 +64,44 @@ bool Archive::IsArchive(const QString& url)
 
 bool Archive::Create(const QString& url)
 {
-    if (!ArchiveUrl::IsServer(url) && QFileInfo::exists(url))
+    const bool isServer = ArchiveUrl::IsServer(url);
+    if (!isServer && QFileInfo::exists(url))
         return d->Fail(ArchiveTexts::tr("%1: already exists; choose another name").arg(url));
     if (!d->Connect(url, Database::Access::New))
         return false;
-    return d->Check(
-        d->database->Execute(QStringLiteral("PRAGMA journal_mode = WAL")) &&
-        d->database->InTransaction([this] { return d->database->RunScript(QStringLiteral("sqlite.sql")); }));
+    if (d->Check(Schema(*d->database).Make()))
+        return true;
+    d->Close();
+    if (!isServer)
+        QFile::remove(url); // half a one would be in the way of the next attempt
+    return false;
 }
 
 bool Archive::Open(const QString& url, Mode mode)
 {
-    if (!ArchiveUrl::IsServer(url) && !QFileInfo::exists(url))
-        return d->Fail(
-            ArchiveTexts::tr("%1: there is no such archive; make one with zyn archive create").arg(url));
-    return d->Connect(url,
-                      mode == Mode::ReadOnly ? Database::Access::ReadOnly : Database::Access::Existing) &&
-           d->CheckSqlite();
+    if (d->Find(url) &&
+        d->Connect(url, mode == Mode::ReadOnly ? Database::Access::ReadOnly : Database::Access::Existing) &&
+        d->Check(Schema(*d->database).Check()))
+        return true;
+    d->Close();
+    return false;
 }
 
 bool Archive::OpenTemporary(bool keepValues)
 {
-    d->writer.reset();
+    d->Close();
     d->database = std::make_unique<Database>();
     d->keepValues = keepValues;
-    d->isReadOnly = false;
-    return d->Check(d->database->OpenTemporary() && d->database->RunScript(QStringLiteral("sqlite.sql")));
+    return d->Check(d->database->OpenTemporary() && Schema(*d->database).Make());
 }
 
 bool Archive::Upgrade(const QString& url)
 {
-    return Open(url, Mode::ReadWrite);
+    if (d->Find(url) && d->Connect(url, Database::Access::Existing) &&
+        d->Check(Schema(*d->database).Upgrade()))
+        return true;
+    d->Close();
+    return false;
 }
 
 bool Archive::Add(std::span<const Run> runs, AddedRuns* counts)

@@ -17,6 +17,8 @@ namespace {
 
 constexpr int Attempts = 10;
 
+const QString sqliteDriver = QStringLiteral("QSQLITE");
+
 // Another writer commits after a second at the latest; a folder on a slow network drive takes its time.
 const QString busyTimeout = QStringLiteral("QSQLITE_BUSY_TIMEOUT=60000");
 
@@ -67,8 +69,7 @@ bool Database::OpenTemporary()
     m_url.shown = ArchiveTexts::tr("temporary archive");
     m_kind = Kind::Sqlite;
     // Nobody else sees it and nothing of it must last: no locks, no journal on disk.
-    return Connect(QStringLiteral("QSQLITE"), QString(), {}) &&
-           Execute(QStringLiteral("PRAGMA page_size = 16384")) &&
+    return Connect(sqliteDriver, QString(), {}) && Execute(QStringLiteral("PRAGMA page_size = 16384")) &&
            Execute(QStringLiteral("PRAGMA journal_mode = MEMORY")) &&
            Execute(QStringLiteral("PRAGMA synchronous = OFF")) &&
            Execute(QStringLiteral("PRAGMA cache_size = -65536"));
@@ -98,20 +99,38 @@ bool Database::Connect(const QString& driver, const QString& database, const QSt
 
 bool Database::OpenSqlite(Access access)
 {
-    const QString driver = QStringLiteral("QSQLITE");
-    if (access == Access::ReadOnly) {
-        const QString options = busyTimeout + QStringLiteral(";QSQLITE_OPEN_READONLY");
-        // The file is first read by a statement.
-        return Connect(driver, m_url.file, options) &&
-               Value(QStringLiteral("PRAGMA schema_version")).isValid();
+    if (access == Access::ReadOnly)
+        return OpenSqliteToRead();
+    if (!Connect(sqliteDriver, m_url.file, busyTimeout))
+        return false;
+    return access == Access::Existing || (Execute(QStringLiteral("PRAGMA page_size = 16384")) &&
+                                          Execute(QStringLiteral("PRAGMA journal_mode = WAL")));
+}
+
+bool Database::OpenSqliteToRead()
+{
+    // The file is first read by a statement.
+    const auto reads = [this] { return Value(QStringLiteral("PRAGMA schema_version")).isValid(); };
+    const QString readOnly = QStringLiteral("QSQLITE_OPEN_READONLY");
+    if (Connect(sqliteDriver, m_url.file, busyTimeout + QLatin1Char(';') + readOnly) && reads())
+        return true;
+    const QFileInfo file(m_url.file);
+    if (QFileInfo(file.path()).isWritable() || !file.isReadable())
+        return false;
+    // To read, SQLite makes files beside it, where it may. Where nobody writes they are not needed; but what
+    // stands in a journal would be missing.
+    if (QFileInfo(m_url.file + QStringLiteral("-wal")).size() > 0) {
+        m_error = ArchiveTexts::tr(
+                      "%1: its folder is read-only, and runs wait in %1-wal; copy both files to a folder "
+                      "that can be written")
+                      .arg(m_url.shown);
+        return false;
     }
-    if (access == Access::New && !Connect(driver, m_url.file, busyTimeout))
-        return false;
-    if (access == Access::New && !Execute(QStringLiteral("PRAGMA page_size = 16384")))
-        return false;
-    if (access == Access::Existing && !Connect(driver, m_url.file, busyTimeout))
-        return false;
-    return true;
+    QUrl url = QUrl::fromLocalFile(file.absoluteFilePath());
+    url.setQuery(QStringLiteral("immutable=1"));
+    return Connect(sqliteDriver, url.toString(QUrl::FullyEncoded),
+                   readOnly + QStringLiteral(";QSQLITE_OPEN_URI")) &&
+           reads();
 }
 
 bool Database::OpenPostgreSql()
@@ -122,7 +141,7 @@ bool Database::OpenPostgreSql()
 QSqlQuery Database::Prepare(const QString& sql) const
 {
     QSqlQuery query(GetConnection());
-    query.setForwardOnly(true);
+    query.setForwardOnly(!IsPostgreSql()); // whose driver then allows one query at a time
     query.prepare(sql);
     return query;
 }

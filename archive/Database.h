@@ -48,11 +48,13 @@ public:
     bool InTransaction(const std::function<bool()>& body);
 
     const QString& GetErrorText() const { return m_error; }
+    void SetErrorText(const QString& text) { m_error = text; }
     /// Whether the last failure was about the data that were to be written.
     bool IsFaultOfData() const;
 
 private:
     bool OpenSqlite(Access access);
+    bool OpenSqliteToRead();
     bool OpenPostgreSql();
     bool Connect(const QString& driver, const QString& database, const QString& options);
     bool Fail(const QSqlError& error);

@@ -61,6 +61,7 @@ const RunStatements& StatementsFor(Database::Kind kind)
             "INSERT INTO failure(start, run, code, num, is_first, component) SELECT CAST(? AS bigint), "
             "CAST(? AS bigint), CAST(? AS smallint), CAST(? AS float8), CAST(? AS smallint), component "
             "FROM layout_item WHERE layout = ? AND pos = ?"),
+        .makeMonth = QStringLiteral("SELECT archive_month(?)"),
     };
     return kind == Database::Kind::PostgreSql ? postgreSql : sqlite;
 }

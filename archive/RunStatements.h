@@ -16,6 +16,7 @@ struct RunStatements {
     QString insertRun;
     QString insertValues;
     QString insertFailure;
+    QString makeMonth = {}; ///< of a server: tables of the month of a start
 };
 
 const RunStatements& StatementsFor(Database::Kind kind);

@@ -5,6 +5,7 @@
 #include "archive/SqlValue.h"
 #include "archive/StartOfRun.h"
 
+#include <chrono>
 #include <cmath>
 #include <tuple>
 
@@ -57,6 +58,8 @@ RunWriter::RunWriter(Database& database, bool keepValues)
     m_insertRun = database.Prepare(sql.insertRun);
     m_insertValues = database.Prepare(sql.insertValues);
     m_insertFailure = database.Prepare(sql.insertFailure);
+    if (database.IsPostgreSql())
+        m_makeMonth = database.Prepare(sql.makeMonth);
 }
 
 bool RunWriter::Add(std::span<const Run> runs, AddedRuns* counts)
@@ -64,7 +67,7 @@ bool RunWriter::Add(std::span<const Run> runs, AddedRuns* counts)
     std::vector<RunDigest> digests;
     for (const Run& run : runs)
         digests.push_back(m_digester.Digest(run));
-    if (!m_dictionary.Learn(runs))
+    if (!m_dictionary.Learn(runs) || !MakeMonths(runs))
         return false;
     AddedRuns added;
     const bool isWritten = m_database.InTransaction([&] {
@@ -87,6 +90,30 @@ bool RunWriter::Add(std::span<const Run> runs, AddedRuns* counts)
     if (isWritten && counts)
         *counts = std::move(added);
     return isWritten;
+}
+
+// The tables of a server are divided by month.
+bool RunWriter::MakeMonths(std::span<const Run> runs)
+{
+    if (!m_database.IsPostgreSql())
+        return true;
+    for (const Run& run : runs) {
+        if (!run.start)
+            continue;
+        using namespace std::chrono;
+        const year_month_day day(floor<days>(sys_time<milliseconds>(milliseconds(*run.start))));
+        const int month = int(day.year()) * 12 + int(unsigned(day.month()));
+        if (m_months.contains(month))
+            continue;
+        const bool isMade = m_database.InTransaction([&] {
+            m_makeMonth.addBindValue(qint64(*run.start));
+            return m_database.Run(m_makeMonth);
+        });
+        if (!isMade)
+            return false;
+        m_months.insert(month);
+    }
+    return true;
 }
 
 // In the same order by whoever adds, so that two that add runs of the same units do not wait for each other.

@@ -5,6 +5,7 @@
 #include "archive/UnitOfRun.h"
 
 #include <map>
+#include <set>
 
 namespace ZYN {
 
@@ -20,6 +21,7 @@ private:
     struct Row;                                          // of a run, while it is added
     using UnitIds = std::map<std::string, std::int64_t>; // by what makes them the same
 
+    bool MakeMonths(std::span<const Run> runs);
     bool LockUnits(std::span<const Run> runs, const std::vector<RunDigest>& digests, UnitIds* ids);
     std::int64_t LockUnit(const UnitOfRun& unit, const std::string& own, const std::string& seenIdent);
     bool AddRun(Row& row, AddedAs* as);
@@ -39,7 +41,8 @@ private:
     Dictionary m_dictionary;
     RunDigester m_digester;
     QSqlQuery m_findUnit, m_insertUnit, m_findKnown, m_replace, m_dropFailures, m_findEarliest, m_unmark,
-        m_insertRun, m_insertValues, m_insertFailure;
+        m_insertRun, m_insertValues, m_insertFailure, m_makeMonth;
+    std::set<int> m_months; // of which there are tables: year * 12 + month
 };
 
 } // namespace ZYN

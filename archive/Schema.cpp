@@ -1,0 +1,116 @@
+#include "archive/Schema.h"
+
+#include "archive/ArchiveTexts.h"
+
+#include <QtCore/QVariant>
+
+namespace ZYN {
+
+namespace {
+
+constexpr int CurrentVersion = 1;
+constexpr int ApplicationId = 0x5A594E41;
+
+QString NameOf(const Database& database)
+{
+    return database.IsPostgreSql() ? QStringLiteral("postgresql") : QStringLiteral("sqlite");
+}
+
+} // namespace
+
+bool Schema::Refuse(const QString& text)
+{
+    m_database.SetErrorText(m_database.GetShownUrl() + QStringLiteral(": ") + text);
+    return false;
+}
+
+bool Schema::Make()
+{
+    return m_database.InTransaction([this] { return MakeTables(); });
+}
+
+bool Schema::MakeTables()
+{
+    if (m_database.IsPostgreSql()) {
+        const QVariant encoding = m_database.Value(QStringLiteral("SHOW server_encoding"));
+        const QVariant tables = m_database.Value(
+            QStringLiteral("SELECT count(*) FROM pg_tables WHERE schemaname = ANY(current_schemas(false))"));
+        if (!encoding.isValid() || !tables.isValid())
+            return false;
+        if (encoding.toString() != QLatin1String("UTF8"))
+            return Refuse(
+                ArchiveTexts::tr("the database is encoded in %1; make one with createdb -E UTF8 -T template0")
+                    .arg(encoding.toString()));
+        if (tables.toInt() > 0)
+            return Refuse(
+                ArchiveTexts::tr("the database holds tables already; make an empty one with createdb"));
+    }
+    return m_database.RunScript(NameOf(m_database) + QStringLiteral(".sql"));
+}
+
+bool Schema::IsArchive()
+{
+    if (m_database.IsPostgreSql()) {
+        const QVariant found =
+            m_database.Value(QStringLiteral("SELECT to_regclass('archive_meta') IS NOT NULL"));
+        if (found.isValid() && !found.toBool())
+            return Refuse(ArchiveTexts::tr("holds no archive; make one with zyn archive create"));
+        return found.isValid();
+    }
+    const QVariant application = m_database.Value(QStringLiteral("PRAGMA application_id"));
+    const QVariant tables = m_database.Value(QStringLiteral("SELECT count(*) FROM sqlite_schema"));
+    if (!application.isValid() || !tables.isValid())
+        return false;
+    if (tables.toInt() == 0)
+        return Refuse(ArchiveTexts::tr("is empty; remove it and make an archive with zyn archive create"));
+    if (application.toInt() != ApplicationId)
+        return Refuse(ArchiveTexts::tr("is a database of another program; choose another name"));
+    return true;
+}
+
+bool Schema::ReadVersion(int* version)
+{
+    if (!IsArchive())
+        return false;
+    const QVariant value =
+        m_database.Value(m_database.IsPostgreSql() ? QStringLiteral("SELECT version FROM archive_meta")
+                                                   : QStringLiteral("PRAGMA user_version"));
+    *version = value.toInt();
+    if (*version > CurrentVersion)
+        return Refuse(
+            ArchiveTexts::tr(
+                "is an archive of version %1, and this program knows version %2; install a newer one")
+                .arg(*version)
+                .arg(CurrentVersion));
+    return value.isValid();
+}
+
+bool Schema::Check()
+{
+    int version = 0;
+    if (!ReadVersion(&version))
+        return false;
+    if (version < CurrentVersion)
+        return Refuse(
+            ArchiveTexts::tr("is an archive of version %1, and this program needs version %2; bring it up to "
+                             "date with zyn archive upgrade %3")
+                .arg(QString::number(version), QString::number(CurrentVersion), m_database.GetShownUrl()));
+    return true;
+}
+
+bool Schema::Upgrade()
+{
+    return m_database.InTransaction([this] {
+        int version = 0;
+        if (!ReadVersion(&version))
+            return false;
+        for (; version < CurrentVersion; ++version) {
+            const QString script = QStringLiteral("%1-%2.sql").arg(NameOf(m_database)).arg(version + 1);
+            if (!m_database.RunScript(script))
+                return false;
+        }
+        return true;
+    });
+}
+
+} // namespace ZYN
