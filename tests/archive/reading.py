@@ -151,13 +151,25 @@ def unit_of(run, across_lots):
 
 def read(folder):
     """The current runs of all reports, each content once, in order of time."""
+    return versions_in(folder)[0]
+
+
+def counts_of(folder):
+    """What became of the runs of a folder that is put into an empty archive."""
+    return versions_in(folder)[1]
+
+
+def versions_in(folder):
     paths = sorted(os.path.join(place, name) for place, _, names in os.walk(folder) for name in names)
-    contents, order = defaultdict(dict), itertools.count()
+    contents, order, counts = defaultdict(dict), itertools.count(), Counter(added=0, present=0, revised=0)
     for path in paths:
         for run in runs_of(path):
-            contents[run.key].setdefault(run.content, (next(order), run))
+            known = contents[run.key]
+            counts["present" if run.content in known else "revised" if known else "added"] += 1
+            known.setdefault(run.content, (next(order), run))
     current = [list(versions.values())[-1] for versions in contents.values()]
-    return [run for *_, run in sorted((run.start, run.run_index, run.test_index, order, run) for order, run in current)]
+    found = sorted((run.start, run.run_index, run.test_index, order, run) for order, run in current)
+    return [run for *_, run in found], dict(counts)
 
 
 # What questions have in common.
