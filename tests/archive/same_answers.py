@@ -25,7 +25,8 @@ GROUPS = ["product", "lot", "station", "program", "position", "hour", "day", "we
 
 def zyn(*arguments):
     """What a command answers, as a list of objects."""
-    done = subprocess.run([sys.argv[1], *arguments, "--json"], capture_output=True, text=True, check=False,
+    as_json = ["--json"] if arguments[:2] != ("archive", "create") else []
+    done = subprocess.run([sys.argv[1], *arguments, *as_json], capture_output=True, text=True, check=False,
                           env={**os.environ, "LC_ALL": "C.UTF-8"})
     if done.returncode or "Sanitizer" in done.stderr:
         raise RuntimeError(f"exit code {done.returncode}: zyn {' '.join(arguments)}\n{done.stdout}{done.stderr}")
