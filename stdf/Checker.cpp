@@ -7,6 +7,7 @@ namespace ZYN::Stdf {
 namespace {
 
 constexpr uint wholeHead = 255; // HEAD_NUM of counts over all heads and sites
+constexpr std::pair<uint, uint> everywhere{wholeHead, 0};
 constexpr uint unknownCount = 4294967295U;
 constexpr uint vaxProcessor = 0;
 constexpr uint bigEndianProcessor = 1;
@@ -30,7 +31,8 @@ void Checker::AddFault(qint64 offset, const QString& text)
 
 void Checker::AddRemark(qint64 offset, const QString& text)
 {
-    findings.append({offset, false, text});
+    if (++remarks <= MaximumFindings)
+        findings.append({offset, false, text});
 }
 
 // What a power loss leaves at the end of a file that was growing; anywhere else they are records of a type
@@ -173,26 +175,35 @@ void Checker::EndPart(const Record& record)
                          .arg(stated));
         openParts.erase(part);
     }
-    ++hardBins[{place, record.Number("HARD_BIN")}];
-    ++softBins[{place, record.Number("SOFT_BIN")}];
-    Counts& counts = counted[place];
-    ++counts.parts;
-    if (!(record.Number("PART_FLG") & (failed | noVerdict | abnormalEnd)))
-        ++counts.good;
+    CountBin(hardBins, place, record.Number("HARD_BIN"));
+    CountBin(softBins, place, record.Number("SOFT_BIN"));
+    const bool isGood = !(record.Number("PART_FLG") & (failed | noVerdict | abnormalEnd));
+    const auto count = [&](Counts& counts) {
+        ++counts.parts;
+        counts.good += isGood;
+    };
+    count(counted[everywhere]);
+    if (place != everywhere)
+        count(counted[place]);
+}
+
+void Checker::CountBin(QMap<Bin, uint>& bins, const HeadAndSite& place, uint number)
+{
+    if (tooManyBins)
+        return;
+    ++bins[{everywhere, number}];
+    if (place != everywhere)
+        ++bins[{place, number}];
+    tooManyBins = bins.size() > MaximumBins;
 }
 
 void Checker::TakeBin(const Record& record, const QMap<Bin, uint>& seen, const char* number,
                       const char* count)
 {
     const HeadAndSite place{record.Number("HEAD_NUM"), record.Number("SITE_NUM")};
-    uint parts = 0;
-    for (auto bin = seen.constBegin(); bin != seen.constEnd(); ++bin) {
-        if (bin.key().second == record.Number(number) &&
-            (place.first == wholeHead || bin.key().first == place))
-            parts += *bin;
-    }
+    const uint parts = seen.value({place.first == wholeHead ? everywhere : place, record.Number(number)});
     // A part that was tested again counts once, so that there may be more of them than the count says.
-    if (record.Number(count) > parts)
+    if (record.Number(count) > parts && !tooManyBins)
         AddFault(record.offset,
                  Texts::tr("%1: the count of bin %2 is %3, only %n parts are in it", nullptr, int(parts))
                      .arg(QLatin1StringView(record.type->name), QString::number(record.Number(number)),
@@ -203,14 +214,7 @@ void Checker::TakeCounts(const Record& record)
 {
     hasCounts = true;
     const HeadAndSite place{record.Number("HEAD_NUM"), record.Number("SITE_NUM")};
-    Counts seen = counted.value(place);
-    if (place.first == wholeHead) {
-        seen = {};
-        for (const Counts& counts : std::as_const(counted)) {
-            seen.parts += counts.parts;
-            seen.good += counts.good;
-        }
-    }
+    const Counts seen = counted.value(place.first == wholeHead ? everywhere : place);
     if (record.Number("PART_CNT") != seen.parts)
         AddFault(record.offset, Texts::tr("PCR: PART_CNT is %1, there are %n parts", nullptr, int(seen.parts))
                                     .arg(record.Number("PART_CNT")));
@@ -230,6 +234,9 @@ void Checker::EndStream(qint64 offset)
     counted.clear();
     hardBins.clear();
     softBins.clear();
+    if (tooManyBins)
+        AddRemark(offset, Texts::tr("so many sites and bins that the counts of bins are not compared"));
+    tooManyBins = false;
     hasCounts = false;
 }
 
@@ -264,7 +271,9 @@ void Checker::Finish(const Reader& reader)
         AddRemark(0, Texts::tr("%n records of the unknown type %1, subtype %2", nullptr, int(*unknown))
                          .arg(QString::number(unknown.key().first), QString::number(unknown.key().second)));
     if (faults > MaximumFindings)
-        AddFault(end, Texts::tr("and more: %n faults in all", nullptr, int(faults)));
+        findings.append({end, true, Texts::tr("and more: %n faults in all", nullptr, int(faults))});
+    if (remarks > MaximumFindings)
+        findings.append({end, false, Texts::tr("and more: %n remarks in all", nullptr, int(remarks))});
 }
 
 } // namespace ZYN::Stdf

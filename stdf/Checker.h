@@ -25,11 +25,14 @@ public:
     /// \param reader what the records came from: its fault is a finding
     void Finish(const Reader& reader);
 
-    /// In file order. After `MaximumFindings` faults only the number is counted.
+    /// In file order. After `MaximumFindings` faults, and as many remarks, only their number is counted.
     const QList<Finding>& GetFindings() const { return findings; }
     bool HasFaults() const { return faults > 0; }
 
     static constexpr int MaximumFindings = 1000;
+    /// Of more pairs of site and bin the counts are not judged: a small compressed file could hold any
+    /// number.
+    static constexpr qsizetype MaximumBins = 200'000;
 
 private:
     struct Part {
@@ -50,6 +53,7 @@ private:
     void BeginPart(const Record& record);
     void TakeTest(const Record& record, const QString& name);
     void EndPart(const Record& record);
+    void CountBin(QMap<Bin, uint>& bins, const HeadAndSite& place, uint number);
     void TakeBin(const Record& record, const QMap<Bin, uint>& seen, const char* number, const char* count);
     void TakeCounts(const Record& record);
     void EndStream(qint64 offset);
@@ -59,9 +63,11 @@ private:
     enum class Expected { Far, Mir, Anything, Nothing };
     Expected expected = Expected::Far;
     QMap<HeadAndSite, Part> openParts;
+    /// Each place's own, and what all have together at `everywhere`.
     QMap<HeadAndSite, Counts> counted;
     QMap<Bin, uint> hardBins;
     QMap<Bin, uint> softBins;
+    bool tooManyBins = false;
     bool hasCounts = false;        ///< the stream has a PCR
     std::optional<uint> processor; ///< CPU_TYPE of the first stream
     QMap<std::pair<int, int>, int> unknownTypes;
@@ -71,6 +77,7 @@ private:
     Finding firstBeyondAscii;
     QList<Finding> findings;
     int faults = 0;
+    int remarks = 0;
 };
 
 } // namespace ZYN::Stdf

@@ -40,7 +40,7 @@ TestSettings TestDefaults::Complete(const Record& test)
         if (const QString unit = test.Text("UNITS"); !unit.isEmpty())
             settings.unit = unit;
     }
-    if (known == first.constEnd())
+    if (known == first.constEnd() && first.size() < MaximumTests)
         first.insert(number, settings);
     return settings;
 }

@@ -18,13 +18,16 @@ struct TestSettings {
 };
 
 /// Completes test records: what a PTR or MPR leaves out counts as in the first one of the same number.
-/// A record whose text says that it is another test takes nothing over.
+/// A record whose text says that it is another test takes nothing over. Beyond the first `MaximumTests`
+/// numbers none is remembered: a small compressed file could hold any number.
 class TestDefaults {
 public:
     /// \param test a PTR, MPR or FTR
     TestSettings Complete(const Record& test);
     /// Forgets the tests; for the next stream of the same file.
     void Clear() { first.clear(); }
+
+    static constexpr qsizetype MaximumTests = 100'000;
 
 private:
     QHash<uint, TestSettings> first;

@@ -117,16 +117,15 @@ void TextPrinter::Take(const RawRecord& raw, const Record& record)
     else if (record.Is("PRR"))
         PrintPart(record);
     else if (record.Is("HBR"))
-        closing += BinLine(record, Texts::tr("Hard bin"), "HBIN_NUM", "HBIN_CNT", "HBIN_PF", "HBIN_NAM");
+        Close(BinLine(record, Texts::tr("Hard bin"), "HBIN_NUM", "HBIN_CNT", "HBIN_PF", "HBIN_NAM"));
     else if (record.Is("SBR"))
-        closing += BinLine(record, Texts::tr("Soft bin"), "SBIN_NUM", "SBIN_CNT", "SBIN_PF", "SBIN_NAM");
+        Close(BinLine(record, Texts::tr("Soft bin"), "SBIN_NUM", "SBIN_CNT", "SBIN_PF", "SBIN_NAM"));
     else if (record.Is("PCR"))
-        closing +=
-            Texts::tr("Counted: %1 parts, %2 good")
-                .arg(Count(record.Number("PART_CNT")),
-                     Count(record.Value("GOOD_CNT").isValid() ? record.Number("GOOD_CNT") : unknownCount));
+        Close(Texts::tr("Counted: %1 parts, %2 good")
+                  .arg(Count(record.Number("PART_CNT")),
+                       Count(record.Value("GOOD_CNT").isValid() ? record.Number("GOOD_CNT") : unknownCount)));
     else if (record.Is("MRR"))
-        closing += Texts::tr("Finished: %1").arg(Time(record.Number("FINISH_T")));
+        Close(Texts::tr("Finished: %1").arg(Time(record.Number("FINISH_T"))));
 }
 
 void TextPrinter::PrintHeader(const Record& mir)
@@ -174,11 +173,24 @@ void TextPrinter::PrintPart(const Record& prr)
 void TextPrinter::TakeTest(const Record& test)
 {
     const TestSettings settings = defaults.Complete(test);
-    Test& entry = tests[{test.Number("TEST_NUM"), settings.text}];
+    const std::pair key{test.Number("TEST_NUM"), settings.text};
+    if (tests.size() >= MaximumTests && !tests.contains(key)) {
+        ++moreTests;
+        return;
+    }
+    Test& entry = tests[key];
     entry.settings = settings;
     ++entry.runs;
     entry.failed += test.HasFailed();
     ++testsSeen[{test.Number("HEAD_NUM"), test.Number("SITE_NUM")}];
+}
+
+void TextPrinter::Close(const QString& line)
+{
+    if (closing.size() < MaximumClosing)
+        closing += line;
+    else
+        ++moreClosing;
 }
 
 void TextPrinter::PrintTests()
@@ -196,6 +208,8 @@ void TextPrinter::PrintTests()
                             LimitText(test->settings.highLimit), test->settings.unit,
                             QString::number(test->settings.resultScale), test->settings.text}));
     }
+    if (moreTests > 0)
+        print(Texts::tr("and %1 records of more tests").arg(moreTests));
 }
 
 void TextPrinter::Finish(const Reader& reader)
@@ -204,6 +218,8 @@ void TextPrinter::Finish(const Reader& reader)
     print({});
     for (const QString& line : std::as_const(closing))
         print(line);
+    if (moreClosing > 0)
+        print(Texts::tr("and %1 more bins and counts").arg(moreClosing));
     QStringList counts;
     for (auto record = records.constBegin(); record != records.constEnd(); ++record)
         counts += QStringLiteral("%1 %2").arg(QString::number(*record), record.key());

@@ -9,7 +9,8 @@
 namespace ZYN::Stdf {
 
 /// Prints a lot for people: its header, a line a part as it comes, at the end the tests with their limits,
-/// bins and counts. Memory grows with the number of different tests, not of parts.
+/// bins and counts. Memory grows with the number of different tests, not of parts, and only up to
+/// `MaximumTests`: a small compressed file could hold any number.
 ///
 /// Limits are printed as they stand in the file; RES_SCAL stands beside them and is not applied.
 class TextPrinter {
@@ -23,6 +24,10 @@ public:
     /// The first damage, of a record or of the file, once the file is finished.
     const std::optional<Fault>& GetDamage() const { return damage; }
 
+    /// Of more tests, and more lines of bins and counts, only the number is printed.
+    static constexpr qsizetype MaximumTests = 100'000;
+    static constexpr qsizetype MaximumClosing = 10'000;
+
 private:
     struct Test {
         TestSettings settings;
@@ -34,6 +39,7 @@ private:
     uint TestsOf(const Record& prr);
     void PrintPart(const Record& prr);
     void TakeTest(const Record& test);
+    void Close(const QString& line);
     void PrintTests();
 
     std::function<void(const QString&)> print;
@@ -42,7 +48,9 @@ private:
     QMap<std::pair<uint, QString>, Test> tests;
     QMap<std::pair<uint, uint>, uint> testsSeen; ///< of the open parts, by head and site
     QMap<QString, uint> records;
+    qint64 moreTests = 0; ///< records of tests that are not in the list
     QStringList closing;
+    qint64 moreClosing = 0;
     std::optional<Fault> damage;
     uint parts = 0;
     bool partsBegun = false;

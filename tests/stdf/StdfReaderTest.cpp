@@ -74,6 +74,18 @@ QList<QByteArray> JsonLines(const QByteArray& bytes)
     return lines;
 }
 
+/// The lines of a file as `zyn show` prints them.
+QStringList Lines(QIODevice* input, bool failedOnly = false)
+{
+    QStringList lines;
+    Stdf::Reader reader(input);
+    Stdf::TextPrinter printer([&](const QString& line) { lines += line; }, failedOnly);
+    for (Stdf::RawRecord raw; reader.Next(raw);)
+        printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
+    printer.Finish(reader);
+    return lines;
+}
+
 /// A file of little-endian records from lines "TYPE SUBTYPE body tokens".
 QByteArray FileOf(std::initializer_list<const char*> records)
 {
@@ -213,6 +225,16 @@ private slots:
                      "{\"offset\":27,\"record\":\"unknown\",\"REC_TYP\":180,\"REC_SUB\":7,\"data\":\"00\"}"));
     }
 
+    // A megabyte of such records compresses to a kilobyte.
+    void ListsHaveABound()
+    {
+        QCOMPARE(ReadBytes(FileOf({far}).repeated(5000)).findings.size(), 1002);
+        QCOMPARE(ReadBytes(FileOf({far, mir}) + FileOf({mir}).repeated(5000)).findings.size(), 1001);
+
+        Input input(FileOf({far, mir}) + FileOf({"1 40 ff 01 0001 00000001"}).repeated(30000));
+        QCOMPARE(Lines(&input).size(), 10'005);
+    }
+
     void LimitsComeFromTheFirstTestRecord_data()
     {
         const Rows<QByteArray, QString> row;
@@ -272,22 +294,11 @@ private slots:
                     "5 20 01 01 08 0002 0000 ffff 8000 8000 00003039 'SN1' 'Board'",
                     "1 40 01 01 0001 00000001 46 'bad'",
                     "1 30 01 01 00000001 ffffffff ffffffff 00000000 ffffffff", "1 20 66471a74"}));
-        Stdf::Reader reader(&input);
-        QStringList lines;
-        Stdf::TextPrinter printer([&](const QString& line) { lines += line; });
-        for (Stdf::RawRecord raw; reader.Next(raw);)
-            printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
-        printer.Finish(reader);
-        QCOMPARE(Golden::Difference("tool", "lot.txt", lines.join(u'\n').toUtf8()), QString());
+        QCOMPARE(Golden::Difference("tool", "lot.txt", Lines(&input).join(u'\n').toUtf8()), QString());
 
         // Of a lot in which all passed only the counts are left.
         Input passed(FileOf({far, mir, pir, ptr, prr, pcr, mrr}));
-        Stdf::Reader passedReader(&passed);
-        lines.clear();
-        Stdf::TextPrinter failedOnly([&](const QString& line) { lines += line; }, true);
-        for (Stdf::RawRecord raw; passedReader.Next(raw);)
-            failedOnly.Take(raw, Stdf::Decode(raw, false));
-        failedOnly.Finish(passedReader);
+        const QStringList lines = Lines(&passed, true);
         QVERIFY2(lines.filter("Test").isEmpty() && !lines.filter("1 good").isEmpty(),
                  qPrintable(lines.join(u'\n')));
     }
