@@ -62,7 +62,7 @@ void CImportServiceReport_Private::DropDocument()
 
 void CImportServiceReport_Private::ReadDocument(UUTTest* uutTest)
 {
-    if (XmlProlog::MoveToRoot(*reader))
+    if (XmlProlog::MoveToRoot(*reader, document.data()))
         CheckRoot();
     for (; !reader->atEnd(); reader->readNext()) {
         if (!reader->isStartElement())

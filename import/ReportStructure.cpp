@@ -148,14 +148,15 @@ constexpr Element propertyElement{};
 class Walk {
 public:
     explicit Walk(const QByteArray& bytes)
-        : m_reader(bytes)
+        : m_bytes(bytes)
+        , m_reader(bytes)
     {
         m_open.push_back({&wholeDocument, "document"_L1});
     }
 
     QList<ImportFinding> Run()
     {
-        if (!XmlProlog::MoveToRoot(m_reader))
+        if (!XmlProlog::MoveToRoot(m_reader, m_bytes))
             return {};
         for (; !m_reader.atEnd() && m_findings.size() < mostFindings; m_reader.readNext()) {
             if (m_reader.isStartElement())
@@ -242,6 +243,7 @@ private:
 
     static QString Tr(const char* text) { return QCoreApplication::translate("ReportStructure", text); }
 
+    const QByteArray& m_bytes;
     QXmlStreamReader m_reader;
     std::vector<Open> m_open;
     QList<ImportFinding> m_findings;

@@ -46,7 +46,10 @@ bool CTestPlanReaderXML::Open(const QString& fileName)
     file = std::make_unique<QFile>(fileName);
     if (!file->open(QIODevice::ReadOnly | QIODevice::Text))
         return false;
-    reader.setDevice(file.get());
+    document.close();
+    document.setData(file->readAll());
+    document.open(QIODevice::ReadOnly);
+    reader.setDevice(&document);
     opened = true;
     return true;
 }
@@ -70,7 +73,7 @@ TestPlan* CTestPlanReaderXML::TakeTestPlan()
 
 bool CTestPlanReaderXML::Read()
 {
-    if (!opened || !XmlProlog::MoveToRoot(reader) || !CheckRoot())
+    if (!opened || !XmlProlog::MoveToRoot(reader, document.data()) || !CheckRoot())
         return false;
     testPlan = std::make_unique<TestPlan>(QFileInfo(file->fileName()));
     while (reader.readNextStartElement()) {

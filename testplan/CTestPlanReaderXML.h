@@ -2,6 +2,7 @@
 
 #include "ITestPlanReader.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QFile>
 #include <QtCore/QXmlStreamReader>
 
@@ -14,8 +15,8 @@ class TestPlanData;
 /// Reads XML test plans of versions 2.0.0 and 3.0.0; both by the same rules.
 ///
 /// Values of validations and properties come back as texts, attributes with the type they name.
-/// Unknown elements are skipped and named in the debug log ("zyn.testplan"). Documents that declare
-/// entities are refused.
+/// Unknown elements are skipped and named in the debug log ("zyn.testplan"). What a small
+/// document is made dear with is refused (see `XmlProlog`).
 class CTestPlanReaderXML : public ITestPlanReader {
 public:
     CTestPlanReaderXML();
@@ -42,6 +43,7 @@ private:
     QString Attribute(const char* name) const;
 
     std::unique_ptr<QFile> file;
+    QBuffer document; ///< what stands in it
     std::unique_ptr<TestPlan> testPlan;
     QXmlStreamReader reader;
     bool opened = false;

@@ -13,6 +13,12 @@ QByteArray Repeated(const char* text, int times)
     return QByteArray(text).repeated(times);
 }
 
+QByteArray Utf16(const QByteArray& text)
+{
+    const QString wide = QString::fromUtf8(text);
+    return QByteArray(reinterpret_cast<const char*>(wide.utf16()), wide.size() * 2);
+}
+
 } // namespace
 
 /// Under the address sanitizer these tests also find what is freed twice, used late or never freed.
@@ -72,7 +78,7 @@ private slots:
         }
     }
 
-    void declarations_data()
+    void refused_data()
     {
         const Rows<QByteArray> add;
         const auto row = [&](const char* name, const QByteArray& declarations,
@@ -91,8 +97,24 @@ private slots:
         row("file", "<!ENTITY e SYSTEM 'file:///etc/hostname'>", "&e;");
         row("parameter", "<!ENTITY % p '<!-- c -->'>" + Repeated("%p;", 1000), "text");
         row("parameter that declares", "<!ENTITY % p '<!ENTITY e \"x\">'>%p;", "&e;");
+        row("attributes", "<!ATTLIST UUTTest a CDATA 'x' b CDATA 'x'>", "text");
+
+        QByteArray crowd;
+        for (int i = 0; i < 65; ++i)
+            crowd += " a" + QByteArray::number(i) + "='x'";
+        const QByteArray crowded = Report("<UUTTest>" + Property("Description", "text") +
+                                          "</UUTTest><!-- ' -->\n"
+                                          "<a" +
+                                          crowd + "/>");
+        add("start tag with many attributes", crowded);
+        add("the same in UTF-16", QByteArray("\xff\xfe").append(Utf16(crowded)));
+        add("behind characters that hold a mark",
+            QByteArray("\xff\xfe")
+                .append(Utf16(Report("<UUTTest>" + Property("Description", "\xe2\x88\xa2") + "</UUTTest><a" +
+                                     crowd + "/>"))));
+        add("another encoding than seems", "<?xml version='1.0' encoding='UTF-16'?>" + Report(QByteArray()));
     }
-    void declarations()
+    void refused()
     {
         const auto [document] = CurrentRow<QByteArray>();
         const Reading reading = Read(document);
@@ -100,6 +122,16 @@ private slots:
         QCOMPARE(reading.findings.size(), 1);
         // Nothing of the content was looked at, so nothing was expanded.
         QCOMPARE(reading.test->GetResultDescription(), QString());
+    }
+
+    void longNamesAreGood()
+    {
+        const QByteArray name = Repeated("a='b' ", 200000);
+        const Reading reading =
+            Read(Report("<UUTTest>" + Property("Description", name) + "</UUTTest>" +
+                        "<UnitUnderTest><Property Name='Name' Extra=\"" + name + "\"/></UnitUnderTest>"));
+        QCOMPARE(reading.Texts(), QString());
+        QCOMPARE(reading.test->GetResultDescription().size(), name.size());
     }
 
     void findingsAreLimited()

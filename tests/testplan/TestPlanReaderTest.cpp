@@ -119,6 +119,11 @@ private slots:
             "Entity expands to more characters than the entity expansion limit.");
         row("parameter entity", "<!DOCTYPE TestPlan [<!ENTITY % x '<!ELEMENT a ANY>'>]>" + Plan(""),
             entities);
+        QByteArray crowd;
+        for (int i = 0; i < 65; ++i)
+            crowd += " a" + QByteArray::number(i) + "='x'";
+        row("start tag with many attributes", Plan("\n<Properties Ident='1'" + crowd + "/>"),
+            "The start tag in line 2 has more than 64 attributes\tLine 1, column ");
     }
     void refused()
     {
