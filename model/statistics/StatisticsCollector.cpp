@@ -30,12 +30,21 @@ QSharedPointer<ValidationInterface> ValidationOf(const TestResult* result, const
     return control ? control->GetValidation() : nullptr;
 }
 
-/// The length in front keeps a name with separators from being taken for two names.
-QString PathOf(const QString& parentPath, const TestComponent* component)
+/// With the whole path in it, the keys of a report with one long name would take its length times its
+/// components.
+QString PlaceOf(const QString& parentKey, const TestComponent* component)
 {
-    const QString name = component->GetName();
-    return parentPath % QString::number(component->id) % QLatin1Char(':') % QString::number(name.size()) %
-           QLatin1Char(':') % name;
+    return parentKey % QLatin1Char(':') % QString::number(component->id) % QLatin1Char(':') %
+           component->GetName();
+}
+
+template <class Places>
+auto& PlaceAt(Places& places, const QString& name)
+{
+    auto& place = places[name];
+    if (place.key.isEmpty())
+        place.key = QString::number(places.size());
+    return place;
 }
 
 ZYNSession* CopyOf(const ZYNSession* session)
@@ -100,22 +109,26 @@ std::unique_ptr<StatisticsDataReport> StatisticsCollector::TakeReport()
 }
 
 void StatisticsCollector::AddComponent(const TestResultSet* resultSet, const TestComponent* component,
-                                       const QString& parentPath)
+                                       const QString& parentKey)
 {
-    const QString path = PathOf(parentPath, component);
+    const QString name = PlaceOf(parentKey, component);
     if (const TestResult* const result = resultSet->GetResult(component)) {
-        StatisticsData* const entry = EntryFor(component, path);
+        StatisticsData* const entry = EntryFor(component, name);
         entry->AddValue(result->GetResult(), result->GetValue(), ValidationOf(result, component));
         if (CtrlValidation* const control = entry->GetComponent()->GetValidationCtrl())
             control->SetValidation(entry->GetValidation());
     }
-    for (const TestComponent* const child : component->GetChildren())
-        AddComponent(resultSet, child, path);
+    const QList<TestComponent*> children = component->GetChildren();
+    if (children.isEmpty())
+        return;
+    const QString key = PlaceAt(m_places, name).key; // a copy: places move while others are added
+    for (const TestComponent* const child : children)
+        AddComponent(resultSet, child, key);
 }
 
-StatisticsData* StatisticsCollector::EntryFor(const TestComponent* component, const QString& path)
+StatisticsData* StatisticsCollector::EntryFor(const TestComponent* component, const QString& name)
 {
-    Place& place = m_places[path];
+    Place& place = PlaceAt(m_places, name);
     if (place.run != m_runs) {
         place.run = m_runs;
         place.met = 0;

@@ -51,17 +51,18 @@ public:
 private:
     /// The entries of the components with one path, and how many of them the newest run had.
     struct Place {
+        QString key; ///< stands for the path in the keys of the places below
         QList<StatisticsData*> entries;
         int run = 0;
         int met = 0;
     };
 
     void AddComponent(const TestResultSet* resultSet, const TestComponent* component,
-                      const QString& parentPath);
-    StatisticsData* EntryFor(const TestComponent* component, const QString& path);
+                      const QString& parentKey);
+    StatisticsData* EntryFor(const TestComponent* component, const QString& name);
 
     std::unique_ptr<StatisticsDataReport> m_report;
-    QHash<QString, Place> m_places;
+    QHash<QString, Place> m_places; ///< by the key of the place above, id and name
     int m_runs = 0;
 };
 
