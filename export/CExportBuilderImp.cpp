@@ -74,6 +74,7 @@ bool CExportBuilderImp::OpenFile(const QString& fileName)
     // A walk that failed leaves the builder opened; a new file begins a new document all the same.
     SetOpened(false);
     outputFailed = false;
+    outputError.clear();
     documentEnded = false;
 
     file = new QFile(fileName);
@@ -108,8 +109,10 @@ void CExportBuilderImp::SetOpened(bool flag)
     if (flag) {
         documentEnded = false;
         // A device from outside was not seen before; a file was reset when it was opened.
-        if (device != file)
+        if (device != file) {
             outputFailed = false;
+            outputError.clear();
+        }
     }
     opened = flag;
 }
@@ -117,6 +120,11 @@ void CExportBuilderImp::SetOpened(bool flag)
 bool CExportBuilderImp::OutputComplete() const
 {
     return documentEnded && !outputFailed;
+}
+
+QString CExportBuilderImp::OutputError() const
+{
+    return outputError;
 }
 
 QIODevice* CExportBuilderImp::OpenedDevice()
@@ -154,6 +162,8 @@ bool CExportBuilderImp::RemoveOutputFile()
 
 void CExportBuilderImp::NoteOutputFailure()
 {
+    if (!outputFailed && device)
+        outputError = device->errorString();
     outputFailed = true;
 }
 

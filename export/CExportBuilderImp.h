@@ -55,6 +55,7 @@ public:
     /// The value of a setting; empty when it was not set.
     QString GetProperty(const QString& key) const;
     bool OutputComplete() const override;
+    QString OutputError() const override;
 
 protected:
     /// The current device, opened on demand; null when there is none or it cannot be opened.
@@ -91,6 +92,7 @@ private:
     bool useScaledData = false;
     QMap<QString, QString> properties;
     bool outputFailed = false;
+    QString outputError; ///< what the device said to it
     bool documentEnded = false;
 };
 

@@ -42,6 +42,8 @@ bool CExportServicePrivate::Finish(bool walked)
 {
     const auto* const output = dynamic_cast<const IOutputState*>(builder);
     outputComplete = walked && output && output->OutputComplete();
+    if (output && !outputComplete)
+        outputError = output->OutputError();
     return walked;
 }
 

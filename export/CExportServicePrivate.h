@@ -37,6 +37,7 @@ public:
     bool Run(const Walk& walk) noexcept
     {
         outputComplete = false;
+        outputError.clear();
         try {
             return Start() && Finish(walk());
         } catch (...) {
@@ -47,6 +48,8 @@ public:
 
     /// Whether the last export ran to its end and every byte reached the device.
     bool OutputComplete() const { return outputComplete; }
+    /// Why not, once it could start; empty where nobody knows.
+    const QString& OutputError() const { return outputError; }
 
     IExportBuilder* builder = nullptr;
     QString fileName;
@@ -60,6 +63,7 @@ private:
     void NoteException() noexcept;
 
     bool outputComplete = false;
+    QString outputError;
 };
 
 } // namespace ZYN

@@ -115,6 +115,11 @@ bool CExportServiceReport::OutputComplete() const
     return d->OutputComplete();
 }
 
+QString CExportServiceReport::GetOutputError() const
+{
+    return d->OutputError();
+}
+
 QString CExportServiceReport::GetWrittenFileName() const
 {
     const auto* const file = d->builder ? qobject_cast<QFileDevice*>(d->builder->GetDevice()) : nullptr;

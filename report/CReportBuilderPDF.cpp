@@ -4,6 +4,7 @@
 #include "CReportBuilderPDF.h"
 
 #include "CReportBuilderHTML.h"
+#include "PdfBounds.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -82,6 +83,7 @@ bool CReportBuilderPDF::OpenFile(const QString& fileName)
 {
     outputFileName = fileName;
     complete = false;
+    refusal.clear();
     // Each document starts with an empty buffer, also after one that broke off.
     html->SetDevice(nullptr);
     html->SetOpened(false);
@@ -103,6 +105,11 @@ bool CReportBuilderPDF::OutputComplete() const
     return complete;
 }
 
+QString CReportBuilderPDF::OutputError() const
+{
+    return refusal;
+}
+
 bool CReportBuilderPDF::Print()
 {
     if (outputFileName.isEmpty())
@@ -119,6 +126,15 @@ bool CReportBuilderPDF::Print()
         qCWarning(logPdf, "Cannot write the PDF report: %ls is no file.", qUtf16Printable(outputFileName));
         return false;
     }
+    const QByteArray bytes = buffer.data();
+    ReportDocument document(logo);
+    refusal = PdfBounds::WhyTooDear(bytes);
+    if (refusal.isEmpty()) {
+        document.setHtml(Qt::codecForHtml(bytes)->toUnicode(bytes));
+        refusal = PdfBounds::WhyTooDear(document);
+    }
+    if (!refusal.isEmpty())
+        return false;
     // Emptied first: what stands there afterwards is then the printer's.
     if (QFile file(outputFileName); !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         qCWarning(logPdf, "Cannot write the PDF report: %ls", qUtf16Printable(file.errorString()));
@@ -129,9 +145,6 @@ bool CReportBuilderPDF::Print()
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(outputFileName);
 
-    const QByteArray bytes = buffer.data();
-    ReportDocument document(logo);
-    document.setHtml(Qt::codecForHtml(bytes)->toUnicode(bytes));
     document.print(&printer);
     return true;
 }

@@ -14,7 +14,8 @@ class CReportBuilderHTML;
 /// the document is closed.
 ///
 /// Needs a `QGuiApplication`; without one, says so in the log and makes no file. The whole report is
-/// held in memory twice. Of what the HTML names, only the report logo is loaded.
+/// held in memory twice. Of what the HTML names, only the report logo is loaded. Texts are taken for HTML: a
+/// report in which they make a page that takes too long to lay out is refused (see `OutputError`).
 class CReportBuilderPDF : public CExportBuilderDelegation, public IOutputState {
 public:
     CReportBuilderPDF();
@@ -28,6 +29,8 @@ public:
     bool OpenFile(const QString& fileName) override;
     bool Close() override;
     bool OutputComplete() const override;
+    /// Why the report cannot be laid out; empty when it was, or could not be written.
+    QString OutputError() const override;
 
 private:
     bool Print();
@@ -36,6 +39,7 @@ private:
     CReportBuilderHTML* html;
     QBuffer buffer;
     QString outputFileName;
+    QString refusal;
     QString logo;
     bool complete = false;
 };

@@ -48,6 +48,9 @@ public:
     /// Whether the last export ran to its end and every byte reached the device. `Export` itself does
     /// not tell: it answers true also on a full disk.
     bool OutputComplete() const;
+    /// Why the output of an export that could start is not complete, as far as that is known: what the device
+    /// says, or why a report cannot be laid out. Empty when it is complete.
+    QString GetOutputError() const;
     /// The file that the last export wrote to: the one that was set or, for a part that does not belong
     /// into that STDF lot file, the failure file beside it.
     QString GetWrittenFileName() const;

@@ -128,6 +128,35 @@ private slots:
         QVERIFY2(!QString(images).contains(QRegularExpression(" 53 +59 ")), images);
     }
 
+    // Each of them would take minutes.
+    void refusesWhatTakesTooLong_data()
+    {
+        const Rows<QString, QString> row;
+        const auto tables = [](int depth) { return QString("<table><tr><td>").repeated(depth) + "row%1"; };
+        row("few tables", tables(4), "");
+        row("tables in tables", tables(24), "tables more than 7 deep");
+        row("many tables", QString("<table><tr><td>x</td></tr></table>").repeated(20000) + "%1",
+            "more than 5000 tables");
+        row("many columns", "<table><tr>" + QString("<td>x</td>").repeated(20000) + "</tr></table>%1",
+            "more than 1000 columns");
+        row("elements in elements", QString("<b>").repeated(50000) + "%1", "more than 5000 HTML elements");
+        row("long text", QString("word ").repeated(20000), "");
+        row("long word", QString(60000, 'W'), "more than 50000 characters without a blank");
+    }
+    void refusesWhatTakesTooLong()
+    {
+        const auto [name, says] = CurrentRow<QString, QString>();
+        CExportServiceReport service;
+        service.SetFormat("PDF");
+        service.SetOutputFileName(Path("report.pdf"));
+        const auto unit = SampleModels::UnitWithRows(1, name);
+        QVERIFY(service.Export(unit.get()));
+        QCOMPARE(service.OutputComplete(), says.isEmpty());
+        QVERIFY2(service.GetOutputError().contains(says) &&
+                     service.GetOutputError().isEmpty() == says.isEmpty(),
+                 qPrintable(service.GetOutputError()));
+    }
+
     void secondReportOfOneBuilder()
     {
         CReportBuilderPDF builder;
