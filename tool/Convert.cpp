@@ -81,7 +81,8 @@ QString OutputName(const Arguments& arguments, const Input& input, const QString
 {
     if (!arguments.file.empty())
         return PathOf(arguments.file);
-    const QFileInfo relative(input.relative);
+    const bool isCompressed = input.relative.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive);
+    const QFileInfo relative(input.relative.chopped(isCompressed ? 3 : 0));
     return QDir::cleanPath(PathOf(arguments.folder) + QLatin1Char('/') + relative.path() + QLatin1Char('/') +
                            relative.completeBaseName() + QLatin1Char('.') +
                            CExportServiceReport::ExtensionForFormat(format));
@@ -127,7 +128,11 @@ std::optional<Problem> Convert(const Job& job, const Arguments& arguments, const
         service.SetReportLogoImage(QFileInfo(PathOf(arguments.logo)).absoluteFilePath());
     if (!arguments.style.empty())
         service.SetXMLStyle(PathOf(arguments.style));
-    if (!service.Export(test.get()) || !service.OutputComplete())
+    const bool isComplete = service.Export(test.get()) && service.OutputComplete();
+    if (!isComplete && format == QLatin1String("PDF") && !service.GetOutputError().isEmpty())
+        return Problem{job.input.name, 0, Texts::tr("would take too long as PDF: %1").arg(service.GetOutputError()),
+                       Texts::tr("convert it to HTML")};
+    if (!isComplete)
         return output.WriteProblem();
     return output.Commit();
 }
@@ -213,7 +218,7 @@ int ConvertToFiles(const QList<Input>& inputs, const Arguments& arguments, const
 int Run(const Arguments& arguments, const Manners& manners)
 {
     QList<Problem> unreadable;
-    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &unreadable);
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, ReportExtensions(), &unreadable);
     const QString format = FormatOf(arguments);
     if (const int usage = CheckUsage(arguments, format, inputs.size()))
         return usage;

@@ -9,20 +9,20 @@
 #include "TestPlanFile.h"
 #include "Texts.h"
 
+#include "stdf/GzipDevice.h"
+
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
+
+#include <algorithm>
 
 namespace ZYN::Tool {
 
 const QList<FileKind>& FileKinds()
 {
     static const QList<FileKind> kinds{
-        {QT_TRANSLATE_NOOP("zyn", "XML report"),
-         {QStringLiteral("zyr")},
-         LooksLikeReport,
-         ShowReport,
-         ReportToJson,
-         CheckReport},
+        {QT_TRANSLATE_NOOP("zyn", "XML report"), ReportExtensions(), LooksLikeReport, ShowReport,
+         ReportToJson, CheckReport},
         {QT_TRANSLATE_NOOP("zyn", "STDF file"),
          {QStringLiteral("stdf"), QStringLiteral("std"), QStringLiteral("stdf.gz"), QStringLiteral("std.gz")},
          LooksLikeLot,
@@ -46,6 +46,12 @@ const QList<FileKind>& FileKinds()
     return kinds;
 }
 
+bool FileKind::MayBeCompressed() const
+{
+    return std::any_of(extensions.begin(), extensions.end(),
+                       [](const QString& extension) { return extension.endsWith(QLatin1String(".gz")); });
+}
+
 const FileKind* KindOf(const QString& path, const QString& name, std::optional<Problem>* problem)
 {
     QFile file(path);
@@ -53,9 +59,11 @@ const FileKind* KindOf(const QString& path, const QString& name, std::optional<P
         *problem = Problem{name, 0, Texts::tr("cannot be read: %1").arg(file.errorString()), {}};
         return nullptr;
     }
-    const QByteArray head = file.read(4096);
+    constexpr qint64 headSize = 4096;
+    const bool isCompressed = Stdf::GzipDevice::IsGzip(file.peek(2));
+    const QByteArray head = isCompressed ? Stdf::GzipDevice(&file).read(headSize) : file.read(headSize);
     for (const FileKind& kind : FileKinds())
-        if (kind.recognises(head))
+        if (kind.recognises(head) && (!isCompressed || kind.MayBeCompressed()))
             return &kind;
     // A damaged file: what its name says.
     for (const FileKind& kind : FileKinds())

@@ -28,7 +28,7 @@ struct ShowOptions {
 struct FileKind {
     const char* name;       ///< for people, to be translated
     QStringList extensions; ///< without dot, as searched for in folders
-    /// Whether a file that begins so (4096 bytes, or all of it) is of this kind.
+    /// Whether a file that begins so (4096 bytes, or all of it; decompressed) is of this kind.
     bool (*recognises)(const QByteArray& head);
     /// Prints the file for people, of a damaged one what could be read. Texts from the file go through
     /// `Harmless`.
@@ -41,6 +41,9 @@ struct FileKind {
     /// For a kind of many records, in place of `toJson`: prints an object a line, each with "file".
     std::optional<Problem> (*printJson)(const QString& path, const QString& name,
                                         const ShowOptions& options) = nullptr;
+
+    /// Whether files of this kind are also read when they are compressed with gzip.
+    bool MayBeCompressed() const;
 };
 
 /// All kinds. A new one adds its row in FileKind.cpp, and nothing else.

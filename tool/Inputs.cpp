@@ -1,15 +1,14 @@
 #include "Inputs.h"
 
+#include "FolderFiles.h"
 #include "Texts.h"
 
-#include <QtCore/QDir>
-#include <QtCore/QDirIterator>
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
-#include <algorithm>
 #include <optional>
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -49,32 +48,35 @@ QString OpenPipe(const QString& path)
     return CopyToMemory(&pipe);
 }
 
-QList<Input> FilesOfFolder(const QString& folder, const QStringList& extensions)
+// What an argument is opened by: what Qt cannot name is opened here, and stays open.
+QString OpenableName(const QByteArray& argument)
 {
-    QStringList filters;
-    for (const QString& extension : extensions)
-        filters.append(QStringLiteral("*.") + extension);
-    QList<Input> inputs;
-    const QDir base(folder);
-    QDirIterator it(folder, filters, QDir::Files | QDir::Readable, QDirIterator::Subdirectories);
-    while (it.hasNext()) {
-        const QString path = it.next();
-        inputs.append({path, path, base.relativeFilePath(QFileInfo(path).absoluteFilePath())});
-    }
-    std::sort(inputs.begin(), inputs.end(), [](const Input& a, const Input& b) { return a.path < b.path; });
-    return inputs;
+    const int descriptor = IsUtf8(argument) ? -1 : open(argument.constData(), O_PATH | O_CLOEXEC);
+    return descriptor < 0 ? QFile::decodeName(argument) : QStringLiteral("/proc/self/fd/%1").arg(descriptor);
 }
 
-std::optional<Problem> CannotRead(const QString& path)
+std::optional<Problem> CannotRead(const Input& input)
 {
-    const QFileInfo info(path);
+    const QFileInfo info(input.path);
     if (!info.exists())
-        return Problem{path, 0, Texts::tr("there is no such file"), Texts::tr("check the name")};
+        return Problem{input.name, 0, Texts::tr("there is no such file"), Texts::tr("check the name")};
     if (!info.isFile() && !info.isDir())
-        return Problem{path, 0, Texts::tr("is a device"), Texts::tr("name a file, a folder or a pipe")};
+        return Problem{input.name, 0, Texts::tr("is a device"), Texts::tr("name a file, a folder or a pipe")};
     if (!info.isReadable())
-        return Problem{path, 0, Texts::tr("cannot be read"), Texts::tr("check its permissions")};
+        return Problem{input.name, 0, Texts::tr("cannot be read"), Texts::tr("check its permissions")};
     return std::nullopt;
+}
+
+QList<Input> FilesOfFolder(const Input& folder, const QStringList& extensions, QList<Problem>* problems)
+{
+    FolderFiles found(extensions);
+    found.Search(folder.path, folder.name);
+    *problems += found.GetProblems();
+    if (found.GetFiles().isEmpty() && found.GetProblems().isEmpty())
+        problems->append({folder.name, 0,
+                          Texts::tr("holds no *.%1 file").arg(extensions.join(QLatin1String(", *."))),
+                          Texts::tr("name the files themselves if they are called otherwise")});
+    return found.GetFiles();
 }
 
 } // namespace
@@ -94,6 +96,23 @@ std::optional<Problem> InputFiles::Refusal(const QString& output) const
                    Texts::tr("choose another name for the output")};
 }
 
+bool IsUtf8(const QByteArray& name)
+{
+    return QFile::encodeName(QFile::decodeName(name)) == name;
+}
+
+QString ReadableName(const QByteArray& name)
+{
+    if (IsUtf8(name))
+        return QFile::decodeName(name);
+    QString readable;
+    for (const char byte : name) {
+        const auto code = static_cast<unsigned char>(byte);
+        readable += code < 0x80 ? QString(QLatin1Char(byte)) : QStringLiteral("\\x%1").arg(uint(code), 2, 16);
+    }
+    return readable;
+}
+
 QString PathOf(const std::string& argument)
 {
     return QFile::decodeName(argument.c_str());
@@ -104,24 +123,21 @@ QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStri
 {
     QList<Input> inputs;
     for (const std::string& argument : arguments) {
-        const QString path = PathOf(argument);
-        if (path == QLatin1String("-") || IsPipe(path)) {
-            const QString memory = OpenPipe(path);
+        const QByteArray bytes = QByteArray::fromStdString(argument);
+        const QString name = ReadableName(bytes);
+        const Input input{OpenableName(bytes), name, QFileInfo(name).fileName()};
+        if (input.path == QLatin1String("-") || IsPipe(input.path)) {
+            const QString memory = OpenPipe(input.path);
             if (memory.isEmpty())
-                problems->append({path, 0, Texts::tr("cannot be read to its end"), {}});
+                problems->append({name, 0, Texts::tr("cannot be read to its end"), {}});
             else
-                inputs.append({memory, path, QStringLiteral("stdin")});
-        } else if (const std::optional<Problem> problem = CannotRead(path)) {
+                inputs.append({memory, name, QStringLiteral("stdin")});
+        } else if (const std::optional<Problem> problem = CannotRead(input)) {
             problems->append(*problem);
-        } else if (QFileInfo(path).isDir()) {
-            const QList<Input> files = FilesOfFolder(path, extensions);
-            if (files.isEmpty())
-                problems->append({path, 0,
-                                  Texts::tr("holds no *.%1 file").arg(extensions.join(QLatin1String(", *."))),
-                                  Texts::tr("name the files themselves if they are called otherwise")});
-            inputs += files;
+        } else if (QFileInfo(input.path).isDir()) {
+            inputs += FilesOfFolder(input, extensions, problems);
         } else {
-            inputs.append({path, path, QFileInfo(path).fileName()});
+            inputs.append(input);
         }
     }
     return inputs;

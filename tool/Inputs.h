@@ -2,6 +2,7 @@
 
 #include "Problem.h"
 
+#include <QtCore/QByteArray>
 #include <QtCore/QList>
 #include <QtCore/QSet>
 #include <QtCore/QString>
@@ -22,7 +23,8 @@ struct Input {
 
 /// The files that the command line means: files as they are, folders with all their files of the wanted
 /// extensions (searched to the bottom, in the order of their names), "-" for standard input. Pipes
-/// are read to their end at once and kept in memory. What is not there becomes a problem.
+/// are read to their end at once and kept in memory. What is not there or cannot be read becomes a problem. A
+/// name that is no UTF-8 is opened by another one that Qt can handle.
 QList<Input> ExpandInputs(const std::vector<std::string>& arguments, const QStringList& extensions,
                           QList<Problem>* problems);
 
@@ -36,6 +38,11 @@ public:
 private:
     QSet<QString> m_paths;
 };
+
+/// Whether Qt can open a file by this name.
+bool IsUtf8(const QByteArray& name);
+/// A file name for people, with bytes that are no UTF-8 as "\xe4".
+QString ReadableName(const QByteArray& name);
 
 /// A path of the command line.
 QString PathOf(const std::string& argument);

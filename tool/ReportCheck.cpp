@@ -1,10 +1,12 @@
 #include "ReportCheck.h"
 
+#include "PlainFile.h"
 #include "ReportParts.h"
 #include "Texts.h"
 
 #include "import/ReportDocument.h"
 #include "import/ReportStructure.h"
+#include "import/XmlProlog.h"
 
 #include <ZYNCommon/TestComponent.h>
 #include <ZYNCommon/TestMeasurement.h>
@@ -15,7 +17,6 @@
 #include <ZYNCommon/ValidationInterface.h>
 #include <ZYNPersistence/CImportServiceReport.h>
 
-#include <QtCore/QFile>
 #include <QtCore/QSet>
 #include <QtCore/QXmlStreamReader>
 
@@ -29,30 +30,44 @@ namespace {
 struct Place {
     qint64 line;
     qint64 column;
+    QString name;
     bool hasLimits; // a measurement without limits is read with those of the one before it
 };
 
-// The places of all components in the order of the document, which is the order of the model.
-QList<Place> PlacesOf(const QString& path)
+struct Places {
+    QList<Place> components;
+    QList<bool> runs; // whether each has a program; one that has none is read with an empty one
+};
+
+void TakeElement(const QXmlStreamReader& reader, bool inParameter, Places* places)
 {
-    QList<Place> places;
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    const QStringView name = reader.name();
+    const bool isProgram = name == QLatin1String("Testprogram");
+    if (name == QLatin1String("TestResultSet"))
+        places->runs.append(false);
+    else if (isProgram && !places->runs.isEmpty())
+        places->runs.last() = true;
+    if (name == QLatin1String("Limits") && !inParameter && !places->components.isEmpty())
+        places->components.last().hasLimits = true;
+    if (isProgram || name == QLatin1String("TestGroup") || name == QLatin1String("TestStep") ||
+        name == QLatin1String("TestMeasurement"))
+        places->components.append({reader.lineNumber(), reader.columnNumber(),
+                                   reader.attributes().value(QLatin1String("Name")).toString(), false});
+}
+
+// The places of all components in the order of the document, which is the order of the model.
+Places PlacesOf(const QByteArray& document)
+{
+    Places places;
+    QXmlStreamReader reader(document);
+    if (!XmlProlog::MoveToRoot(reader, document))
         return places;
-    QXmlStreamReader reader(&file);
     bool inParameter = false;
-    while (!reader.atEnd()) {
-        const QXmlStreamReader::TokenType token = reader.readNext();
-        const QStringView name = reader.name();
-        if (name == QLatin1String("TestParameter"))
-            inParameter = token == QXmlStreamReader::StartElement;
-        else if (token == QXmlStreamReader::StartElement && name == QLatin1String("Limits") && !inParameter &&
-                 !places.isEmpty())
-            places.last().hasLimits = true;
-        else if (token == QXmlStreamReader::StartElement &&
-                 (name == QLatin1String("Testprogram") || name == QLatin1String("TestGroup") ||
-                  name == QLatin1String("TestStep") || name == QLatin1String("TestMeasurement")))
-            places.append({reader.lineNumber(), reader.columnNumber(), false});
+    for (; !reader.atEnd(); reader.readNext()) {
+        if (reader.name() == QLatin1String("TestParameter"))
+            inParameter = reader.isStartElement();
+        else if (reader.isStartElement())
+            TakeElement(reader, inParameter, &places);
     }
     return places;
 }
@@ -60,28 +75,49 @@ QList<Place> PlacesOf(const QString& path)
 // Compares every verdict with what it should follow from.
 class VerdictCheck {
 public:
-    VerdictCheck(const QList<Place>& places, QList<Finding>* findings)
+    VerdictCheck(const Places& places, QList<Finding>* findings)
         : m_places(places)
         , m_findings(findings)
     {
     }
 
-    void Check(const UUTTest* test)
+    // \return false when the document has other components than the test, so that no place is certain;
+    // nothing was
+    //         found then
+    bool Check(const UUTTest* test)
     {
-        for (const TestResultSet* const run : test->GetResultSets())
-            if (run->GetTestProgram())
-                CheckPart(run, PartOf(run, run->GetTestProgram().data()));
-        for (const QSharedPointer<UUTTest>& item : test->GetUUTTests())
-            Check(item.data());
+        CheckUnit(test);
+        const bool fits = m_fits && m_next == m_places.components.size() && m_nextRun == m_places.runs.size();
+        if (fits)
+            *m_findings += m_found;
+        return fits;
     }
 
 private:
+    void CheckUnit(const UUTTest* test)
+    {
+        for (const TestResultSet* const run : test->GetResultSets())
+            if (HasProgram())
+                CheckPart(run, PartOf(run, run->GetTestProgram().data()));
+        for (const QSharedPointer<UUTTest>& item : test->GetUUTTests())
+            CheckUnit(item.data());
+    }
+
+    // Whether the next run has a program in the document.
+    bool HasProgram()
+    {
+        m_fits = m_fits && m_nextRun < m_places.runs.size();
+        return m_fits && m_places.runs.at(m_nextRun++);
+    }
+
     // Four levels deep at most: program, group, step, measurement.
     void CheckPart(const TestResultSet* run, const Part& part)
     {
-        if (m_next >= m_places.size())
+        m_fits = m_fits && m_next < m_places.components.size() &&
+                 m_places.components.at(m_next).name == part.component->GetName();
+        if (!m_fits)
             return;
-        const Place place = m_places.at(m_next++);
+        const Place& place = m_places.components.at(m_next++);
         if (place.hasLimits && part.result && qobject_cast<const TestMeasurement*>(part.component))
             CheckLimits(part, place);
         for (const Part& child : ChildrenOf(run, part, false)) {
@@ -112,12 +148,15 @@ private:
 
     void Add(const Place& place, bool isError, const QString& what)
     {
-        m_findings->append({isError, place.line, place.column, what});
+        m_found.append({isError, place.line, place.column, what});
     }
 
-    const QList<Place>& m_places;
+    const Places& m_places;
     QList<Finding>* m_findings;
+    QList<Finding> m_found;
     qsizetype m_next = 0;
+    qsizetype m_nextRun = 0;
+    bool m_fits = true;
 };
 
 Finding FromImport(const ImportFinding& finding)
@@ -129,15 +168,18 @@ Finding FromImport(const ImportFinding& finding)
 
 QList<Finding> CheckReport(const QString& path)
 {
+    const PlainFile file(path);
     CImportServiceReport service;
-    service.SetInputFileName(path);
+    service.SetInputFileName(file.GetPath());
     UUTTest test(0, QString());
     QString readError; // the import tells it
-    const std::optional<QByteArray> bytes = ReportDocument::Read(path, &readError);
+    const std::optional<QByteArray> bytes = ReportDocument::Read(file.GetPath(), &readError);
     if (!bytes || !service.Import(&test))
         return {{.text = Texts::tr("cannot be read")}};
 
     QList<Finding> findings;
+    if (!file.GetProblem().isEmpty())
+        findings.append({.text = file.GetProblem()});
     QSet<qint64> linesOutOfOrder;
     for (const ImportFinding& fault : ReportStructure::Faults(*bytes)) {
         findings.append(FromImport(fault));
@@ -147,10 +189,13 @@ QList<Finding> CheckReport(const QString& path)
     for (const ImportFinding& finding : service.GetFindings())
         if (!finding.isError || !linesOutOfOrder.contains(finding.line))
             findings.append(FromImport(finding));
-    const auto isError = [](const Finding& finding) { return finding.isError; };
-    // Where something was skipped, places and components no longer go together.
-    if (std::none_of(findings.begin(), findings.end(), isError))
-        VerdictCheck(PlacesOf(path), &findings).Check(&test);
+    const bool isWhole = std::none_of(findings.begin(), findings.end(),
+                                      [](const Finding& finding) { return finding.isError; });
+    if (!VerdictCheck(PlacesOf(*bytes), &findings).Check(&test))
+        findings.append(
+            {.isError = isWhole,
+             .text = Texts::tr("verdicts and values could not be compared: the components that were read "
+                               "are not those of the file")});
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& left, const Finding& right) { return left.line < right.line; });
     return findings;

@@ -1,6 +1,7 @@
 #include "ReportFile.h"
 
 #include "FileKind.h"
+#include "PlainFile.h"
 #include "Texts.h"
 
 #include <ZYNCommon/UUTTest.h>
@@ -8,9 +9,24 @@
 
 #include <QtCore/QFile>
 
-#include <algorithm>
+#include <utility>
 
 namespace ZYN::Tool {
+
+namespace {
+
+// Why the file that was read is no complete report, and in which line.
+std::optional<std::pair<qint64, QString>> Fault(const PlainFile& file, const CImportServiceReport& service)
+{
+    if (!file.GetProblem().isEmpty())
+        return std::pair(qint64(0), file.GetProblem());
+    for (const ImportFinding& finding : service.GetFindings())
+        if (finding.isError)
+            return std::pair(finding.line, finding.text);
+    return std::nullopt;
+}
+
+} // namespace
 
 std::unique_ptr<UUTTest> ReadReport(const QString& path, const QString& name, std::optional<Problem>* problem)
 {
@@ -33,21 +49,25 @@ std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& n
 {
     auto test = std::make_unique<UUTTest>(0, QString());
     CImportServiceReport service;
-    service.SetInputFileName(path);
+    const PlainFile file(path);
+    service.SetInputFileName(file.GetPath());
     if (!service.Import(test.get())) {
         *problem = Problem{name, 0, Texts::tr("cannot be read"), Texts::tr("check its permissions")};
         return nullptr;
     }
-    const QList<ImportFinding> findings = service.GetFindings();
-    const auto error = std::find_if(findings.begin(), findings.end(),
-                                    [](const ImportFinding& finding) { return finding.isError; });
-    if (error != findings.end()) {
-        *problem = Problem{name, error->line,
-                           Texts::tr("is no complete report: %1")
-                               .arg(error->text.chopped(error->text.endsWith(QLatin1Char('.')))),
-                           Texts::tr("zyn check lists everything that is wrong with it")};
+    if (const auto fault = Fault(file, service)) {
+        const auto& [line, text] = *fault;
+        *problem =
+            Problem{name, line,
+                    Texts::tr("is no complete report: %1").arg(text.chopped(text.endsWith(QLatin1Char('.')))),
+                    Texts::tr("zyn check lists everything that is wrong with it")};
     }
     return test;
+}
+
+QStringList ReportExtensions()
+{
+    return {QStringLiteral("zyr"), QStringLiteral("zyr.gz")};
 }
 
 bool LooksLikeReport(const QByteArray& head)

@@ -40,8 +40,10 @@ void AddResult(const Part& part, QJsonObject* object)
         object->insert(QStringLiteral("comment"), part.result->GetComment());
     if (part.HasValue()) {
         object->insert(QStringLiteral("value"), NumberOrNull(part.result->GetValue()));
-        object->insert(QStringLiteral("text"), ValueText(part.result));
-        object->insert(QStringLiteral("unit"), UnitText(part.result));
+        const QString text = ValueText(part.result);
+        const QString unit = text.isEmpty() ? QString() : UnitText(part.result);
+        object->insert(QStringLiteral("text"), unit.isEmpty() ? text : text + QLatin1Char(' ') + unit);
+        object->insert(QStringLiteral("unit"), NumberUnitText(part.result));
     }
     const QSharedPointer<ValidationInterface> validation = part.result->GetValidation();
     if (!validation)
@@ -81,14 +83,18 @@ QJsonObject RunToJson(const TestResultSet* run, bool failedOnly)
     return object;
 }
 
-QJsonObject UnitToJson(const UUTTest* test, bool failedOnly)
+// \param isComplete false for a part of a damaged report: what it says of a unit is no verdict then
+QJsonObject UnitToJson(const UUTTest* test, bool failedOnly, bool isComplete)
 {
-    QJsonObject object{{QStringLiteral("verdict"), test->GetResultString()},
-                       {QStringLiteral("code"), int(test->GetResult())},
+    const QJsonValue code = isComplete ? QJsonValue(int(test->GetResult())) : QJsonValue();
+    QJsonObject object{{QStringLiteral("verdict"), isComplete ? test->GetResultString() : IncompleteText()},
+                       {QStringLiteral("code"), code},
                        {QStringLiteral("description"), test->GetResultDescription()},
                        {QStringLiteral("start"), test->GetStartTimeString()},
                        {QStringLiteral("stop"), test->GetStopTimeString()},
                        {QStringLiteral("seconds"), double(test->GetDuration_ms()) / 1000.0}};
+    if (!isComplete)
+        object.insert(QStringLiteral("stated"), test->GetResultString());
     if (const auto unit = test->GetUnitUnderTest()) {
         object.insert(QStringLiteral("name"), unit->GetName());
         object.insert(QStringLiteral("serial"), unit->GetSerialNo());
@@ -116,11 +122,13 @@ std::optional<Problem> ReportToJson(const QString& path, const QString& name, co
     const std::unique_ptr<UUTTest> test = ReadDamagedReport(path, name, &problem);
     if (!test)
         return problem;
-    *object = UnitToJson(test.get(), options.failedOnly);
+    *object = UnitToJson(test.get(), options.failedOnly, !problem);
+    if (problem)
+        object->insert(QStringLiteral("incomplete"), TextOf({{}, problem->line, problem->what, {}}));
     QJsonArray items;
     for (const QSharedPointer<UUTTest>& item : test->GetUUTTests())
-        if (!options.failedOnly || item->GetResult() < 0)
-            items.append(UnitToJson(item.data(), options.failedOnly));
+        if (!options.failedOnly || HasFailed(item.data()))
+            items.append(UnitToJson(item.data(), options.failedOnly, !problem));
     if (!items.isEmpty())
         object->insert(QStringLiteral("items"), items);
     return problem;

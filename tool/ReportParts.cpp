@@ -4,10 +4,14 @@
 
 #include <ZYNCommon/TestComponent.h>
 #include <ZYNCommon/TestMeasurement.h>
+#include <ZYNCommon/TestProgram.h>
 #include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/TestResultSet.h>
 #include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/UUTTest.h>
 #include <ZYNCommon/ValidationInterface.h>
+
+#include <algorithm>
 
 namespace ZYN::Tool {
 
@@ -99,6 +103,19 @@ Part OnlyMeasurement(const TestResultSet* run, const Part& step)
     return PartOf(run, testStep->GetMeasurementForIndex(0).data());
 }
 
+bool HasFailed(const UUTTest* unit)
+{
+    const QList<TestResultSet*> runs = unit->GetResultSets();
+    return unit->GetResult() < 0 || std::any_of(runs.begin(), runs.end(), [](const TestResultSet* run) {
+               return run->GetTestProgram() && PartOf(run, run->GetTestProgram().data()).Failed();
+           });
+}
+
+bool HasPassedLater(const UUTTest* unit)
+{
+    return unit->GetResult() > 0 && HasFailed(unit);
+}
+
 QString ValueText(const TestResult* result)
 {
     return result->GetValueString(DisplayOf(result));
@@ -107,6 +124,14 @@ QString ValueText(const TestResult* result)
 QString UnitText(const TestResult* result)
 {
     return result->GetUnitString(DisplayOf(result), false);
+}
+
+QString NumberUnitText(const TestResult* result)
+{
+    const auto& validation = result->GetValidation();
+    const int unit = validation ? validation->GetMeasurementUnit().GetCode() : MeasurementUnit::None;
+    const bool isInDigits = unit == MeasurementUnit::Hexadecimal || unit == MeasurementUnit::Binary;
+    return isInDigits ? QString() : result->GetUnitString(nullptr, false);
 }
 
 QString LimitsText(const ValidationInterface* validation)

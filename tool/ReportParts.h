@@ -35,10 +35,17 @@ QList<Part> ChildrenOf(const TestResultSet* run, const Part& part, bool failedOn
 /// The measurement that stands for the whole step (it has the id 0), or a part without component.
 Part OnlyMeasurement(const TestResultSet* run, const Part& step);
 
+/// Whether a unit failed, in the end or in a run before the last.
+bool HasFailed(const UUTTest* unit);
+/// The same although it passed in the end.
+bool HasPassedLater(const UUTTest* unit);
+
 /// The value in its display's scale and radix, without unit.
 QString ValueText(const TestResult* result);
 /// The unit with prefix.
 QString UnitText(const TestResult* result);
+/// The unit of the number itself: without prefix, and empty for one that is shown in other digits.
+QString NumberUnitText(const TestResult* result);
 /// "4.75 … 5.25", "≤ 60", "= 2.4.1"; empty without limits.
 QString LimitsText(const ValidationInterface* validation);
 

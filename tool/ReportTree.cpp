@@ -18,6 +18,7 @@
 
 #include <QtCore/QStringList>
 
+#include <algorithm>
 #include <functional>
 
 namespace ZYN::Tool {
@@ -35,6 +36,12 @@ struct Row {
     QString duration = {};
     QString comment = {};
     bool isUnit = false;
+    bool isIncomplete = false; // a unit of a damaged report: what that says is no verdict
+
+    QString VerdictText() const
+    {
+        return isIncomplete ? IncompleteText() : TestResult::ResultToString(verdict);
+    }
 };
 
 using RowSink = std::function<void(const Row&)>;
@@ -43,8 +50,9 @@ using RowSink = std::function<void(const Row&)>;
 // widths of the columns and for printing, so that a report of any size is never held as text.
 class Walker {
 public:
-    Walker(bool failedOnly, RowSink sink)
+    Walker(bool failedOnly, bool isIncomplete, RowSink sink)
         : m_failedOnly(failedOnly)
+        , m_isIncomplete(isIncomplete)
         , m_sink(std::move(sink))
     {
     }
@@ -54,7 +62,7 @@ public:
         EmitUnit(panel, QString());
         QList<const UUTTest*> items;
         for (const QSharedPointer<UUTTest>& item : panel->GetUUTTests())
-            if (!m_failedOnly || item->GetResult() < 0)
+            if (!m_failedOnly || HasFailed(item.data()))
                 items.append(item.data());
         WalkRuns(panel, QString(), !items.isEmpty());
         for (qsizetype i = 0; i < items.size(); ++i) {
@@ -70,7 +78,10 @@ private:
 
     void EmitUnit(const UUTTest* test, const QString& branches) const
     {
-        Row row{.verdict = test->GetResult(), .branches = branches, .isUnit = true};
+        Row row{.verdict = test->GetResult(),
+                .branches = branches,
+                .isUnit = true,
+                .isIncomplete = m_isIncomplete};
         QStringList names;
         if (const auto unit = test->GetUnitUnderTest()) {
             if (unit->GetPanelIndex() > 0)
@@ -83,6 +94,9 @@ private:
         row.name = Harmless(names.isEmpty() ? Texts::tr("unknown unit") : names.join(QLatin1Char(' ')));
         row.duration = test->GetDurationStringFormated();
         row.comment = Harmless(test->GetResultDescription());
+        if (HasPassedLater(test) && !m_isIncomplete)
+            row.comment = Texts::tr("failed first, passed later") +
+                          (row.comment.isEmpty() ? QString() : QStringLiteral(" · ") + row.comment);
         m_sink(row);
     }
 
@@ -139,6 +153,7 @@ private:
     }
 
     bool m_failedOnly;
+    bool m_isIncomplete;
     RowSink m_sink;
 };
 
@@ -151,6 +166,9 @@ struct Widths {
     int unit = 0;
     int limits = 0;
     int duration = 0;
+    int longestName = 0;
+    int comment = 0;
+    int line = 0; // columns of the terminal; 0 for none
 
     static void Widen(int* width, const QString& text, int most)
     {
@@ -159,17 +177,33 @@ struct Widths {
 
     void Take(const Row& row)
     {
-        Widen(&verdict, TestResult::ResultToString(row.verdict), 16);
+        Widen(&verdict, row.VerdictText(), 16);
         Widen(&name, row.branches + row.name, 44);
+        Widen(&longestName, row.branches + row.name, 1000);
+        Widen(&comment, row.comment, 20);
         Widen(&value, row.value, 16);
         Widen(&unit, row.unit, 8);
         Widen(&limits, row.limits, 26);
         Widen(&duration, row.duration, 14);
     }
+
+    // Gives the names what a terminal has room for.
+    void FitInto(int columns)
+    {
+        constexpr int gaps = 2 + 2 + 1 + 2 + 2 + 2;
+        constexpr int leastName = 20;
+        line = columns;
+        if (line > 0)
+            name = qMin(longestName,
+                        qMax(leastName, line - gaps - verdict - value - unit - limits - duration - comment));
+    }
 };
 
-Style StyleOf(EN_ZYN_RESULT verdict)
+Style StyleOf(const Row& row)
 {
+    const EN_ZYN_RESULT verdict = row.verdict;
+    if (row.isIncomplete)
+        return Style::Odd;
     if (verdict == ZYN_RESULT_FAILED)
         return Style::Bad;
     if (verdict < 0)
@@ -179,19 +213,26 @@ Style StyleOf(EN_ZYN_RESULT verdict)
 
 void PrintRow(const Row& row, const Widths& widths)
 {
-    const bool failed = row.verdict < 0;
-    QString line =
-        Paint(PadRight(TestResult::ResultToString(row.verdict), widths.verdict), StyleOf(row.verdict));
-    line += QStringLiteral("  ") + Paint(row.branches, Style::Dim);
-    const QString name = PadRight(row.name, widths.name - Columns(row.branches));
-    line += row.isUnit ? Paint(name, Style::Bold) : failed ? Paint(name, StyleOf(row.verdict)) : name;
-    const QString value = PadLeft(row.value, widths.value);
-    line += QStringLiteral("  ") + (failed ? Paint(value, StyleOf(row.verdict)) : value);
-    line += QLatin1Char(' ') + PadRight(row.unit, widths.unit);
-    line += QStringLiteral("  ") + PadRight(row.limits, widths.limits);
-    line += QStringLiteral("  ") + Paint(PadLeft(row.duration, widths.duration), Style::Dim);
+    const Style failed = row.verdict < 0 ? StyleOf(row) : Style::Plain;
+    const int room = widths.name - Columns(row.branches);
+    const QString name = widths.line > 0 ? Cut(row.name, qMax(room, 8)) : row.name;
+    const QString gap = QStringLiteral("  ");
+    const std::pair<QString, Style> cells[] = {
+        {PadRight(row.VerdictText(), widths.verdict), StyleOf(row)},
+        {gap + row.branches, Style::Dim},
+        {PadRight(name, room), row.isUnit ? Style::Bold : failed},
+        {gap + PadLeft(row.value, widths.value), failed},
+        {QLatin1Char(' ') + PadRight(row.unit, widths.unit), Style::Plain},
+        {gap + PadRight(row.limits, widths.limits), Style::Plain},
+        {gap + PadLeft(row.duration, widths.duration), Style::Dim}};
+    QString line;
+    int columns = 0;
+    for (const auto& [text, style] : cells) {
+        line += Paint(text, style);
+        columns += Columns(text);
+    }
     if (!row.comment.isEmpty())
-        line += QStringLiteral("  ") + row.comment;
+        line += gap + (widths.line > 0 ? Cut(row.comment, widths.line - columns - 2) : row.comment);
     while (line.endsWith(QLatin1Char(' ')))
         line.chop(1);
     Print(line + QLatin1Char('\n'));
@@ -204,8 +245,17 @@ QString Listed(QStringList texts)
     return Harmless(texts.join(QStringLiteral(" · ")));
 }
 
+// Why a report has no verdict, and which one it states.
+void PrintDamage(const UUTTest* test, const Problem& problem)
+{
+    QString text = TextOf({problem.file, problem.line, problem.what, {}});
+    if (test->GetResult() != ZYN_RESULT_NOT_TESTED)
+        text += QStringLiteral("; ") + Texts::tr("it states %1").arg(test->GetResultString());
+    Print(Paint(IncompleteText(), Style::Odd) + QStringLiteral("  ") + Harmless(text) + QLatin1Char('\n'));
+}
+
 // What the test was: product and lot, then where and with which program.
-void PrintHeader(const UUTTest* test, const QString& fileName)
+void PrintHeader(const UUTTest* test, const QString& fileName, const std::optional<Problem>& problem)
 {
     Print(Paint(Harmless(fileName), Style::Bold) + QLatin1Char('\n'));
     QStringList what;
@@ -231,7 +281,17 @@ void PrintHeader(const UUTTest* test, const QString& fileName)
     for (const QString& line : {Listed(what), Listed(where)})
         if (!line.isEmpty())
             Print(line + QLatin1Char('\n'));
+    if (problem)
+        PrintDamage(test, *problem);
     Print(QStringLiteral("\n"));
+}
+
+// Whether a report has something that is shown when only what failed is wanted.
+bool HasFailedSomewhere(const UUTTest* test)
+{
+    const QList<QSharedPointer<UUTTest>> items = test->GetUUTTests();
+    return HasFailed(test) ||
+           std::any_of(items.begin(), items.end(), [](const auto& item) { return HasFailed(item.data()); });
 }
 
 } // namespace
@@ -240,12 +300,16 @@ std::optional<Problem> ShowReport(const QString& path, const QString& name, cons
 {
     std::optional<Problem> problem;
     const std::unique_ptr<UUTTest> test = ReadDamagedReport(path, name, &problem);
-    if (!test || (options.failedOnly && test->GetResult() >= 0))
+    const bool isIncomplete = problem.has_value();
+    if (!test || (options.failedOnly && !isIncomplete && !HasFailedSomewhere(test.get())))
         return problem;
     Widths widths;
-    Walker(options.failedOnly, [&](const Row& row) { widths.Take(row); }).WalkPanel(test.get());
-    PrintHeader(test.get(), name);
-    Walker(options.failedOnly, [&](const Row& row) { PrintRow(row, widths); }).WalkPanel(test.get());
+    Walker(options.failedOnly, isIncomplete, [&](const Row& row) { widths.Take(row); }).WalkPanel(test.get());
+    widths.FitInto(OutputColumns());
+    PrintHeader(test.get(), name, problem);
+    Walker(options.failedOnly, isIncomplete, [&](const Row& row) {
+        PrintRow(row, widths);
+    }).WalkPanel(test.get());
     return problem;
 }
 

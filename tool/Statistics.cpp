@@ -1,5 +1,6 @@
 #include "Command.h"
 #include "LotReader.h"
+#include "ReportFile.h"
 #include "SafeOutput.h"
 #include "Terminal.h"
 #include "Texts.h"
@@ -76,7 +77,7 @@ int Run(const Arguments& arguments, const Manners& manners)
     if (const int usage = CheckUsage(format))
         return usage;
     QList<Problem> problems;
-    const QList<Input> inputs = ExpandInputs(arguments.inputs, {QStringLiteral("zyr")}, &problems);
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, ReportExtensions(), &problems);
     SafeOutput output(PathOf(arguments.file), arguments.force);
     std::optional<Problem> failure = output.Refusal();
     if (!failure)

@@ -41,6 +41,13 @@ bool WantsColours()
     return wants;
 }
 
+// 0 when it is no terminal, or one that does not tell.
+int ColumnsOf(int descriptor)
+{
+    winsize size{};
+    return ioctl(descriptor, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+}
+
 const char* EscapeOf(Style style)
 {
     switch (style) {
@@ -96,6 +103,22 @@ int Columns(const QString& text)
     return columns;
 }
 
+QString Cut(const QString& text, int columns)
+{
+    if (Columns(text) <= columns)
+        return text;
+    QString result;
+    int used = 1; // for the ellipsis
+    for (const char32_t c : text.toUcs4()) {
+        const QString next = QStringView(QChar::fromUcs4(c)).toString();
+        used += Columns(next);
+        if (used > columns)
+            break;
+        result += next;
+    }
+    return columns > 0 ? result + QChar(0x2026) : QString();
+}
+
 QString PadRight(const QString& text, int columns)
 {
     return text + QString(qMax(0, columns - Columns(text)), QLatin1Char(' '));
@@ -148,10 +171,13 @@ bool ErrorIsTerminal()
 
 int TerminalColumns()
 {
-    winsize size{};
-    if (ioctl(STDERR_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
-        return size.ws_col;
-    return 80;
+    const int columns = ColumnsOf(STDERR_FILENO);
+    return columns > 0 ? columns : 80;
+}
+
+int OutputColumns()
+{
+    return ColumnsOf(STDOUT_FILENO);
 }
 
 } // namespace ZYN::Tool

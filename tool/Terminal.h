@@ -11,6 +11,8 @@ QString Harmless(const QString& text);
 
 /// Columns that a text takes on a terminal: none for combining characters, two for wide ones.
 int Columns(const QString& text);
+/// The text cut to a number of columns, with an ellipsis where something is missing.
+QString Cut(const QString& text, int columns);
 /// The text filled up with blanks to a number of columns.
 QString PadRight(const QString& text, int columns);
 QString PadLeft(const QString& text, int columns);
@@ -35,5 +37,7 @@ bool FlushOutput();
 bool ErrorIsTerminal();
 /// Columns of the terminal at standard error.
 int TerminalColumns();
+/// Columns of the terminal at standard output; 0 where that is none, and lines may be of any length.
+int OutputColumns();
 
 } // namespace ZYN::Tool

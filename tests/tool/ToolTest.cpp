@@ -204,6 +204,10 @@ private slots:
         QVERIFY2(lines[0].startsWith(place) && lines[0].contains("'Voltage' passed although its value is 99"),
                  lines[0]);
         QVERIFY2(lines[1].contains("'Ripple' passed although its value is 66.64 (limits ≤ 30)"), lines[1]);
+
+        // A byte that readers leave out.
+        folder->Write("b.zyr", changed.replace("<TestResults>", "\x12<TestResults>"));
+        QCOMPARE(folder->Zyn("check b.zyr").output, outcome.output);
     }
 };
 
