@@ -171,9 +171,16 @@ class Question:
         for run in runs:
             first.setdefault((self.unit(run), run.program), run)
         self.firsts = {id(run) for run in first.values()}
-        self.chosen = [run for run in runs if all(getattr(run, key) == text for key, text in filters.items()) and
-                       (since is None or instant(since)[0] <= run.start < LAST) and
-                       (until is None or run.start < instant(until)[0])]
+        self.chosen = [run for run in runs if all(text in (getattr(run, key), key == "serial" and not run.serial and run.ident)
+                                                  for key, text in filters.items()) and
+                       (since is None or (run.local and not self.before(run, since))) and
+                       (until is None or (run.local and self.before(run, until)))]
+
+    @staticmethod
+    def before(run, text):
+        """Whether a run starts before a time; one without an offset is by the tester's clock."""
+        ms, local = instant(text)
+        return run.start < ms if re.search(r"Z|[+-]\d\d:\d\d$", text) else run.local < local
 
     def unit(self, run):
         return unit_of(run, self.across_lots)
