@@ -98,7 +98,9 @@ BEGIN
   END IF;
   -- In one order for all who write, and for none who reads the months that are there.
   PERFORM pg_advisory_xact_lock(5921135);
-  IF to_regclass('run' || suffix) IS NOT NULL THEN
+  -- Asked of the table: what names stand for is cached, and waiting for this lock does not refresh it.
+  IF EXISTS (SELECT FROM pg_class WHERE relname = 'run' || suffix
+             AND relnamespace = (SELECT relnamespace FROM pg_class WHERE oid = 'run'::regclass)) THEN
     RETURN;
   END IF;
   LOCK TABLE run_other, run_values_other, failure_other IN ACCESS EXCLUSIVE MODE;
