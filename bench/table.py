@@ -12,12 +12,12 @@ HEAD = ("work", "ours ms", "floor ms", "ratio", "bar", "met", "ns/item", "MiB")
 
 
 def row(run):
-    ours = run["real_time"] * UNITS[run["time_unit"]]
+    ours = run.get("real_time", 0) * UNITS[run.get("time_unit", "ms")]
     ratio, bar = run.get("ratio"), run.get("bar")
     return (
         run["name"].removesuffix("/manual_time").replace("/iterations:", " x"),
-        f"{ours:.1f}",
-        f"{ours / ratio:.1f}" if ratio else "",
+        f"{ours:.1f}" if ours else "",
+        f"{ours / ratio:.1f}" if ours and ratio else "",
         f"{ratio:.2f}" if ratio else "",
         f"{bar:.1f}" if bar else "",
         ("yes" if ratio <= bar else "NO") if ratio and bar else "",
