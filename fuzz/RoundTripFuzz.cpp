@@ -42,7 +42,7 @@ void CheckLotFile(QByteArray bytes)
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     const LotFiles::Contents contents = LotFiles::Read(&buffer);
-    Require(contents.findings.isEmpty(), "a lot file is good", contents.Faults());
+    Require(contents.Faults().isEmpty(), "a lot file is good", contents.Faults());
 }
 
 /// A layout takes as long as a hundred other reports.

@@ -33,6 +33,7 @@ def value(rng, name):
                               "high": spec["middle"] + width}
     elif kind != "text":
         code = {"hex": 25, "binary": 26}.get(kind, 0)
+        sides = sides or ((None, None) if code else None)  # the digits' base is told with the limits
         if sides:
             spec["limits"] = {"unit": (code, 0, ""), "low": 1, "high": 2**60 if kind == "huge" else 200}
     else:

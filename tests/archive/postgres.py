@@ -7,6 +7,7 @@
 FOLDER keeps where it is. Python tests use Server; C++ tests include archive/Server.h and are started by ctest with
 the fixture archive_server. The superuser `zyn` needs no password: who can enter the socket's folder may connect.
 """
+import contextlib
 import glob
 import os
 import pathlib
@@ -55,8 +56,8 @@ class Server:
 
     def create(self):
         if os.geteuid() == 0:
-            known = {entry.pw_name: entry for entry in pwd.getpwall()}
-            user = known.get("postgres") or known["nobody"]
+            users = {entry.pw_name: entry for entry in pwd.getpwall()}
+            user = users.get("postgres") or users["nobody"]
             os.chown(self.folder, user.pw_uid, user.pw_gid)
         self.run("initdb", "--no-sync", "-A", "trust", "-U", "zyn", "-E", "UTF8", "--locale=C.UTF-8", "-D", self.data)
         with open(self.data + "/postgresql.conf", "a", encoding="utf-8") as settings:
@@ -91,11 +92,23 @@ class Server:
         return self.url(name)
 
 
-def main(command, folder):
+def known(folder):
+    """The server that was started for a folder."""
     note = pathlib.Path(folder, "where")
-    old = Server.__new__(Server)
-    old.folder = note.read_text(encoding="utf-8") if note.exists() else ""
-    old.data = old.folder + "/data"
+    server = Server.__new__(Server)
+    server.folder = note.read_text(encoding="utf-8") if note.exists() else ""
+    server.data = server.folder + "/data"
+    return server
+
+
+def at_hand():
+    """The server of the test run, else one of its own; for `with`."""
+    folder = os.environ.get("ZYN_TEST_SERVER")
+    return contextlib.nullcontext(known(folder)) if folder else Server()
+
+
+def main(command, folder):
+    note, old = pathlib.Path(folder, "where"), known(folder)
     if command == "database":
         print(old.database())
         return

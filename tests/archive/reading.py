@@ -133,7 +133,8 @@ def runs_of(path):
             run.start, run.local = instant(run.start_text)
             run.run_index = run_index
             said = [(c.identity, c.code, c.text, vars(c.limits) if c.limits else None) for c in run.components]
-            run.content = repr([run.station, run.ident, run.code, run.test_index, machine and properties(
+            duration = properties(verdict if verdict is not None else element.find("UUTTest"))["Duration"]
+            run.content = repr([run.station, run.ident, run.code, run.test_index, duration, machine and properties(
                 root.find("TestEnvironment"))["User"], panel if element is not root else "", said])
             run.key = (unit_of(run, False), run.program, run.start_text, run.run_index, run.position)
             if not (run.serial or run.ident):
@@ -151,13 +152,25 @@ def unit_of(run, across_lots):
 
 def read(folder):
     """The current runs of all reports, each content once, in order of time."""
+    return versions_in(folder)[0]
+
+
+def counts_of(folder):
+    """What became of the runs of a folder that is put into an empty archive."""
+    return versions_in(folder)[1]
+
+
+def versions_in(folder):
     paths = sorted(os.path.join(place, name) for place, _, names in os.walk(folder) for name in names)
-    contents, order = defaultdict(dict), itertools.count()
+    contents, order, counts = defaultdict(dict), itertools.count(), Counter(added=0, present=0, revised=0)
     for path in paths:
         for run in runs_of(path):
-            contents[run.key].setdefault(run.content, (next(order), run))
+            known = contents[run.key]
+            counts["present" if run.content in known else "revised" if known else "added"] += 1
+            known.setdefault(run.content, (next(order), run))
     current = [list(versions.values())[-1] for versions in contents.values()]
-    return [run for *_, run in sorted((run.start, run.run_index, run.test_index, order, run) for order, run in current)]
+    found = sorted((run.start, run.run_index, run.test_index, order, run) for order, run in current)
+    return [run for *_, run in found], dict(counts)
 
 
 # What questions have in common.
@@ -328,14 +341,17 @@ def step_of(values):
     return p, scores.index(best) + 1 if scores else 0
 
 
+def moving_sigma(values):
+    return sum(abs(a - b) for a, b in zip(values, values[1:])) / (len(values) - 1) / 1.128 if len(values) > 1 else 0
+
+
 def rules_of(values):
     """(rule, index where it began) of Nelson's rules 1, 2 and 3."""
     n, hits = len(values), []
     if n < 2:
         return hits
     exact = [fractions.Fraction(value) for value in values]
-    mean = sum(exact) / n
-    sigma = sum(abs(a - b) for a, b in zip(exact, exact[1:])) / (n - 1) / fractions.Fraction("1.128")
+    mean, sigma = sum(exact) / n, moving_sigma(exact)
     tests = {1: (1, lambda part: abs(part[0] - mean) > 3 * sigma > 0),
              2: (9, lambda part: abs(sum(sign(one - mean) for one in part)) == 9),
              3: (6, lambda part: abs(sum(sign(b - a) for a, b in zip(part, part[1:]))) == 5)}
@@ -353,16 +369,19 @@ def holm(ps):
     return [corrected[index] for index in range(len(ps))]
 
 
-def drift_of(values, trend, step, behind):
-    """(kind, p, sigmas, index where it began) or None; trend and step are corrected p."""
-    sigma, found, tenth = sigma_of(values), [], max(1, len(values) // 10)
+def drift_of(values, ps, corrected, behind):
+    """(kind, p, sigmas, index where it began) or None, from the p of trend and step as they are and corrected.
+
+    Sigma is that of the moving range: the usual one holds the drift itself.
+    """
+    sigma, found, tenth = moving_sigma(values), [], max(1, len(values) // 10)
     if sigma > 0:
-        for kind, p, size, index in (
-                ("trend", trend, (mean_of(values[-tenth:]) - mean_of(values[:tenth])) / sigma, 0),
-                ("step", step, (mean_of(values[behind:]) - mean_of(values[:behind])) / sigma, behind)):
+        for kind, raw, p, before, after, index in (("trend", ps[0], corrected[0], values[:tenth], values[-tenth:], 0),
+                                                   ("step", ps[1], corrected[1], values[:behind], values[behind:], behind)):
+            size = (mean_of(after) - mean_of(before)) / sigma if before else 0
             if p < 0.01 and abs(size) >= 0.5:
-                found.append((kind, p, size, index))
-    return min(found, key=lambda one: one[1], default=None)
+                found.append((raw, (kind, p, size, index)))
+    return min(found, default=(None, None))[1]
 
 
 def ask_measure(question, names=(), with_values=False):
@@ -397,7 +416,7 @@ def ask_measure(question, names=(), with_values=False):
         rows.append((row, values, behind, place))
     corrected = holm(tests)
     for index, (row, values, behind, place) in enumerate(rows):
-        drift = drift_of(values, corrected[2 * index], corrected[2 * index + 1], behind)
+        drift = drift_of(values, *(one[2 * index:2 * index + 2] for one in (tests, corrected)), behind)
         if drift:
             row["drift"] = {"kind": drift[0], "p": drift[1], "sigmas": drift[2], "since": place(drift[3])}
     wanted = [row for row, *_ in rows if not names or row["path"] in names or row["ident"] in names or
