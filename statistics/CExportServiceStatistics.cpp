@@ -70,6 +70,11 @@ bool CExportServiceStatistics::OutputComplete() const
     return d->OutputComplete();
 }
 
+QString CExportServiceStatistics::GetOutputError() const
+{
+    return d->OutputError();
+}
+
 QString CExportServiceStatistics::FileNameFilter()
 {
     return QStringLiteral("CSV %1 (*.csv);;XML %1 (*.xml)").arg(QObject::tr("File"));

@@ -45,6 +45,11 @@ bool CExportServiceTestPlan::OutputComplete() const
     return d->OutputComplete();
 }
 
+QString CExportServiceTestPlan::GetOutputError() const
+{
+    return d->OutputError();
+}
+
 QString CExportServiceTestPlan::FileNameFilter()
 {
     return QStringLiteral("%1 (*.tpl)").arg(QObject::tr("Testplan File"));

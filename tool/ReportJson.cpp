@@ -93,7 +93,7 @@ QJsonObject UnitToJson(const UUTTest* test, bool failedOnly, bool isComplete)
                        {QStringLiteral("start"), test->GetStartTimeString()},
                        {QStringLiteral("stop"), test->GetStopTimeString()},
                        {QStringLiteral("seconds"), double(test->GetDuration_ms()) / 1000.0}};
-    if (!isComplete)
+    if (!isComplete && test->GetResult() != ZYN_RESULT_NOT_TESTED)
         object.insert(QStringLiteral("stated"), test->GetResultString());
     if (const auto unit = test->GetUnitUnderTest()) {
         object.insert(QStringLiteral("name"), unit->GetName());

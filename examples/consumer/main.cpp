@@ -14,6 +14,7 @@ int main()
     report.SetOutputFileName("SN-1042.zyr");
     if (report.Export(&test) && report.OutputComplete())
         return 0;
-    qCritical("SN-1042.zyr: %ls", qUtf16Printable(report.GetErrorText()));
+    // The one tells why it could not start, the other why not everything was written.
+    qCritical("SN-1042.zyr: %ls", qUtf16Printable(report.GetErrorText() + report.GetOutputError()));
     return 1;
 }

@@ -36,6 +36,8 @@ public:
     QString GetErrorText() const;
     /// Whether the last export ran to its end and every byte reached the device.
     bool OutputComplete() const;
+    /// Why the output of an export that could start is not complete, as far as that is known; else empty.
+    QString GetOutputError() const;
     /// Filters for a file dialog, translated.
     static QString FileNameFilter();
 

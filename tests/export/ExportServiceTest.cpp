@@ -160,6 +160,25 @@ private slots:
         QVERIFY(service.OutputComplete());
     }
 
+    void OutputErrorIsWhatTheDeviceSays_data()
+    {
+        const Rows<> row;
+        for (const char* format : {"XML", "CSV", "TXT", "HTML", "JSON"})
+            row(format);
+    }
+    void OutputErrorIsWhatTheDeviceSays()
+    {
+        CExportServiceReport service;
+        service.SetFormat(QTest::currentDataTag());
+        UUTTest test(1, "test");
+        for (const auto& [fileName, says] :
+             {std::pair(QString("/dev/full"), "No space left on device"), {Path("good"), ""}}) {
+            service.SetOutputFileName(fileName);
+            QVERIFY(service.Export(&test));
+            QCOMPARE(service.GetErrorText() + service.GetOutputError(), QString(says));
+        }
+    }
+
     void ExceptionsStayInside()
     {
         CExportServicePrivate service;
