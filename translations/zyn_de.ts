@@ -266,6 +266,45 @@
         <source>Only TestPlan file versions 2.0.0 and 3.0.0 are supported</source>
         <translation>Nur die Versionen 2.0.0 und 3.0.0 von TestPlan-Dateien werden unterstützt</translation>
     </message>
+    <message>
+        <source>The document is not in the encoding that it names: %1</source>
+        <translation>Das Dokument ist nicht in der Kodierung, die es nennt: %1</translation>
+    </message>
+    <message>
+        <source>Documents that declare attributes are not supported</source>
+        <translation>Dokumente, die Attribute deklarieren, werden nicht unterstützt</translation>
+    </message>
+    <message>
+        <source>The start tag in line %1 has more than %2 attributes</source>
+        <translation>Das Start-Tag in Zeile %1 hat mehr als %2 Attribute</translation>
+    </message>
+    <message>
+        <source>its texts hold more than %1 HTML elements inside each other</source>
+        <translation>seine Texte enthalten mehr als %1 ineinander liegende HTML-Elemente</translation>
+    </message>
+    <message>
+        <source>a text holds HTML tables more than %1 deep inside each other</source>
+        <translation>ein Text enthält mehr als %1 ineinander liegende HTML-Tabellen</translation>
+    </message>
+    <message>
+        <source>it has more than %1 tables</source>
+        <translation>er hat mehr als %1 Tabellen</translation>
+    </message>
+    <message>
+        <source>a text holds an HTML table of more than %1 columns</source>
+        <translation>ein Text enthält eine HTML-Tabelle mit mehr als %1 Spalten</translation>
+    </message>
+    <message>
+        <source>a text has more than %1 characters without a blank</source>
+        <translation>ein Text hat mehr als %1 Zeichen ohne ein Leerzeichen</translation>
+    </message>
+</context>
+<context>
+    <name>Texts</name>
+    <message>
+        <source>Examples:</source>
+        <translation type="unfinished">Beispiele:</translation>
+    </message>
 </context>
 <context>
     <name>stdf</name>
@@ -572,6 +611,36 @@
     <message>
         <source>the file ends inside a record: %1, %2 of %3 bytes</source>
         <translation>die Datei endet in einem Datensatz: %1, %2 von %3 Bytes</translation>
+    </message>
+    <message>
+        <source>so many sites and bins that the counts of bins are not compared</source>
+        <translation>so viele Plätze und Bins, dass die Anzahlen der Bins nicht verglichen werden</translation>
+    </message>
+    <message>
+        <source>the rest of the file is zero bytes, as a power loss leaves them; the next part that is added goes over them</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n records have texts beyond ASCII, first %1: they are read as Latin-1, and some other readers give up on them</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and more: %n remarks in all</source>
+        <translation>
+            <numerusform>und mehr: insgesamt %n Hinweis</numerusform>
+            <numerusform>und mehr: insgesamt %n Hinweise</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>and %1 records of more tests</source>
+        <translation>und %1 Sätze weiterer Tests</translation>
+    </message>
+    <message>
+        <source>and %1 more bins and counts</source>
+        <translation>und %1 weitere Bins und Anzahlen</translation>
     </message>
 </context>
 <context>
@@ -1295,10 +1364,6 @@ kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</tra
         <translation>siehe %1 --help</translation>
     </message>
     <message>
-        <source>Examples:</source>
-        <translation>Beispiele:</translation>
-    </message>
-    <message>
         <source>FILE</source>
         <translation>DATEI</translation>
     </message>
@@ -1329,6 +1394,260 @@ kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</tra
     <message>
         <source>what can be read was shown; zyn check finds all that is wrong</source>
         <translation>was lesbar ist, wurde gezeigt; zyn check findet alles, was falsch ist</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; names no archive</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>name a file that ends in .zya, or postgresql://USER@HOST/DATABASE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: a new archive</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>runs: %1 added, %2 there already, %3 revised; inputs that failed: %4</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 archive, version %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>runs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1, and %2 that were replaced</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 of %2 products in %3 lots</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>time</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 to %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>values</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: is up to date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File that ends in .zya, or postgresql://USER@HOST:PORT/DATABASE</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Keep results in a database that answers questions</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Make a new, empty archive</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The database of a server must be there already, and be empty. A password is taken
+from ~/.pgpass.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Put the runs of reports into an archive</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is there already is not added again. Of a run that is there with another content
+the later one counts; the other is kept.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Say what an archive holds</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>For programs: one JSON object</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Bring the tables of an older archive up to date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>files are written as they are, not compressed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>leave .gz away, and compress the file afterwards</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>would take too long as PDF: %1</source>
+        <translation>würde als PDF zu lange dauern: %1</translation>
+    </message>
+    <message>
+        <source>convert it to HTML</source>
+        <translation>in HTML umwandeln</translation>
+    </message>
+    <message>
+        <source>STDF: add also parts that stand in the lot already</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>its name is no UTF-8</source>
+        <translation>sein Name ist kein UTF-8</translation>
+    </message>
+    <message>
+        <source>rename it, or name it on the command line</source>
+        <translation>umbenennen oder auf der Befehlszeile angeben</translation>
+    </message>
+    <message>
+        <source>is a device or a pipe</source>
+        <translation>ist ein Gerät oder eine Pipe</translation>
+    </message>
+    <message>
+        <source>name it on the command line</source>
+        <translation>auf der Befehlszeile angeben</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs are copies of runs read before; they count once</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs differ from what was read before, and replace it</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>the name of the lot, product type or machine goes beyond ASCII or is very long, so that %2 is not recognised as the lot of %1: its part is in %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%2 is cut off or damaged before it says which lot it is: the part of %1 is in %3</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n units gave no part, first in %1: %2</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1: %2 goes beyond ASCII; STDF has it as Latin-1, and some readers give up on it</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message numerus="yes">
+        <source>%n parts stand there already and are left out; --again adds them all the same</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>no test program ran</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no measurement has a result</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>no measurement is meant for reports (--all adds them)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is compressed, so no part can be added</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unpack it first (gunzip), or choose another name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>is no STDF file, so no part can be added</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>choose another name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is not enough memory to decompress it</source>
+        <translation>der Speicher reicht nicht, um sie zu entpacken</translation>
+    </message>
+    <message>
+        <source>it becomes more than %1 times larger when it is decompressed</source>
+        <translation>sie wird beim Entpacken mehr als %1-mal größer</translation>
+    </message>
+    <message>
+        <source>verdicts and values could not be compared: the components that were read are not those of the file</source>
+        <translation>Urteile und Werte konnten nicht verglichen werden: die gelesenen Komponenten sind nicht die der Datei</translation>
+    </message>
+    <message>
+        <source>is no XML report but another kind of file: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>give XML reports (.zyr); zyn show and zyn check read this one</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>failed first, passed later</source>
+        <translation>zuerst durchgefallen, später bestanden</translation>
+    </message>
+    <message>
+        <source>it states %1</source>
+        <translation>sie nennt %1</translation>
+    </message>
+    <message>
+        <source>column %1: %2</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>an archive cannot be asked together with other inputs</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>put them into it with zyn archive add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>there is no run in what was read</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>name reports of units</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>somebody removed or replaced its temporary file while it was written</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>try again, or choose a folder that only you can write to</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 </TS>

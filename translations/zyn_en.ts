@@ -59,6 +59,20 @@
             <numerusform>%1: the count of bin %2 is %3, only %n parts are in it</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n records have texts beyond ASCII, first %1: they are read as Latin-1, and some other readers give up on them</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and more: %n remarks in all</source>
+        <translation>
+            <numerusform>and more: %n remark in all</numerusform>
+            <numerusform>and more: %n remarks in all</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>zyn</name>
@@ -116,6 +130,34 @@
         <translation>
             <numerusform>test plan, %n component</numerusform>
             <numerusform>test plan, %n components</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs are copies of runs read before; they count once</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %n runs differ from what was read before, and replace it</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n units gave no part, first in %1: %2</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n parts stand there already and are left out; --again adds them all the same</source>
+        <translation type="unfinished">
+            <numerusform></numerusform>
+            <numerusform></numerusform>
         </translation>
     </message>
 </context>
