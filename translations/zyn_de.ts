@@ -1615,7 +1615,7 @@ the later one counts; the other is kept.</source>
     </message>
     <message>
         <source>failed first, passed later</source>
-        <translation>zuerst durchgefallen, später bestanden</translation>
+        <translation>zuerst nicht bestanden, später bestanden</translation>
     </message>
     <message>
         <source>it states %1</source>
