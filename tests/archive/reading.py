@@ -125,7 +125,7 @@ def runs_of(path):
             run = Record(product=unit.get("ProductType") or panel.get("ProductType", ""), lot=lot,
                          serial=unit.get("SerialNo", ""), ident=unit.get("Ident", ""),
                          is_panel=element is root and bool(items), start_text=test["TestTime"] or panel_start,
-                         station=machine or properties(one).get("StationDescription") or panel_station,
+                         station=machine or properties(one).get("StationDescription") or (panel_station if ordinal else ""),
                          program=program.get("Name") if program is not None else "",
                          position=int(unit.get("PanelIndex", 0)) or ordinal if ordinal else None,
                          code=int(verdict.get("Code") if verdict is not None else test["Result"]),
