@@ -23,12 +23,12 @@ import reading
 GROUPS = ["product", "lot", "station", "program", "position", "hour", "day", "week", "month"]
 
 
-def zyn(*arguments):
+def zyn(*arguments, code=0):
     """What a command answers, as a list of objects."""
     as_json = ["--json"] if arguments[:2] != ("archive", "create") else []
     done = subprocess.run([sys.argv[1], *arguments, *as_json], capture_output=True, text=True, check=False,
                           env={**os.environ, "LC_ALL": "C.UTF-8"})
-    if done.returncode or "Sanitizer" in done.stderr:
+    if done.returncode != code or "Sanitizer" in done.stderr:
         raise RuntimeError(f"exit code {done.returncode}: zyn {' '.join(arguments)}\n{done.stdout}{done.stderr}")
     return [json.loads(line) for line in done.stdout.splitlines()]
 
@@ -103,10 +103,10 @@ def difference(found, expected, place=""):
     return next(filter(None, (difference(one, other, where) for where, one, other in pairs)), None)
 
 
-def compare(source, question):
+def compare(source, question, code=0):
     before, behind, expected, sort = question
     arguments = [*before, source, *behind]
-    found = zyn(*arguments)
+    found = zyn(*arguments, code=code)
     if sort and [row for row in found if "group" not in row] != sorted((r for r in found if "group" not in r), key=sort):
         raise RuntimeError(f"not sorted: zyn {' '.join(arguments)}")
     if before[0] != "history":
@@ -149,9 +149,13 @@ def check(seed, server):
         if where:
             raise RuntimeError(f"zyn archive add {archive}: {where}")
     asked = list(questions(rng, runs))
+    broken = rng.random() < 0.3
+    if broken:  # is named, and the others are answered for
+        with open(folder + "/torn.zyr", "w", encoding="utf-8") as file_:
+            file_.write("<TestReport Version='1.4.0'><UUTTest>")
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        for _ in pool.map(lambda pair: compare(*pair), [(source, one) for one in asked for source in sources]):
-            pass
+        list(pool.map(lambda pair: compare(*pair, code=int(broken and pair[0] == folder)),
+                      [(source, one) for one in asked for source in sources]))
     for path in (folder, folder + ".pieces"):
         shutil.rmtree(path)
     for suffix in ("", "-wal", "-shm"):
