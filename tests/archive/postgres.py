@@ -13,6 +13,7 @@ import os
 import pathlib
 import pwd
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -30,6 +31,7 @@ class Server:
         self.data = self.folder + "/data"
 
     def __enter__(self):
+        signal.signal(signal.SIGTERM, lambda *_: sys.exit("terminated"))  # and so through __exit__
         self.create()
         return self
 
