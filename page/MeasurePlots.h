@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QtCore/QRectF>
+#include <QtCore/QString>
+
+#include <optional>
+#include <vector>
+
+class QPainter;
+
+namespace ZYN::Page {
+
+/// What the plots of one measurement show. Values are in the base unit, in order of time.
+struct MeasureData {
+    QString unit;
+    std::optional<double> lower, upper, mean, sigma;
+    std::vector<double> values;
+    std::vector<bool> good; ///< as long as the values
+    /// Something began at this value: a number for it, and what it is called.
+    struct Mark {
+        std::size_t index = 0;
+        QString text;
+    };
+    std::vector<Mark> marks;
+};
+
+/// How often which value was measured, with limits and the normal distribution of the same mean and sigma.
+void DrawHistogram(QPainter& painter, const QRectF& area, const MeasureData& data);
+/// The values in order of time with limits and mean. Where more values than pixels stand side by side, each
+/// column of pixels shows the range of its values, and failed ones one by one.
+void DrawTrend(QPainter& painter, const QRectF& area, const MeasureData& data);
+
+} // namespace ZYN::Page
