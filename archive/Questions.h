@@ -19,22 +19,31 @@ namespace ZYN {
 
 class Archive;
 
+/// A point in time that runs are chosen by.
+struct TimeBound {
+    std::int64_t at = 0; ///< ms since 1970
+    /// Compared with what the tester's clock showed, as days and hours are: the time stands without an
+    /// offset. Else in UTC.
+    bool byTesterClock = false;
+};
+
 /// Which runs a question is about; an empty text or list means all.
 struct RunFilter {
-    QString product, lot, station, program, serial;
-    std::optional<std::int64_t> since; ///< ms since 1970, UTC; runs that start then or later
-    std::optional<std::int64_t> until; ///< runs that start before
-    bool acrossLots = false;           ///< a serial of one product in several lots is one unit
+    QString product, lot, station, program;
+    QString serial;                 ///< that of the unit or panel, else its ident
+    std::optional<TimeBound> since; ///< runs that start then or later
+    std::optional<TimeBound> until; ///< runs that start before
+    bool acrossLots = false;        ///< a serial of one product in several lots is one unit
 };
 
 enum class GroupBy { Product, Lot, Station, Program, Position, Site, Wafer, Bin, Hour, Day, Week, Month };
 
 /// Names and values of a group, in the order that they were asked for; the program first where the chosen
 /// runs are of several programs.
-using Group = std::vector<std::pair<QString, QString>>;
+using AnswerGroup = std::vector<std::pair<QString, QString>>;
 
 struct YieldRow {
-    Group group;
+    AnswerGroup group;
     std::int64_t units = 0;     ///< with a run among the chosen
     std::int64_t firstRuns = 0; ///< units whose first run is among the chosen
     std::int64_t firstPass = 0; ///< of these, passed
@@ -43,7 +52,7 @@ struct YieldRow {
 };
 
 struct FailureRow {
-    Group group; ///< the program, where the chosen runs are of several
+    AnswerGroup group; ///< the program, where the chosen runs are of several
     QString ident, path;
     std::int64_t first = 0; ///< runs whose first failure it is
     std::int64_t all = 0;   ///< runs in which it failed
@@ -76,7 +85,7 @@ struct MeasuredValue {
 
 /// Figures of one measurement under one set of limits. Those that do not exist are empty.
 struct MeasureRow {
-    Group group; ///< the program, where the chosen runs are of several
+    AnswerGroup group; ///< the program, where the chosen runs are of several
     QString ident, path, unit;
     std::optional<double> lower, upper;
     std::int64_t count = 0; ///< finite numbers
@@ -86,11 +95,14 @@ struct MeasureRow {
     std::optional<Drift> drift;
     std::vector<RuleHit> rules;
     int factor = 0;                    ///< power of ten of the prefix that people see it with
-    std::vector<MeasuredValue> values; ///< in order of time; only where asked for
+    std::vector<MeasuredValue> values; ///< finite ones, in order of time; only where asked for
 };
 
 struct UnitRow {
-    QString product, lot, serial, program;
+    AnswerGroup group; ///< the program, where the chosen runs are of several
+    QString product, lot;
+    QString serial; ///< else the ident
+    QString program;
     std::int64_t runs = 0;
     int firstCode = 0, code = 0;
     QString firstFailure; ///< path; empty where its last failed run has none
@@ -106,7 +118,7 @@ struct FirstFailure {
 struct HistoryRow {
     QString product, serial, lot, station, start, program, verdict;
     int code = 0;
-    std::int64_t run = 0; ///< number of the unit's run of this program, from 1
+    std::int64_t run = 0; ///< number of this program's run among the chosen ones of the unit, from 1
     std::optional<FirstFailure> firstFailure;
 };
 
@@ -130,6 +142,10 @@ ZYNARCHIVE_EXPORT std::optional<std::vector<UnitRow>>
 AskUnits(const Archive& archive, const RunFilter& filter, const UnitOptions& options);
 ZYNARCHIVE_EXPORT std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive,
                                                                     const RunFilter& filter);
+/// Names, idents and paths of the measurements that the archive knows, sorted; for suggestions.
+ZYNARCHIVE_EXPORT std::optional<QStringList> AskMeasurementNames(const Archive& archive);
+/// Serials, else idents, of all units and panels; for suggestions.
+ZYNARCHIVE_EXPORT std::optional<QStringList> AskSerials(const Archive& archive);
 /// Sentences about what is odd with the chosen runs: a serial in two lots, starts that cannot be read.
 ZYNARCHIVE_EXPORT std::optional<QStringList> AskNotes(const Archive& archive, const RunFilter& filter);
 

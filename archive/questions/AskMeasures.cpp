@@ -1,0 +1,126 @@
+#include "archive/Archive.h"
+#include "archive/figures/Cpk.h"
+#include "archive/figures/DriftTests.h"
+#include "archive/figures/NelsonRules.h"
+#include "archive/questions/SeriesReader.h"
+#include "archive/questions/Verdict.h"
+
+#include <algorithm>
+
+namespace ZYN {
+
+namespace {
+
+// An operator such as "==" tells no end of an interval.
+Figures::Bounds BoundsOf(const Judgement& judgement)
+{
+    const auto bound = [](const std::optional<double>& limit, const std::string& limitOperator) {
+        return limitOperator == "<" || limitOperator == "<=" ? limit : std::nullopt;
+    };
+    return {bound(judgement.lower, judgement.lowerOperator), bound(judgement.upper, judgement.upperOperator),
+            judgement.inverted};
+}
+
+void FillFigures(const MeasuredSeries& series, MeasureRow* row)
+{
+    Figures::Moments all, passed;
+    for (std::size_t i = 0; i < series.values.size(); ++i) {
+        all.Add(series.values[i]);
+        if (series.codes[i] > 0)
+            passed.Add(series.values[i]);
+    }
+    const Figures::Bounds bounds = BoundsOf(series.judgement);
+    row->count = all.GetCount();
+    row->mean = all.GetMean();
+    row->sigma = all.GetSigma();
+    row->min = all.GetMin();
+    row->max = all.GetMax();
+    row->cpk = Figures::Cpk(all, bounds);
+    row->cpkPassed = Figures::Cpk(passed, bounds);
+}
+
+/// Makes rows of series.
+class Measures {
+public:
+    explicit Measures(SeriesReader& reader)
+        : m_reader(reader)
+    {
+    }
+
+    std::vector<MeasureRow> Rows(const MeasureOptions& options) const
+    {
+        const std::vector<MeasuredSeries>& series = m_reader.GetSeries();
+        std::vector<Figures::DriftTests> tests;
+        for (const MeasuredSeries& one : series)
+            tests.emplace_back(one.values);
+        const std::vector<std::optional<Figures::FoundDrift>> drifts = Figures::FindDrifts(tests);
+        std::vector<MeasureRow> rows;
+        for (std::size_t i = 0; i < series.size(); ++i)
+            if (IsWanted(series[i], options.names))
+                rows.push_back(RowOf(series[i], drifts[i], options.values));
+        std::stable_sort(rows.begin(), rows.end(), [](const MeasureRow& a, const MeasureRow& b) {
+            if (a.cpk != b.cpk)
+                return a.cpk && (!b.cpk || *a.cpk < *b.cpk);
+            return std::tie(a.path, a.group) < std::tie(b.path, b.group);
+        });
+        return rows;
+    }
+
+private:
+    static bool IsWanted(const MeasuredSeries& series, const QStringList& names)
+    {
+        return names.isEmpty() || std::any_of(names.begin(), names.end(), [&](const QString& name) {
+                   return name == series.name || name == series.ident || name == series.path ||
+                          series.path.endsWith(QLatin1String(" / ") + name);
+               });
+    }
+
+    const RunPlace& PlaceOf(const MeasuredSeries& series, std::size_t value) const
+    {
+        return m_reader.PlaceOf(series.runs[value]);
+    }
+
+    MeasureRow RowOf(const MeasuredSeries& series, const std::optional<Figures::FoundDrift>& drift,
+                     bool withValues) const
+    {
+        MeasureRow row;
+        row.group = m_reader.GetPrograms().GroupOf(series.program);
+        row.ident = series.ident;
+        row.path = series.path;
+        row.unit = series.unit;
+        row.factor = series.factor;
+        row.lower = series.judgement.lower;
+        row.upper = series.judgement.upper;
+        row.failed = series.failed;
+        row.notNumbers = series.notNumbers;
+        FillFigures(series, &row);
+        if (drift) {
+            const bool isTrend = drift->kind == Figures::FoundDrift::Kind::Trend;
+            row.drift = Drift{isTrend ? QStringLiteral("trend") : QStringLiteral("step"), drift->p,
+                              drift->sigmas, PlaceOf(series, drift->since)};
+        }
+        for (const Figures::NelsonHit& hit : Figures::NelsonHits(series.values))
+            row.rules.push_back({hit.rule, PlaceOf(series, hit.since)});
+        for (std::size_t i = 0; withValues && i < series.values.size(); ++i) {
+            const RunPlace& place = PlaceOf(series, i);
+            row.values.push_back({place.serial, place.lot, place.start, series.values[i],
+                                  VerdictOf(series.codes[i]), series.codes[i]});
+        }
+        return row;
+    }
+
+    SeriesReader& m_reader;
+};
+
+} // namespace
+
+std::optional<std::vector<MeasureRow>> AskMeasures(const Archive& archive, const RunFilter& filter,
+                                                   const MeasureOptions& options)
+{
+    SeriesReader reader(archive, filter);
+    if (!reader.Read())
+        return std::nullopt;
+    return Measures(reader).Rows(options);
+}
+
+} // namespace ZYN

@@ -1,0 +1,141 @@
+#include "archive/Archive.h"
+#include "archive/questions/ChosenRuns.h"
+#include "archive/questions/GroupColumns.h"
+#include "archive/questions/Programs.h"
+#include "archive/questions/YieldOrder.h"
+
+#include <algorithm>
+#include <map>
+
+namespace ZYN {
+
+namespace {
+
+/// Counts runs first and then takes back what retests count too much: a unit for each run, and as passed each
+/// run that passed. Only units with several runs need to be looked at one by one.
+class YieldQuestion {
+public:
+    YieldQuestion(const Archive& archive, const RunFilter& filter, const std::vector<GroupBy>& by)
+        : m_archive(archive)
+        , m_runs(archive, filter, ChosenRuns::Of::Units)
+        , m_by(by)
+    {
+        for (const GroupBy one : by) {
+            m_columns += QStringLiteral(", ") + ColumnOf(one, archive.IsPostgreSql());
+            if (NeedsUnit(one))
+                m_joins = ChosenRuns::JoinHome();
+        }
+    }
+
+    std::optional<std::vector<YieldRow>> Answer()
+    {
+        if (!m_programs.Read(m_archive, m_runs) || !CountRuns() || !TakeBackRetests())
+            return std::nullopt;
+        std::vector<YieldRow> rows;
+        for (auto& [key, row] : m_rows) {
+            row.group = GroupOf(key);
+            rows.push_back(std::move(row));
+        }
+        SortYield(&rows);
+        return rows;
+    }
+
+private:
+    /// Program and texts of the group.
+    using Key = std::vector<QString>;
+
+    bool CountRuns()
+    {
+        QString group = QStringLiteral("GROUP BY 1");
+        for (std::size_t i = 0; i < m_by.size(); ++i)
+            group += QStringLiteral(", %1").arg(i + 2);
+        std::optional<QSqlQuery> query = m_runs.Select(
+            QStringLiteral("r.layout") + m_columns +
+                QStringLiteral(", count(*), sum(r.first), sum(CASE WHEN r.code > 0 THEN r.first ELSE 0 END), "
+                               "sum(CASE WHEN r.code > 0 THEN 1 ELSE 0 END), sum(CASE WHEN r.code = -1 THEN "
+                               "1 ELSE 0 END), "
+                               "sum(CASE WHEN r.code = -5 THEN 1 ELSE 0 END), sum(CASE WHEN r.code = -3 THEN "
+                               "1 ELSE 0 END), "
+                               "sum(CASE WHEN r.code = 0 THEN 1 ELSE 0 END)"),
+            m_joins, {}, group);
+        while (query && query->next()) {
+            YieldRow& row = m_rows[KeyOf(*query)];
+            int column = int(m_by.size()) + 1;
+            const auto next = [&] { return query->value(column++).toLongLong(); };
+            const std::int64_t runs = next();
+            row.runs += runs;
+            row.units += runs;
+            row.firstRuns += next();
+            row.firstPass += next();
+            const std::int64_t passed = next();
+            row.runsPassed += passed;
+            row.passed += passed;
+            row.failed += next();
+            row.aborted += next();
+            row.errors += next();
+            row.notTested += next();
+        }
+        return query && IsComplete(m_archive, *query);
+    }
+
+    bool TakeBackRetests()
+    {
+        std::optional<QSqlQuery> query = m_runs.Select(
+            QStringLiteral("r.layout") + m_columns + QStringLiteral(", r.unit, r.code"), m_joins,
+            m_runs.HasRetest(), QStringLiteral("ORDER BY r.unit, ") + ChosenRuns::InOrder());
+        std::map<Key, int> last; // what the unit's last run in a group came to, so far
+        qint64 unit = 0;
+        const int column = int(m_by.size()) + 1;
+        while (query && query->next()) {
+            if (query->value(column).toLongLong() != unit)
+                last.clear();
+            unit = query->value(column).toLongLong();
+            const int code = query->value(column + 1).toInt();
+            const Key key = KeyOf(*query);
+            const auto [known, isNew] = last.emplace(key, code);
+            if (isNew)
+                continue;
+            YieldRow& row = m_rows[key];
+            --row.units;
+            row.passed -= known->second > 0;
+            known->second = code;
+        }
+        return query && IsComplete(m_archive, *query);
+    }
+
+    Key KeyOf(const QSqlQuery& query)
+    {
+        Key key{m_programs.NameOf(query.value(0).toInt())};
+        for (std::size_t i = 0; i < m_by.size(); ++i) {
+            const QVariant value = query.value(int(i) + 1);
+            key.push_back(m_by[i] == GroupBy::Program ? key.front() : TextOf(m_by[i], value));
+        }
+        return key;
+    }
+
+    AnswerGroup GroupOf(const Key& key) const
+    {
+        const bool hasProgram = std::find(m_by.begin(), m_by.end(), GroupBy::Program) != m_by.end();
+        AnswerGroup group = hasProgram ? AnswerGroup() : m_programs.GroupOf(key.front());
+        for (std::size_t i = 0; i < m_by.size(); ++i)
+            group.emplace_back(NameOf(m_by[i]), key[i + 1]);
+        return group;
+    }
+
+    const Archive& m_archive;
+    const ChosenRuns m_runs;
+    const std::vector<GroupBy> m_by;
+    QString m_columns, m_joins;
+    Programs m_programs;
+    std::map<Key, YieldRow> m_rows;
+};
+
+} // namespace
+
+std::optional<std::vector<YieldRow>> AskYield(const Archive& archive, const RunFilter& filter,
+                                              const std::vector<GroupBy>& by)
+{
+    return YieldQuestion(archive, filter, by).Answer();
+}
+
+} // namespace ZYN

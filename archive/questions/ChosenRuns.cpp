@@ -1,0 +1,152 @@
+#include "archive/questions/ChosenRuns.h"
+
+#include "archive/Archive.h"
+#include "archive/DatabaseError.h"
+#include "archive/StartOfRun.h"
+
+#include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlError>
+
+namespace ZYN {
+
+namespace {
+
+// Clocks are at most 14 hours from UTC, and there are wrong ones.
+constexpr std::int64_t FarthestClock = std::int64_t(25) * 3600 * 1000;
+
+// The same unit in several lots is called by its first row.
+const QString joinedRuns = QStringLiteral("WITH joined AS (SELECT id, min(id) OVER (PARTITION BY product, "
+                                          "serial, ident, wafer, is_panel, own) AS same "
+                                          "FROM unit), runs AS (SELECT x.id, x.start, x.utc_offset, "
+                                          "x.run_index, x.test_index, x.program, x.code, x.current, "
+                                          "x.is_panel, x.station, x.position, x.site, x.hard_bin, x.layout, "
+                                          "x.limits, x.unit AS home, j.same AS unit, "
+                                          "CASE WHEN x.first = 1 AND row_number() OVER (PARTITION BY j.same, "
+                                          "x.program ORDER BY x.start, x.run_index, "
+                                          "x.test_index, x.id) = 1 THEN 1 ELSE 0 END AS first FROM run x "
+                                          "JOIN joined j ON j.id = x.unit WHERE x.current = 1) ");
+
+bool Fail(const Archive& archive, const QSqlError& error)
+{
+    archive.SetErrorText(TextOfError(error, archive.GetShownUrl(), archive.IsPostgreSql()));
+    return false;
+}
+
+} // namespace
+
+std::optional<QSqlQuery> Ask(const Archive& archive, const QString& sql, const QVariantList& values)
+{
+    QSqlQuery query(archive.GetDatabase());
+    query.setForwardOnly(true); // rows come one by one, and are not kept
+    bool isGood = query.prepare(sql);
+    for (const QVariant& value : values)
+        query.addBindValue(value);
+    isGood = isGood && query.exec();
+    if (!isGood && !Fail(archive, query.lastError()))
+        return std::nullopt;
+    return query;
+}
+
+bool IsComplete(const Archive& archive, const QSqlQuery& query)
+{
+    return query.lastError().type() == QSqlError::NoError || Fail(archive, query.lastError());
+}
+
+ChosenRuns::ChosenRuns(const Archive& archive, const RunFilter& filter, Of of)
+    : m_archive(archive)
+    , m_isPostgreSql(archive.IsPostgreSql())
+    , m_with(filter.acrossLots ? joinedRuns : QString())
+    , m_runs(filter.acrossLots ? QStringLiteral("runs")
+                               : QStringLiteral("(SELECT *, unit AS home FROM run WHERE current = 1)"))
+{
+    Choose(filter, of);
+}
+
+void ChosenRuns::Choose(const RunFilter& filter, Of of)
+{
+    if (of == Of::Units)
+        Add(QStringLiteral("r.is_panel = 0"), {});
+    if (!filter.station.isEmpty())
+        Add(QStringLiteral("r.station = ?"), {filter.station});
+    if (!filter.program.isEmpty())
+        Add(QStringLiteral("r.program = ?"), {filter.program});
+    QStringList ofUnit;
+    QVariantList values;
+    if (!filter.serial.isEmpty()) {
+        ofUnit.append(QStringLiteral("(serial = ? OR (serial = '' AND ident = ?))"));
+        values << filter.serial << filter.serial;
+    }
+    if (!filter.product.isEmpty()) {
+        ofUnit.append(QStringLiteral("product = ?"));
+        values << filter.product;
+    }
+    if (!filter.lot.isEmpty()) {
+        ofUnit.append(QStringLiteral("lot = ?"));
+        values << filter.lot;
+    }
+    if (!ofUnit.isEmpty())
+        Add(QStringLiteral("r.home IN (SELECT id FROM unit WHERE %1)")
+                .arg(ofUnit.join(QLatin1String(" AND "))),
+            values);
+    AddTime(filter.since, true);
+    AddTime(filter.until, false);
+}
+
+void ChosenRuns::Add(const QString& condition, const QVariantList& values)
+{
+    m_conditions.append(condition);
+    m_values += values;
+}
+
+// The column alone finds rows by index and by partition; what the clock showed says which of them.
+void ChosenRuns::AddTime(const std::optional<TimeBound>& bound, bool isSince)
+{
+    if (!bound)
+        return;
+    const QString comparison = isSince ? QStringLiteral(">=") : QStringLiteral("<");
+    const std::int64_t slack = !bound->byTesterClock ? 0 : isSince ? -FarthestClock : FarthestClock;
+    Add(QStringLiteral("r.start %1 ?").arg(comparison), {qint64(bound->at + slack)});
+    Add(QStringLiteral("r.start < ?"), {qint64(UnreadableStart)});
+    if (bound->byTesterClock)
+        Add(QStringLiteral("r.start + coalesce(r.utc_offset, 0) * 60000 %1 ?").arg(comparison),
+            {qint64(bound->at)});
+}
+
+std::optional<QSqlQuery> ChosenRuns::Select(const QString& columns, const QString& joins,
+                                            const QString& condition, const QString& rest) const
+{
+    QStringList conditions = m_conditions;
+    if (!condition.isEmpty())
+        conditions.append(condition);
+    if (conditions.isEmpty())
+        conditions.append(QStringLiteral("1 = 1"));
+    return Ask(m_archive,
+               m_with + QStringLiteral("SELECT ") + columns + QStringLiteral(" FROM ") + m_runs +
+                   QStringLiteral(" r") + joins + QStringLiteral(" WHERE ") +
+                   conditions.join(QLatin1String(" AND ")) + QLatin1Char(' ') + rest,
+               m_values);
+}
+
+QString ChosenRuns::JoinValues() const
+{
+    return m_isPostgreSql ? QStringLiteral(" JOIN run_values v ON v.start = r.start AND v.run = r.id")
+                          : QStringLiteral(" JOIN run_values v ON v.run = r.id");
+}
+
+QString ChosenRuns::JoinFailures() const
+{
+    return m_isPostgreSql ? QStringLiteral(" JOIN failure f ON f.start = r.start AND f.run = r.id")
+                          : QStringLiteral(" JOIN failure f ON f.run = r.id");
+}
+
+QString ChosenRuns::JoinFirstFailure() const
+{
+    return QStringLiteral(" LEFT") + JoinFailures() + QStringLiteral(" AND f.is_first = 1");
+}
+
+QString ChosenRuns::HasRun(const QString& condition) const
+{
+    return QStringLiteral("r.unit IN (SELECT unit FROM %1 y WHERE %2)").arg(m_runs, condition);
+}
+
+} // namespace ZYN

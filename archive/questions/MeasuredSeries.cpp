@@ -1,0 +1,36 @@
+#include "archive/questions/MeasuredSeries.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace ZYN {
+
+namespace {
+
+template <typename Item>
+void Arrange(const std::vector<std::size_t>& order, std::vector<Item>* items)
+{
+    std::vector<Item> arranged;
+    arranged.reserve(items->size());
+    for (const std::size_t from : order)
+        arranged.push_back((*items)[from]);
+    *items = std::move(arranged);
+}
+
+} // namespace
+
+void MeasuredSeries::Sort()
+{
+    if (m_isInOrder)
+        return;
+    std::vector<std::size_t> order(runs.size());
+    std::iota(order.begin(), order.end(), std::size_t(0));
+    std::stable_sort(order.begin(), order.end(),
+                     [&](std::size_t a, std::size_t b) { return runs[a] < runs[b]; });
+    Arrange(order, &values);
+    Arrange(order, &codes);
+    Arrange(order, &runs);
+    m_isInOrder = true;
+}
+
+} // namespace ZYN

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "archive/questions/LimitSets.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace ZYN {
+
+/// All that was measured of one component under one set of limits, by the order of runs.
+struct MeasuredSeries {
+    QString program, ident, path, name, unit;
+    int factor = 0; ///< of its last layout
+    Judgement judgement;
+
+    std::vector<std::uint32_t> runs; ///< place of the run in the order of runs
+    std::vector<double> values;      ///< finite
+    std::vector<std::int16_t> codes;
+    std::int64_t failed = 0;     ///< with a negative code, with a value or not
+    std::int64_t notNumbers = 0; ///< not-a-number and infinities
+
+    void Add(std::uint32_t run, double value, int code)
+    {
+        m_isInOrder &= runs.empty() || runs.back() <= run;
+        runs.push_back(run);
+        values.push_back(value);
+        codes.push_back(std::int16_t(code));
+    }
+    /// Brings what was added in any order into the order of runs.
+    void Sort();
+
+private:
+    bool m_isInOrder = true;
+};
+
+} // namespace ZYN

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QtCore/QString>
+
+namespace ZYN {
+
+/// The text of a result's code, as reports write it: "PASS".
+inline QString VerdictOf(int code)
+{
+    switch (code) {
+    case -5:
+        return QStringLiteral("ABORTED");
+    case -3:
+        return QStringLiteral("ERROR");
+    case -1:
+        return QStringLiteral("FAIL");
+    case 0:
+        return QStringLiteral("NOT TESTED");
+    case 1:
+        return QStringLiteral("PASS");
+    case 6:
+        return QStringLiteral("DONE");
+    default:
+        return QStringLiteral("CODE %1").arg(code);
+    }
+}
+
+} // namespace ZYN
