@@ -38,6 +38,12 @@ struct RunFilter {
 
 enum class GroupBy { Product, Lot, Station, Program, Position, Site, Wafer, Bin, Hour, Day, Week, Month };
 
+/// What groups are called in answers, in the order of `GroupBy`: "product", ...
+ZYNARCHIVE_EXPORT QStringList GroupNames();
+
+/// The text of a result's code, as reports write it: "PASS", "FAIL", "CODE 42".
+ZYNARCHIVE_EXPORT QString VerdictOf(int code);
+
 /// Names and values of a group, in the order that they were asked for; the program first where the chosen
 /// runs are of several programs.
 using AnswerGroup = std::vector<std::pair<QString, QString>>;
@@ -113,6 +119,7 @@ struct FirstFailure {
     std::optional<double> value;
     QString unit;
     std::optional<double> lower, upper;
+    int factor = 0; ///< power of ten of the prefix that people see it with
 };
 
 struct HistoryRow {
@@ -121,6 +128,9 @@ struct HistoryRow {
     std::int64_t run = 0; ///< number of this program's run among the chosen ones of the unit, from 1
     std::optional<FirstFailure> firstFailure;
 };
+
+/// Whether a measurement is meant by a name: its own, its ident, its path or the end of that.
+ZYNARCHIVE_EXPORT bool FitsMeasurement(const QString& name, const QString& ident, const QString& path);
 
 struct MeasureOptions {
     QStringList names; ///< names, idents or paths; empty: all, lowest CPK first

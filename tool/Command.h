@@ -36,6 +36,11 @@ Command StatisticsCommand(CommandLine& zyn, const Manners& manners);
 Command ShowCommand(CommandLine& zyn, const Manners& manners);
 Command CheckCommand(CommandLine& zyn, const Manners& manners);
 Command ArchiveCommand(CommandLine& zyn, const Manners& manners);
+Command YieldCommand(CommandLine& zyn, const Manners& manners);
+Command FailuresCommand(CommandLine& zyn, const Manners& manners);
+Command MeasureCommand(CommandLine& zyn, const Manners& manners);
+Command UnitsCommand(CommandLine& zyn, const Manners& manners);
+Command HistoryCommand(CommandLine& zyn, const Manners& manners);
 Command FormatsCommand(CommandLine& zyn, const Manners& manners);
 
 } // namespace ZYN::Tool

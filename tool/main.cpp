@@ -67,7 +67,9 @@ int Zyn(int argc, char** argv)
     const Command commands[] = {SimulateCommand(zyn, manners),   ConvertCommand(zyn, manners),
                                 StatisticsCommand(zyn, manners), ShowCommand(zyn, manners),
                                 CheckCommand(zyn, manners),      ArchiveCommand(zyn, manners),
-                                FormatsCommand(zyn, manners)};
+                                YieldCommand(zyn, manners),      FailuresCommand(zyn, manners),
+                                MeasureCommand(zyn, manners),    UnitsCommand(zyn, manners),
+                                HistoryCommand(zyn, manners),    FormatsCommand(zyn, manners)};
     if (const std::optional<int> code = program.Parse(argc, argv))
         return *code == 0 ? ExitGood : ExitUsage;
     application.reset();

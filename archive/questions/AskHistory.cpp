@@ -2,7 +2,6 @@
 #include "archive/questions/ArrayReader.h"
 #include "archive/questions/ChosenRuns.h"
 #include "archive/questions/LimitSets.h"
-#include "archive/questions/Verdict.h"
 
 #include <QtCore/QHash>
 
@@ -54,7 +53,7 @@ std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive, const 
     std::optional<QSqlQuery> query = runs.Select(
         QStringLiteral(
             "u.product, u.serial, u.seen_ident, u.lot, r.station, v.start_text, r.program, r.code, r.unit, "
-            "r.limits, c.path, i.pos, i.unit, f.num, CASE WHEN f.num IS NULL THEN v.texts END"),
+            "r.limits, c.path, i.pos, i.unit, i.factor, f.num, CASE WHEN f.num IS NULL THEN v.texts END"),
         ChosenRuns::JoinHome() + runs.JoinValues() + runs.JoinFirstFailure() +
             QStringLiteral(
                 " LEFT JOIN component c ON c.id = f.component LEFT JOIN layout_item i ON i.layout = r.layout "
@@ -85,6 +84,7 @@ std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive, const 
             FirstFailure failure;
             failure.path = path.toString();
             failure.unit = next().toString();
+            failure.factor = next().toInt();
             failure.value = ValueOf(*query, column, column + 1, place.position);
             row.firstFailure = failure;
         }

@@ -3,7 +3,6 @@
 #include "archive/figures/DriftTests.h"
 #include "archive/figures/NelsonRules.h"
 #include "archive/questions/SeriesReader.h"
-#include "archive/questions/Verdict.h"
 
 #include <algorithm>
 
@@ -70,8 +69,7 @@ private:
     static bool IsWanted(const MeasuredSeries& series, const QStringList& names)
     {
         return names.isEmpty() || std::any_of(names.begin(), names.end(), [&](const QString& name) {
-                   return name == series.name || name == series.ident || name == series.path ||
-                          series.path.endsWith(QLatin1String(" / ") + name);
+                   return FitsMeasurement(name, series.ident, series.path);
                });
     }
 
@@ -113,6 +111,11 @@ private:
 };
 
 } // namespace
+
+bool FitsMeasurement(const QString& name, const QString& ident, const QString& path)
+{
+    return name == ident || name == path || path.endsWith(QLatin1String(" / ") + name);
+}
 
 std::optional<std::vector<MeasureRow>> AskMeasures(const Archive& archive, const RunFilter& filter,
                                                    const MeasureOptions& options)

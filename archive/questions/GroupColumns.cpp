@@ -46,6 +46,14 @@ QString PartOfTime(std::int64_t milliseconds, std::int64_t shift)
 
 } // namespace
 
+QStringList GroupNames()
+{
+    QStringList names;
+    for (const Row& row : rows)
+        names.append(QLatin1String(row.name));
+    return names;
+}
+
 QString NameOf(GroupBy by)
 {
     return QLatin1String(RowOf(by).name);

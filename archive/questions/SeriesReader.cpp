@@ -24,18 +24,17 @@ bool SeriesReader::Read()
 
 bool SeriesReader::ReadLayouts()
 {
-    std::optional<QSqlQuery> query =
-        Ask(m_archive,
-            QStringLiteral(
-                "SELECT i.layout, c.id, c.kind, i.data_type, c.ident, c.path, c.name, i.unit, i.factor FROM "
-                "layout_item i JOIN component c ON c.id = i.component ORDER BY i.layout, i.pos"));
+    std::optional<QSqlQuery> query = Ask(
+        m_archive,
+        QStringLiteral("SELECT i.layout, c.id, c.kind, i.data_type, c.ident, c.path, i.unit, i.factor FROM "
+                       "layout_item i JOIN component c ON c.id = i.component ORDER BY i.layout, i.pos"));
     while (query && query->next()) {
         const int dataType = query->value(3).toInt();
         m_layouts[query->value(0).toInt()].push_back(
             {query->value(1).toInt(),
              query->value(2).toInt() == int(ComponentKind::Measurement) && (dataType == 7 || dataType == 8),
              query->value(4).toString(), query->value(5).toString(), query->value(6).toString(),
-             query->value(7).toString(), query->value(8).toInt()});
+             query->value(7).toInt()});
     }
     return query && IsComplete(m_archive, *query);
 }
@@ -153,7 +152,6 @@ int SeriesReader::SeriesOf(const Component& component, const QString& program, c
         series.program = program;
         series.ident = component.ident;
         series.path = component.path;
-        series.name = component.name;
         series.unit = component.unit;
         series.judgement = judgement;
     }

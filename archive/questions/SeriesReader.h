@@ -30,7 +30,7 @@ private:
     struct Component {
         int id = 0;
         bool isNumber = false;
-        QString ident, path, name, unit;
+        QString ident, path, unit;
         int factor = 0;
     };
     /// By position: the index of a series, or -1 for what is no measurement of numbers.

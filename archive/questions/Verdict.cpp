@@ -1,11 +1,8 @@
-#pragma once
-
-#include <QtCore/QString>
+#include "archive/Questions.h"
 
 namespace ZYN {
 
-/// The text of a result's code, as reports write it: "PASS".
-inline QString VerdictOf(int code)
+QString VerdictOf(int code)
 {
     switch (code) {
     case -5:
