@@ -13,6 +13,11 @@ _zyn() {
         mapfile -t COMPREPLY < <(compgen -W "$(_zyn_ask formats | awk 'NR > 1 { print $1 }')" -- "${current^^}")
         return
         ;;
+    --by)
+        mapfile -t COMPREPLY < <(compgen -W "$(_zyn_ask yield --help | tr -s ' \n' ' ' |
+            grep -oP '(?<=A line for each )[a-z, ]+(?=;)' | tr -d ,)" -- "$current")
+        return
+        ;;
     -d | --directory)
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
         compopt -o filenames
