@@ -1,6 +1,7 @@
 # What is installed, and how other projects find it. Components:
 #   Runtime      the shared libraries, and nothing that another version of them would have under the same name
 #   Development  headers, package files for CMake and pkg-config
+#   Runs, RunsDevelopment, Archive, ArchiveDevelopment  the same of libraries that not everyone needs
 #   Tool         zyn with its data: schemas, media folder
 include(CMakePackageConfigHelpers)
 
@@ -12,19 +13,25 @@ string(REGEX REPLACE "/$" "" ZYN_PREFIX_FROM_PC ${ZYN_PREFIX_FROM_PC})
 file(RELATIVE_PATH ZYN_PC_LIBDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
 file(RELATIVE_PATH ZYN_PC_INCLUDEDIR ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR})
 
-# zyn_install_package(PACKAGE EXPORTED_NAME=TARGET...): the shared libraries of a package and the files by
-# which CMake and pkg-config find them.
+# zyn_install_package(PACKAGE EXPORTED_NAME=TARGET... [COMPONENT NAME]): the shared libraries of a package and the
+# files by which CMake and pkg-config find them; in components Runtime and Development or NAME and NAMEDevelopment.
 function(zyn_install_package package)
+  cmake_parse_arguments(arg "" COMPONENT "" ${ARGN})
+  set(runtime Runtime)
+  if(arg_COMPONENT)
+    set(runtime ${arg_COMPONENT})
+  endif()
+  set(development ${arg_COMPONENT}Development)
   set(config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/${package})
-  foreach(pair ${ARGN})
+  foreach(pair ${arg_UNPARSED_ARGUMENTS})
     string(REPLACE "=" ";" pair ${pair})
     list(GET pair 0 name)
     list(GET pair 1 target)
     set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} INSTALL_RPATH "$ORIGIN")
     install(TARGETS ${target} EXPORT ${package}Targets
-      LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT Runtime NAMELINK_COMPONENT Development)
+      LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT ${runtime} NAMELINK_COMPONENT ${development})
   endforeach()
-  install(EXPORT ${package}Targets NAMESPACE ZYN:: DESTINATION ${config_dir} COMPONENT Development)
+  install(EXPORT ${package}Targets NAMESPACE ZYN:: DESTINATION ${config_dir} COMPONENT ${development})
 
   configure_package_config_file(${PROJECT_SOURCE_DIR}/cmake/${package}Config.cmake.in
     ${PROJECT_BINARY_DIR}/${package}Config.cmake INSTALL_DESTINATION ${config_dir})
@@ -32,9 +39,9 @@ function(zyn_install_package package)
     COMPATIBILITY SameMinorVersion)
   configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${package}Config.cmake ${PROJECT_BINARY_DIR}/${package}ConfigVersion.cmake
-    DESTINATION ${config_dir} COMPONENT Development)
+    DESTINATION ${config_dir} COMPONENT ${development})
   install(FILES ${PROJECT_BINARY_DIR}/${package}.pc
-    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT Development)
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT ${development})
 endfunction()
 
 if(NOT ZYN_USE_EXTERNAL_MODEL)
@@ -46,6 +53,14 @@ install(DIRECTORY include/ZYNPersistence ${ZYN_GENERATED_INCLUDE_DIR}/ZYNPersist
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
 
 if(NOT ZYN_USE_EXTERNAL_MODEL)
+  # Headers are included by their folder: "runs/Run.h".
+  zyn_install_package(ZYNRuns Runs=ZYNRuns COMPONENT Runs)
+  install(FILES runs/ReportRuns.h runs/Run.h runs/RunsGlobal.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZYNRuns/runs COMPONENT RunsDevelopment)
+  zyn_install_package(ZYNArchive Archive=ZYNArchive COMPONENT Archive)
+  install(FILES archive/Archive.h archive/ArchiveGlobal.h archive/ArchiveInfo.h archive/Questions.h
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZYNArchive/archive COMPONENT ArchiveDevelopment)
+
   file(RELATIVE_PATH lib_from_bin ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
   set_target_properties(zyn PROPERTIES INSTALL_RPATH "$ORIGIN/${lib_from_bin}")
   install(TARGETS zyn RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Tool)

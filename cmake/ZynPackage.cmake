@@ -5,14 +5,15 @@ set(CPACK_PACKAGE_VENDOR "ZYNPersistence maintainers")
 set(CPACK_PACKAGE_CONTACT "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL Runtime Development Tool)
+set(CPACK_COMPONENTS_ALL Runtime Development Runs RunsDevelopment Archive ArchiveDevelopment Tool)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS_PRIVATE_DIRS
-  ${PROJECT_BINARY_DIR}/library ${PROJECT_BINARY_DIR}/model ${PROJECT_BINARY_DIR}/model/ini)
+  ${PROJECT_BINARY_DIR}/library ${PROJECT_BINARY_DIR}/model ${PROJECT_BINARY_DIR}/model/ini ${PROJECT_BINARY_DIR}/runs
+  ${PROJECT_BINARY_DIR}/archive)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
 set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
 set(CPACK_DEBIAN_ENABLE_COMPONENT_DEPENDS ON)
@@ -41,13 +42,38 @@ ${about}
 This package holds headers and the files by which CMake and pkg-config find
 the libraries.")
 
+# zyn_library_package(COMPONENT NAME TEXT DEPENDS): the packages of a library that not everyone needs.
+function(zyn_library_package component name text depends)
+  string(TOUPPER ${component} upper)
+  set(development ${component}Development)
+  set(CPACK_DEBIAN_${upper}_PACKAGE_NAME lib${name}${PROJECT_VERSION_MAJOR} PARENT_SCOPE)
+  set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION libs PARENT_SCOPE)
+  set(CPACK_DEBIAN_${upper}_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/triggers PARENT_SCOPE)
+  set(CPACK_COMPONENT_${upper}_DESCRIPTION "${text} - shared library
+${about}
+This package holds the shared library." PARENT_SCOPE)
+  set(CPACK_DEBIAN_${upper}DEVELOPMENT_PACKAGE_NAME lib${name}-dev PARENT_SCOPE)
+  set(CPACK_DEBIAN_${upper}DEVELOPMENT_PACKAGE_SECTION libdevel PARENT_SCOPE)
+  set(CPACK_DEBIAN_${upper}DEVELOPMENT_PACKAGE_DEPENDS "${depends}" PARENT_SCOPE)
+  set(CPACK_COMPONENT_${upper}DEVELOPMENT_DEPENDS ${component} PARENT_SCOPE)
+  set(CPACK_COMPONENT_${upper}DEVELOPMENT_DESCRIPTION "${text} - development files
+${about}
+This package holds headers and the files by which CMake and pkg-config find
+the library." PARENT_SCOPE)
+endfunction()
+zyn_library_package(Runs zynruns "runs of production tests as plain data" "")
+zyn_library_package(Archive zynarchive "archive of production-test results"
+  "libzynruns-dev (= ${PROJECT_VERSION}-1), qt6-base-dev (>= 6.4)")
+# Qt loads its drivers by name, so that nothing sees that they are needed.
+set(CPACK_DEBIAN_ARCHIVE_PACKAGE_DEPENDS "libqt6sql6-sqlite, libqt6sql6-psql")
+
 set(CPACK_DEBIAN_TOOL_PACKAGE_NAME zyn)
 set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION electronics)
 # A PDF report without a font is empty.
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "fonts-dejavu-core | fonts-liberation | fonts-freefont-ttf")
 # Qt's own messages, for instance about broken XML, in the user's language.
 set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "qt6-translations-l10n")
-set(CPACK_COMPONENT_TOOL_DEPENDS Runtime)
+set(CPACK_COMPONENT_TOOL_DEPENDS Runtime Archive)
 set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test results
 ${about}
 This package holds the command line tool zyn.")
@@ -64,7 +90,7 @@ foreach(component ${CPACK_COMPONENTS_ALL})
   install(FILES ${doc_dir}/changelog.Debian.gz packaging/debian/copyright
     DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
   set(overrides "# Debian has no bug that asks for this package.\n${package}: initial-upload-closes-no-bugs *\n")
-  if(component STREQUAL "Runtime")
+  if(component MATCHES "^(Runtime|Runs|Archive)$")
     string(APPEND overrides "# Written by CPack, beside the trigger.\n${package}: maintscript-calls-ldconfig *\n")
   endif()
   file(WRITE ${doc_dir}/overrides/${package} "${overrides}")

@@ -123,6 +123,35 @@ private slots:
         }
     }
 
+    // What docs/archive.md shows, on both databases.
+    void queriesOfTheDocument()
+    {
+        const QString document = Files::Content(ZYN_SOURCE_DIR "/docs/archive.md");
+        QStringList queries = document.split("```sql\n").mid(1);
+        QCOMPARE(queries.size(), 5);
+        Run other = SampleRuns::Of("B", 4, -1);
+        other.station = "ST2";
+        const Runs runs{SampleRuns::Of("A", 1, -1), SampleRuns::Of("A", 3), other};
+        const Run revised = With(runs[1], [](Run& run) { run.values[3] = 1.25; });
+        QTemporaryDir folder;
+        for (const QString& url : {folder.filePath("line.zya"), Server::NewDatabase()}) {
+            Archive archive;
+            QVERIFY(archive.Create(url) && archive.Add(runs, nullptr) && archive.Add({&revised, 1}, nullptr));
+            QStringList answers;
+            for (const QString& query : queries)
+                answers += Ask(archive, query.section("```", 0, 0).remove(';'));
+            QCOMPARE(answers[0], QString("2026-11-23|2|0"));
+            QCOMPARE(answers[1], QString("Supply / Core / Core voltage|2"));
+            QCOMPARE(answers[2], QString("A|2026-11-23 08:01:00 +01:00|1.05|V|1.1|1.3|-1 "
+                                         "A|2026-11-23 08:03:00 +01:00|1.25|V|1.1|1.3|1 "
+                                         "B|2026-11-23 08:04:00 +01:00|1.05|V|1.1|1.3|-1"));
+            QCOMPARE(answers[3], QString("ST1|1|1.25|1.25"));
+            QCOMPARE(answers[4], QString("L1|Function|2026-11-23 08:01:00 +01:00|ST1|-1|1|1 "
+                                         "L1|Function|2026-11-23 08:03:00 +01:00|ST1|1|1|0 "
+                                         "L1|Function|2026-11-23 08:03:00 +01:00|ST1|1|2|1"));
+        }
+    }
+
     // What came before the tables of its month were made: here as if the month had been too far in the
     // future.
     void runsMoveIntoTheirMonth()
