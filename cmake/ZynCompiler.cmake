@@ -6,6 +6,13 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 add_compile_options(-fno-semantic-interposition -fno-plt)
 add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_STRICT_ITERATORS)
 
+# As hard as Debian's packages: what comes from a file must not take over the stack or the jump tables.
+set(optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+if(NOT ZYN_SANITIZE)
+  add_compile_options(-fstack-protector-strong $<${optimised}:-U_FORTIFY_SOURCE> $<${optimised}:-D_FORTIFY_SOURCE=2>)
+endif()
+add_link_options(LINKER:-z,relro LINKER:-z,now)
+
 if(ZYN_SANITIZE)
   add_compile_options(-fsanitize=${ZYN_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
   add_link_options(-fsanitize=${ZYN_SANITIZE})
@@ -33,6 +40,16 @@ function(zyn_add_part name)
   # A site's export/ModelAdapter.h is found before the project's own.
   target_include_directories(${name} PUBLIC ${ZYN_MODEL_ADAPTER_DIR} ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
   target_link_libraries(${name} PUBLIC Qt6::Core ZYN::Common ZYN::Ini)
+endfunction()
+
+# What is installed finds its libraries by the same path in the build folder, where they lie as they will lie
+# after the installation. (A path of the build's own would be filled up with colons to the length of the other,
+# and each of them means the current folder.)
+file(RELATIVE_PATH ZYN_LIB_FROM_BIN ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+get_filename_component(ZYN_BUILD_LIBDIR ${PROJECT_BINARY_DIR}/tool/${ZYN_LIB_FROM_BIN} ABSOLUTE)
+function(zyn_search_libraries target from_target)
+  set_target_properties(${target} PROPERTIES
+    LIBRARY_OUTPUT_DIRECTORY ${ZYN_BUILD_LIBDIR} BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "${from_target}")
 endfunction()
 
 # Keeps a shared library from exporting anything but the project's own names.

@@ -192,6 +192,9 @@ private:
         for (const QLatin1StringView attribute : item->element ? item->element->attributes : item->attributes)
             if (!attributes.hasAttribute(attribute))
                 Add(Tr("attribute '%1' of '%2' is missing").arg(attribute, name));
+        // A key is written as it stands: one with a blank in it, or with an attribute or element behind it.
+        if (item->element == &productParameter && attributes.size() != 1)
+            Add(Tr("'%1' has not one attribute: the parameter's key was no name").arg(name), false);
         m_open.push_back({item->element ? item->element : &propertyElement, name});
     }
 
@@ -236,9 +239,9 @@ private:
         }
     }
 
-    void Add(const QString& text)
+    void Add(const QString& text, bool isError = true)
     {
-        m_findings.append({m_reader.lineNumber(), m_reader.columnNumber() + 1, text});
+        m_findings.append({m_reader.lineNumber(), m_reader.columnNumber() + 1, text, isError});
     }
 
     static QString Tr(const char* text) { return QCoreApplication::translate("ReportStructure", text); }

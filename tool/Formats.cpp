@@ -52,7 +52,7 @@ int PrintJson()
                                    {QStringLiteral("extension"),
                                     CExportServiceReport::ExtensionForFormat(QLatin1String(row.format))},
                                    {QStringLiteral("use"), QLatin1String(row.use)}});
-    Print(QString::fromUtf8(QJsonDocument(formats).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
+    PrintJsonLine(QJsonDocument(formats).toJson(QJsonDocument::Compact));
     return ExitGood;
 }
 

@@ -61,9 +61,7 @@ std::optional<Problem> PrintLotJson(const QString& path, const QString& name, co
         return CannotRead(name, file);
     const QByteArray quoted = QJsonDocument(QJsonArray{name}).toJson(QJsonDocument::Compact);
     const QByteArray start = "{\"file\":" + quoted.sliced(1, quoted.size() - 2) + ',';
-    const auto print = [&](const QByteArray& line) {
-        Print(QString::fromUtf8(start + line.sliced(1)) + QLatin1Char('\n'));
-    };
+    const auto print = [&](const QByteArray& line) { PrintJsonLine(start + line.sliced(1)); };
     std::optional<Stdf::Fault> damage;
     Stdf::Reader reader(&file);
     for (Stdf::RawRecord raw; reader.Next(raw);) {

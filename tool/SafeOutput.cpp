@@ -5,7 +5,6 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 #include <QtCore/QRandomGenerator>
-#include <QtCore/QStorageInfo>
 
 #include <cerrno>
 #include <cstring>
@@ -13,6 +12,7 @@
 #include <fcntl.h>
 #include <stdio.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 namespace ZYN::Tool {
@@ -144,15 +144,20 @@ std::optional<Problem> SafeOutput::FindRefusal() const
 
 Problem SafeOutput::WriteProblem() const
 {
-    const QStorageInfo storage(QFileInfo(m_target).absolutePath());
-    if (storage.isReadOnly())
+    // The file system itself is asked: a table of mounts does not name the root of a container or a chroot.
+    struct statvfs system {};
+    const QByteArray folder = QFile::encodeName(QFileInfo(m_target).absolutePath());
+    const bool isKnown = statvfs(folder.constData(), &system) == 0 && system.f_blocks > 0;
+    if (isKnown && (system.f_flag & ST_RDONLY))
         return About(Texts::tr("could not be written: %1").arg(ErrorText(EROFS)),
                      Texts::tr("choose another folder"));
-    if (storage.bytesAvailable() < 64 * 1024)
+    if (isKnown && quint64(system.f_bavail) * system.f_frsize < 64 * 1024)
         return About(Texts::tr("could not be written: %1").arg(ErrorText(ENOSPC)),
                      Texts::tr("free some space and try again"));
     return About(Texts::tr("could not be written completely, so nothing was kept"),
-                 Texts::tr("look at the disk's space, quota and file size limit"));
+                 isKnown ? Texts::tr("look at the disk's space, quota and file size limit")
+                         : Texts::tr("the file system does not tell its free space; look at the disk's "
+                                     "space, quota and file size limit"));
 }
 
 std::optional<Problem> SafeOutput::Commit()

@@ -3,6 +3,7 @@
 #include <QtCore/QJsonDocument>
 #include <QtCore/QList>
 
+#include <algorithm>
 #include <cstdio>
 
 #include <sys/ioctl.h>
@@ -144,9 +145,30 @@ void Print(const QString& text)
     std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
 }
 
+void PrintJsonLine(const QByteArray& json)
+{
+    if (std::all_of(json.begin(), json.end(), [](char c) { return c >= ' ' && c < '\x7f'; })) {
+        Print(QString::fromLatin1(json) + QLatin1Char('\n'));
+        return;
+    }
+    QString line;
+    line.reserve(json.size() + 1);
+    for (const char32_t c : QString::fromUtf8(json).toUcs4()) {
+        const auto units = QChar::fromUcs4(c);
+        if (!IsSteering(c)) {
+            line += QStringView(units);
+            continue;
+        }
+        // Such a character can stand in a text only, where its escape means the same.
+        for (const QChar unit : QStringView(units))
+            line += QStringLiteral("\\u%1").arg(uint(unit.unicode()), 4, 16, QLatin1Char('0'));
+    }
+    Print(line + QLatin1Char('\n'));
+}
+
 void PrintJsonLine(const QJsonObject& object)
 {
-    Print(QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact)) + QLatin1Char('\n'));
+    PrintJsonLine(QJsonDocument(object).toJson(QJsonDocument::Compact));
 }
 
 void PrintTitle(const QString& fileName, const QString& kind)

@@ -24,7 +24,8 @@ QString Paint(const QString& text, Style style);
 
 /// Writes to standard output. The caller makes texts from files harmless first.
 void Print(const QString& text);
-/// Prints an object for programs, in one line.
+/// Prints compact JSON for programs, in one line; what would steer a terminal is escaped.
+void PrintJsonLine(const QByteArray& json);
 void PrintJsonLine(const QJsonObject& object);
 /// Prints what a file is called and what it is.
 void PrintTitle(const QString& fileName, const QString& kind);

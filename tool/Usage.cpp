@@ -1,5 +1,6 @@
 #include "Usage.h"
 
+#include "Terminal.h"
 #include "Texts.h"
 
 #include <CLI/CLI.hpp>
@@ -97,7 +98,7 @@ void SetHeadings(CLI::App* app)
 
 std::string UsageMessage(const CLI::App* app, const CLI::Error& error)
 {
-    return QStringLiteral("zyn: %1; %2\n").arg(What(app, error), SeeHelp(app)).toStdString();
+    return Harmless(QStringLiteral("zyn: %1; %2").arg(What(app, error), SeeHelp(app))).toStdString() + '\n';
 }
 
 } // namespace ZYN::Tool

@@ -29,10 +29,20 @@ std::unique_ptr<QCoreApplication> MakeApplication(const Command& command, int* a
 {
     if (!command.needsGui || !command.needsGui())
         return std::make_unique<QCoreApplication>(*argc, argv);
-    // Fonts need a platform, but no display.
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // Fonts need a platform, but no display: one that the user's environment names ends the program where
+    // there is none.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(*argc, argv);
+}
+
+// The exit code, once it is known whether all of the output arrived.
+int Finished(int code)
+{
+    if (FlushOutput())
+        return code;
+    PrintProblem({Texts::tr("standard output"), 0, Texts::tr("not everything could be written"),
+                  Texts::tr("the disk may be full")});
+    return ExitFailed;
 }
 
 int Run(const Command& command, int* argc, char** argv)
@@ -41,13 +51,7 @@ int Run(const Command& command, int* argc, char** argv)
     // What a program asked for is the same in every language.
     if (!command.line.IsGiven("--json"))
         LoadTranslation(application.get());
-    const int code = command.run();
-    if (!FlushOutput()) {
-        PrintProblem({Texts::tr("standard output"), 0, Texts::tr("not everything could be written"),
-                      Texts::tr("the disk may be full")});
-        return ExitFailed;
-    }
-    return code;
+    return Finished(command.run());
 }
 
 int Zyn(int argc, char** argv)
@@ -71,7 +75,7 @@ int Zyn(int argc, char** argv)
                                 MeasureCommand(zyn, manners),    UnitsCommand(zyn, manners),
                                 HistoryCommand(zyn, manners),    FormatsCommand(zyn, manners)};
     if (const std::optional<int> code = program.Parse(argc, argv))
-        return *code == 0 ? ExitGood : ExitUsage;
+        return *code == 0 ? Finished(ExitGood) : ExitUsage; // zero: it was the help
     application.reset();
     verbose = manners.verbose;
     qInstallMessageHandler(HandleQtMessage);

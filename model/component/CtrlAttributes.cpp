@@ -2,6 +2,8 @@
 
 #include <ZYNCommon/TestComponentAttr.h>
 
+#include <utility>
+
 namespace ZYN {
 
 CtrlAttributes::CtrlAttributes() = default;
@@ -18,7 +20,7 @@ QList<TestComponentAttr*> CtrlAttributes::GetAttributes() const
 
 void CtrlAttributes::AddAttribute(TestComponentAttr* attribute)
 {
-    if (attribute)
+    if (attribute && !std::exchange(attribute->m_isOwned, true))
         m_attributes.append(attribute);
 }
 

@@ -9,6 +9,18 @@
 
 namespace ZYN {
 
+namespace {
+
+// Given once more, the control that is there stays.
+template <typename Control>
+void Replace(std::unique_ptr<Control>& place, Control* control)
+{
+    if (control != place.get())
+        place.reset(control);
+}
+
+} // namespace
+
 TestComponent::TestComponent(long componentId, const QString& name, EN_ZYN_ADDRESS address, unsigned int line)
     : ManagedObject(componentId, name)
     , type(address)
@@ -71,22 +83,22 @@ CtrlTestPlanValues* TestComponent::GetTestPlanValuesCtrl() const
 
 void TestComponent::SetLogInReportCtrl(CtrlLogInReport* control)
 {
-    NeedExtras().logInReport.reset(control);
+    Replace(NeedExtras().logInReport, control);
 }
 
 void TestComponent::SetEnableCtrl(CtrlEnable* control)
 {
-    NeedExtras().enable.reset(control);
+    Replace(NeedExtras().enable, control);
 }
 
 void TestComponent::SetAttributesCtrl(CtrlAttributes* control)
 {
-    NeedExtras().attributes.reset(control);
+    Replace(NeedExtras().attributes, control);
 }
 
 void TestComponent::SetTestPlanValuesCtrl(CtrlTestPlanValues* control)
 {
-    NeedExtras().testPlanValues.reset(control);
+    Replace(NeedExtras().testPlanValues, control);
 }
 
 bool TestComponent::IsTestplanDisabled() const

@@ -49,7 +49,7 @@ QList<TestComponentAttr*> TestComponentAttr::GetChildren() const
 
 void TestComponentAttr::AddChild(TestComponentAttr* child)
 {
-    if (child)
+    if (child && child != this && !std::exchange(child->m_isOwned, true))
         m_children.append(child);
 }
 

@@ -5,14 +5,15 @@
 
 #include "PlanApplication.h"
 
+#include <utility>
+
 namespace ZYN {
 
 namespace {
 
 void Replace(TestPlanData*& place, TestPlanData* data)
 {
-    if (place != data)
-        delete place;
+    delete place;
     place = data;
 }
 
@@ -48,19 +49,19 @@ TestPlan::~TestPlan()
 
 void TestPlan::AddProperties(const QString& key, TestPlanData* data)
 {
-    if (data)
+    if (data && !std::exchange(data->m_isOwned, true))
         Replace(EntryFor(key).properties, data);
 }
 
 void TestPlan::AddValidation(const QString& key, TestPlanData* data)
 {
-    if (data)
+    if (data && !std::exchange(data->m_isOwned, true))
         Replace(EntryFor(key).validation, data);
 }
 
 void TestPlan::AddAttributes(const QString& key, TestPlanData* data)
 {
-    if (data)
+    if (data && !std::exchange(data->m_isOwned, true))
         Replace(EntryFor(key).attributes, data);
 }
 

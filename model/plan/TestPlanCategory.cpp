@@ -2,6 +2,8 @@
 
 #include <ZYNCommon/TestPlanData.h>
 
+#include <utility>
+
 namespace ZYN {
 
 TestPlanCategory::TestPlanCategory(const QString& name)
@@ -21,7 +23,7 @@ QString TestPlanCategory::GetName() const
 
 void TestPlanCategory::SetAttributes(TestPlanData* attributes)
 {
-    if (attributes == m_attributes)
+    if (attributes == m_attributes || (attributes && std::exchange(attributes->m_isOwned, true)))
         return;
     delete m_attributes;
     m_attributes = attributes;

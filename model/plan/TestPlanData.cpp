@@ -29,7 +29,7 @@ void TestPlanData::SetProperty(const QString& name, const QVariant& value)
 
 void TestPlanData::AddCategory(TestPlanCategory* category)
 {
-    if (category)
+    if (category && !std::exchange(category->m_isOwned, true))
         m_categories.append(category);
 }
 

@@ -6,6 +6,8 @@
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/ZYNSession.h>
 
+#include <utility>
+
 namespace ZYN {
 
 StatisticsDataReport::StatisticsDataReport() = default;
@@ -66,7 +68,7 @@ void StatisticsDataReport::SetTestProgram(QSharedPointer<TestProgram> program)
 
 void StatisticsDataReport::AddTestData(StatisticsData* data)
 {
-    if (data)
+    if (data && !std::exchange(data->m_isOwned, true))
         m_data.append(data);
 }
 

@@ -2,7 +2,23 @@
 
 #include <ZYNCommon/ProductTypeMultiPanel.h>
 
+#include <QtCore/QXmlStreamReader>
+
 namespace ZYN {
+
+namespace {
+
+/// Whether a reader of XML finds the key as the name of the only attribute of the only element.
+bool IsReadBack(const QString& key)
+{
+    QXmlStreamReader reader(QStringLiteral("<P %1=\"\"/>").arg(key));
+    const bool isAlone = reader.readNextStartElement() && reader.attributes().size() == 1 &&
+                         reader.attributes().first().name() == key;
+    return isAlone && reader.readNext() == QXmlStreamReader::EndElement &&
+           reader.readNext() == QXmlStreamReader::EndDocument;
+}
+
+} // namespace
 
 ProductType::ProductType(long objectId, const QString& name)
     : ManagedObject(objectId, name)
@@ -60,6 +76,13 @@ void ProductType::SetDescription(const QString& description)
 void ProductType::SetClusterLevel(long level)
 {
     m_clusterLevel = level;
+}
+
+QStringList ProductType::GetUnsafeParameterKeys() const
+{
+    QStringList keys = GetParameters().keys();
+    keys.removeIf(IsReadBack);
+    return keys;
 }
 
 bool ProductType::IsValid() const

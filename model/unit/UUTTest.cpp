@@ -13,7 +13,9 @@
 #include "../result/TimeText.h"
 #include "../result/WorstResult.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace ZYN {
 
@@ -188,14 +190,21 @@ void UUTTest::SetDuration(double seconds)
 
 void UUTTest::AssignResultSet(TestResultSet* resultSet)
 {
-    if (resultSet)
-        m_resultSets.append(resultSet);
+    if (!resultSet || std::exchange(resultSet->m_isOwned, true))
+        return;
+    m_resultSets.append(resultSet);
 }
 
 void UUTTest::AddUUTTest(QSharedPointer<UUTTest> test)
 {
-    if (test)
+    if (test && !test->Contains(this))
         m_items.append(std::move(test));
+}
+
+bool UUTTest::Contains(const UUTTest* test) const
+{
+    return test == this || std::any_of(m_items.begin(), m_items.end(),
+                                       [test](const auto& item) { return item->Contains(test); });
 }
 
 } // namespace ZYN

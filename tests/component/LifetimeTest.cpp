@@ -110,6 +110,53 @@ private slots:
         QCOMPARE(c.measurement->resultState, ZYN_RESULT_NOT_TESTED);
     }
 
+    void whatIsGivenTwiceIsFreedOnce()
+    {
+        UUTTest test(1, "unit");
+        UUTTest other(2, "other unit");
+        TestPlan plan{QFileInfo()};
+        TestPlanData more;
+        StatisticsDataReport statistics;
+        CtrlAttributes attributes;
+        const Components c;
+        auto* const set = new TestResultSet(c.program, nullptr);
+        auto* const item = new TestComponentAttr("category", TestComponentAttr::Category);
+        auto* const category = new TestPlanCategory("category");
+        auto* const data = new TestPlanData;
+        auto* const entry = new StatisticsData(c.measurement);
+        auto* const controls = new CtrlLogInReport(false);
+        for (int time = 0; time < 2; ++time) {
+            test.AssignResultSet(set);
+            other.AssignResultSet(set);
+            attributes.AddAttribute(item);
+            item->AddChild(item);
+            data->AddCategory(category);
+            more.AddCategory(category);
+            plan.AddProperties("ident", data);
+            plan.AddProperties("other ident", data);
+            plan.AddAttributes("ident", data);
+            statistics.AddTestData(entry);
+            c.step->SetLogInReportCtrl(controls);
+        }
+        QCOMPARE(test.GetResultSets(), QList<TestResultSet*>{set});
+        QVERIFY(other.GetResultSets().isEmpty());
+        QCOMPARE(attributes.GetAttributes().size() + statistics.GetTestData().size(), 2);
+        QVERIFY(item->GetChildren().isEmpty());
+        QVERIFY(!c.step->GetLogInReportCtrl()->GetLogInReport());
+    }
+
+    void aTestDoesNotContainItself()
+    {
+        const auto panel = QSharedPointer<UUTTest>::create(1, "panel");
+        const auto item = QSharedPointer<UUTTest>::create(2, "item");
+        panel->AddUUTTest(item);
+        panel->AddUUTTest(panel);
+        item->AddUUTTest(panel);
+        QCOMPARE(panel->GetUUTTests(), QList<QSharedPointer<UUTTest>>{item});
+        QVERIFY(item->GetUUTTests().isEmpty());
+        QCOMPARE(panel->GetResult(), ZYN_RESULT_NOT_TESTED);
+    }
+
     void aResultIsOwnedByOneSet()
     {
         const Components c;

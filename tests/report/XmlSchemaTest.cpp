@@ -132,6 +132,16 @@ private slots:
             QCOMPARE(StructureFaults(document), structureFaults);
     }
 
+    /// A key that was no name: the document is as the schema has it.
+    void forgedParameter()
+    {
+        const QByteArray key = "Revision=\"B\"/><Parameter a=\"\" b";
+        const QByteArray document = Sample("panel").replace("Revision=\"B\"/", key + "=\"B\"/");
+        QCOMPARE(Faults(document), QString());
+        QCOMPARE(StructureFaults(document),
+                 QString("23: 'Parameter' has not one attribute: the parameter's key was no name"));
+    }
+
     void damageInOtherFiles_data()
     {
         const Rows<QString, QString, QByteArray, QByteArray> row;

@@ -1,10 +1,14 @@
 #include "ToolFolder.h"
 #include "support/Test.h"
 
+#include <fcntl.h>
 #include <linux/capability.h>
+#include <sched.h>
+#include <sys/mount.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace ZYN;
 
@@ -19,6 +23,23 @@ void FillDisk()
 {
     const rlimit limit{200, 200};
     setrlimit(RLIMIT_FSIZE, &limit);
+}
+
+/// As in a container: the table of mounts names no file system. The tool does not start where this is denied.
+constexpr int denied = 77;
+void HideMounts()
+{
+    if (unshare(CLONE_NEWNS) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNS) != 0)
+        _exit(denied);
+    mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr); // else the others would see it
+    for (const char* table : {"/proc/self/mountinfo", "/proc/self/mounts"})
+        if (mount("/dev/null", table, nullptr, MS_BIND, nullptr) != 0)
+            _exit(denied);
+    FillDisk();
+}
+void FillOutput()
+{
+    dup2(open("/dev/full", O_WRONLY | O_CLOEXEC), STDOUT_FILENO);
 }
 
 } // namespace
@@ -139,6 +160,27 @@ private slots:
         QVERIFY2(outcome.code == 0, outcome.errors);
         QCOMPARE(folder->Content("victim"), QByteArray("old"));
         QVERIFY(!QFileInfo(folder->Path("new.csv")).isSymLink() && folder->Content("new.csv").size() > 1000);
+    }
+
+    void FreeSpaceIsAskedOfTheFileSystem()
+    {
+        const auto outcome = folder->Zyn("convert a.zyr -o b.csv", {}, HideMounts);
+        if (outcome.code == denied)
+            QSKIP("no namespace of mounts can be made here");
+        QVERIFY2(outcome.errors.contains("b.csv: could not be written completely"), outcome.errors);
+    }
+
+    void OutputThatDoesNotArrive_data()
+    {
+        const Rows<> row;
+        for (const char* arguments : {"--help", "--version", "convert --help", "formats", "show a.zyr"})
+            row(arguments);
+    }
+    void OutputThatDoesNotArrive()
+    {
+        const auto outcome = folder->Zyn(QTest::currentDataTag(), {}, FillOutput);
+        QCOMPARE(outcome.code, 1);
+        QVERIFY2(outcome.errors.contains("standard output: not everything could be written"), outcome.errors);
     }
 
     // Somebody clears the folder while a report is written.

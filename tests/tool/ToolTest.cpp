@@ -151,19 +151,45 @@ private slots:
         QCOMPARE(Golden::Difference("tool", golden, outcome.output), QString());
     }
 
-    // A report's names are data from anywhere: here a control sequence introducer and a right-to-left
-    // override.
-    void ShowNeverSteersTheTerminal()
+    // A report's names are data from anywhere, and so are the names of files: here a control sequence
+    // introducer, a delete, a next line, a right-to-left override and a line separator.
+    void NamesNeverSteerTheTerminal_data()
     {
-        QByteArray hostile = report;
-        hostile.replace("Input current", "Input&#x9b;31m\xe2\x80\xae current&#9;x");
-        folder->Write("b.zyr", hostile);
-        const auto outcome = folder->Zyn("show b.zyr");
-        QCOMPARE(outcome.code, 0);
-        QVERIFY2(outcome.output.contains("Input\\x9b31m\\u202e current"), outcome.output);
-        const QString shown = QString(outcome.output).remove('\n');
-        for (const QChar c : shown)
-            QVERIFY(c.category() != QChar::Other_Control && c.category() != QChar::Other_Format);
+        const Rows<int, QByteArray> row;
+        row("show b.zyr", 0, "Input\\x9b\\x7f\\x85\\u202e\\u2028");
+        row("show --json b.zyr", 0, "Input\\u009b\\u007f\\u0085\\u202e\\u2028");
+        row("show --json b.stdf", 0, "Input\\u009b\\u007f\\u0085?");
+        row("check --json HOSTILE", 1, "{\"column\":1,\"error\":true,\"file\":\"\\u009b\\u007f");
+        row("convert --json HOSTILE -d out -f XML", 1, "\"input\":\"\\u009b");
+        row("statistics --json b.zyr -o HOSTILE.csv", 0, "");
+        row("HOSTILE", 2, "there is no command '\\x9b");
+        row("show --HOSTILE b.zyr", 2, "not expected: --\\x9b");
+    }
+    void NamesNeverSteerTheTerminal()
+    {
+        const auto [code, says] = CurrentRow<int, QByteArray>();
+        const QString hostile = "\u009b\u007f\u0085\u202e\u2028";
+        QByteArray named = report;
+        named.replace("Input current", "Input" + hostile.toUtf8());
+        folder->Write("b.zyr", named);
+        folder->Write(hostile, "<TestReport>");
+        QCOMPARE(folder->Zyn("convert -q b.zyr -o b.stdf").code, 0);
+        const auto outcome = folder->Zyn(QString(QTest::currentDataTag()).replace("HOSTILE", hostile));
+        const QByteArray printed = outcome.output + outcome.errors;
+        QVERIFY2(outcome.code == code && printed.contains(says), printed);
+        for (const QChar c : QString(printed).remove('\n'))
+            QVERIFY2(c.category() != QChar::Other_Control && c.category() != QChar::Other_Format &&
+                         c.category() != QChar::Separator_Line,
+                     printed);
+    }
+
+    void PdfNeedsNoDisplay()
+    {
+        const auto outcome = folder->Zyn("convert a.zyr -o a.pdf", {}, [] {
+            unsetenv("DISPLAY");
+            setenv("QT_QPA_PLATFORM", "xcb", 1);
+        });
+        QVERIFY2(outcome.code == 0, outcome.errors);
     }
 
     void ShowPrintsWhatCouldBeRead()

@@ -1,6 +1,7 @@
 
 
 #include "support/Model.h"
+#include "examples/line_simulator/Line.h"
 #include "support/Test.h"
 
 #include <cmath>
@@ -35,6 +36,23 @@ private slots:
         QVERIFY(!test.GetProductType());
         unit->SetProductType(QSharedPointer<ProductType>::create(0, "board"));
         QCOMPARE(test.GetProductType(), unit->GetProductType());
+    }
+
+    void keysThatAreNoNames()
+    {
+        const QStringList good{"BoardRevision", "_a", QString("\u00c4_1.-"), "_GoldenDevice1"};
+        const QStringList bad{"",    "1a",     "no name", "a:b",           "xmlns",          "a=\"\" b",
+                              "a<b", "a\nb",   "a&b",     "a=\"\"/><b c", "a=\"\"/><!--", "a/>",
+                              "a\t", "P a=''", " a"};
+        ProductType type(1, "board");
+        for (const QString& key : good + bad)
+            type.SetParameter(key, "value");
+        QStringList expected = bad;
+        expected.sort();
+        QCOMPARE(type.GetUnsafeParameterKeys(), expected);
+        // What the simulated line writes.
+        const auto panel = Simulation::Line({}).MakePanel(1);
+        QCOMPARE(panel->GetProductType()->GetUnsafeParameterKeys(), QStringList());
     }
 
     void durations()

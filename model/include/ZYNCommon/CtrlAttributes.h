@@ -19,7 +19,7 @@ public:
 
     /// Top-level items in their order; owned by this object.
     QList<TestComponentAttr*> GetAttributes() const;
-    /// Takes ownership; null is ignored.
+    /// Takes ownership; null and an item that has an owner already are ignored.
     void AddAttribute(TestComponentAttr* attribute);
 
 private:

@@ -4,6 +4,7 @@
 
 #include <QtCore/QList>
 #include <QtCore/QSharedPointer>
+#include <QtCore/QStringList>
 
 namespace ZYN {
 
@@ -26,6 +27,10 @@ public:
     /// Ids of the test programs for this product type, in the order added, each once.
     QList<int> GetTestPrograms() const;
     bool IsValid() const override;
+    /// Keys of parameters that must not get into a report: the XML format writes a key as the name of an
+    /// attribute, as it stands. One that is no such name makes a file that cannot be read, and one from an
+    /// enemy elements that nobody measured. Who takes keys from outside asks before the export.
+    QStringList GetUnsafeParameterKeys() const;
 
     void SetArticelCode(const QString& code);
     void SetCustomer(const QString& customer);

@@ -66,6 +66,8 @@ public:
     bool HaveLimitsChanged() const;
 
 private:
+    friend class StatisticsDataReport;
+
     /// A value in 16 bytes; what is neither a 64-bit integer nor a real number stands in `m_others`.
     struct Run {
         enum Kind : quint8 { Nothing, Integer, Real, Other };
@@ -92,6 +94,7 @@ private:
     double m_minimum = 0.0;
     double m_maximum = 0.0;
     bool m_limitsChanged = false;
+    bool m_isOwned = false; ///< by a report
 };
 
 } // namespace ZYN

@@ -34,7 +34,7 @@ public:
     void SetProductType(QSharedPointer<ProductType> productType);
     void SetUnitUnderTest(QSharedPointer<UnitUnderTest> unit);
     void SetTestProgram(QSharedPointer<TestProgram> program);
-    /// Takes ownership; null is ignored.
+    /// Takes ownership; null and an entry that belongs to a report already are ignored.
     void AddTestData(StatisticsData* data);
 
 private:

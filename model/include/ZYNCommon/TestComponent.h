@@ -48,7 +48,8 @@ public:
     virtual CtrlValidation* GetValidationCtrl() const;
     CtrlAttributes* GetAttributesCtrl() const;
     CtrlTestPlanValues* GetTestPlanValuesCtrl() const;
-    /// Takes ownership and deletes the control that was there; null removes it. The same for the others.
+    /// Takes ownership and deletes the control that was there; null removes it. The control
+    /// that is there already stays. The same for the others.
     void SetLogInReportCtrl(CtrlLogInReport* control);
     void SetEnableCtrl(CtrlEnable* control);
     void SetAttributesCtrl(CtrlAttributes* control);

@@ -26,17 +26,20 @@ public:
     void SetValue(const QVariant& value);
     /// Children in their order; owned by this object.
     QList<TestComponentAttr*> GetChildren() const;
-    /// Takes ownership; null is ignored.
+    /// Takes ownership; null, itself and an item that has an owner already are ignored.
     void AddChild(TestComponentAttr* child);
 
     /// "Category", "Integer", "Real", "String", "Boolean"; an unknown code gives its number.
     static QString TypeToString(TestComponentAttrType type);
 
 private:
+    friend class CtrlAttributes;
+
     QString m_name;
     TestComponentAttrType m_type;
     QVariant m_value;
     QList<TestComponentAttr*> m_children;
+    bool m_isOwned = false; ///< by a component's attributes or by another item
 };
 
 } // namespace ZYN

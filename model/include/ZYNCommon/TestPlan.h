@@ -21,7 +21,7 @@ public:
     TestPlan(const TestPlan&) = delete;
     TestPlan& operator=(const TestPlan&) = delete;
 
-    /// These take ownership; null is ignored.
+    /// These take ownership; null and data that have an owner already are ignored.
     void AddProperties(const QString& key, TestPlanData* data);
     void AddValidation(const QString& key, TestPlanData* data);
     void AddAttributes(const QString& key, TestPlanData* data);

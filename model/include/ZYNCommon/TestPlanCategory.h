@@ -18,7 +18,7 @@ public:
     TestPlanCategory& operator=(const TestPlanCategory&) = delete;
 
     QString GetName() const;
-    /// Takes ownership and frees the content that was there.
+    /// Takes ownership and frees the content that was there. Content that has an owner already is ignored.
     void SetAttributes(TestPlanData* attributes);
     /// Null until set.
     TestPlanData* GetAttributes() const;
@@ -27,6 +27,7 @@ private:
     friend class TestPlanData;
     QString m_name;
     TestPlanData* m_attributes = nullptr;
+    bool m_isOwned = false; ///< by attributes or by another category
 };
 
 } // namespace ZYN

@@ -23,7 +23,7 @@ public:
 
     /// Adds the value or replaces the one of that name; the name keeps its place.
     void SetProperty(const QString& name, const QVariant& value);
-    /// Takes ownership; null is ignored.
+    /// Takes ownership; null and a category that has an owner already are ignored.
     void AddCategory(TestPlanCategory* category);
 
     /// Names in the order in which they were first set.
@@ -35,10 +35,13 @@ public:
     QList<TestPlanCategory*> GetCategories() const;
 
 private:
+    friend class TestPlan;
     friend class TestPlanCategory;
+
     QStringList m_names;
     QMap<QString, QVariant> m_values;
     QList<TestPlanCategory*> m_categories;
+    bool m_isOwned = false; ///< by a plan or a category
 };
 
 } // namespace ZYN

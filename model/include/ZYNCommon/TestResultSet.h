@@ -61,11 +61,14 @@ public:
     int GetFailedCount(const TestComponent* component) const;
 
 private:
+    friend class UUTTest;
+
     QSharedPointer<TestProgram> m_program;
     QSharedPointer<Station> m_station;
     QList<TestResult*> m_results;
     QHash<const TestComponent*, TestResult*> m_resultForComponent;
     long m_testIndex = 0;
+    bool m_isOwned = false; ///< by a test
 };
 
 } // namespace ZYN

@@ -72,12 +72,15 @@ public:
     void SetStopTime(const QDateTime& time);
     /// \param seconds duration in seconds
     void SetDuration(double seconds);
-    /// Takes ownership; null is ignored.
+    /// Takes ownership; null and a set that belongs to a test already are ignored.
     void AssignResultSet(TestResultSet* resultSet);
-    /// Null is ignored.
+    /// Null is ignored, and a test that is this one or contains it.
     void AddUUTTest(QSharedPointer<UUTTest> test);
 
 private:
+    /// Whether a test is this one or one of those below it.
+    bool Contains(const UUTTest* test) const;
+
     QSharedPointer<UnitUnderTest> m_unit;
     QSharedPointer<ProductionLot> m_lot;
     QSharedPointer<Fixture> m_fixture;
