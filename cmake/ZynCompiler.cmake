@@ -46,10 +46,9 @@ endfunction()
 # after the installation. (A path of the build's own would be filled up with colons to the length of the other,
 # and each of them means the current folder.)
 file(RELATIVE_PATH ZYN_LIB_FROM_BIN ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-get_filename_component(ZYN_BUILD_LIBDIR ${PROJECT_BINARY_DIR}/tool/${ZYN_LIB_FROM_BIN} ABSOLUTE)
+get_filename_component(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tool/${ZYN_LIB_FROM_BIN} ABSOLUTE)
 function(zyn_search_libraries target from_target)
-  set_target_properties(${target} PROPERTIES
-    LIBRARY_OUTPUT_DIRECTORY ${ZYN_BUILD_LIBDIR} BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "${from_target}")
+  set_target_properties(${target} PROPERTIES BUILD_WITH_INSTALL_RPATH ON INSTALL_RPATH "${from_target}")
 endfunction()
 
 # Keeps a shared library from exporting anything but the project's own names.

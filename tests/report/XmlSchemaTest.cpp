@@ -139,7 +139,7 @@ private slots:
         const QByteArray document = Sample("panel").replace("Revision=\"B\"/", key + "=\"B\"/");
         QCOMPARE(Faults(document), QString());
         QCOMPARE(StructureFaults(document),
-                 QString("23: 'Parameter' has not one attribute: the parameter's key was no name"));
+                 QString("22: 'Parameter' has not one attribute: the parameter's key was no name"));
     }
 
     void damageInOtherFiles_data()

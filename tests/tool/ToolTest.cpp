@@ -159,7 +159,7 @@ private slots:
         row("show b.zyr", 0, "Input\\x9b\\x7f\\x85\\u202e\\u2028");
         row("show --json b.zyr", 0, "Input\\u009b\\u007f\\u0085\\u202e\\u2028");
         row("show --json b.stdf", 0, "Input\\u009b\\u007f\\u0085?");
-        row("check --json HOSTILE", 1, "{\"column\":1,\"error\":true,\"file\":\"\\u009b\\u007f");
+        row("check --json HOSTILE", 1, "\"file\":\"\\u009b\\u007f");
         row("convert --json HOSTILE -d out -f XML", 1, "\"input\":\"\\u009b");
         row("statistics --json b.zyr -o HOSTILE.csv", 0, "");
         row("HOSTILE", 2, "there is no command '\\x9b");
@@ -177,7 +177,8 @@ private slots:
         const auto outcome = folder->Zyn(QString(QTest::currentDataTag()).replace("HOSTILE", hostile));
         const QByteArray printed = outcome.output + outcome.errors;
         QVERIFY2(outcome.code == code && printed.contains(says), printed);
-        for (const QChar c : QString(printed).remove('\n'))
+        const QString shown = QString(printed).remove('\n');
+        for (const QChar c : shown)
             QVERIFY2(c.category() != QChar::Other_Control && c.category() != QChar::Other_Format &&
                          c.category() != QChar::Separator_Line,
                      printed);

@@ -1,7 +1,7 @@
 
 
-#include "support/Model.h"
 #include "examples/line_simulator/Line.h"
+#include "support/Model.h"
 #include "support/Test.h"
 
 #include <cmath>
@@ -41,7 +41,7 @@ private slots:
     void keysThatAreNoNames()
     {
         const QStringList good{"BoardRevision", "_a", QString("\u00c4_1.-"), "_GoldenDevice1"};
-        const QStringList bad{"",    "1a",     "no name", "a:b",           "xmlns",          "a=\"\" b",
+        const QStringList bad{"",    "1a",     "no name", "a:b",          "xmlns",        "a=\"\" b",
                               "a<b", "a\nb",   "a&b",     "a=\"\"/><b c", "a=\"\"/><!--", "a/>",
                               "a\t", "P a=''", " a"};
         ProductType type(1, "board");
