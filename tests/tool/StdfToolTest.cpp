@@ -84,8 +84,7 @@ private slots:
         QVERIFY2(second.errors.contains("2 parts stand there already"), second.errors);
         const auto check = folder.Zyn("check umlaut.stdf");
         QCOMPARE(check.code, 0);
-        QVERIFY2(check.output.contains("texts beyond ASCII, first MIR LOT_ID"),
-                 check.output);
+        QVERIFY2(check.output.contains("texts beyond ASCII, first MIR LOT_ID"), check.output);
     }
 
     void LotsAreNoReports()
@@ -139,6 +138,17 @@ private slots:
                 Lot(file).Of("MIR")[0].Text("LOT_ID") + u' ' + QString::number(Lot(file).PartIds().size());
         lots.sort();
         QCOMPARE(lots.join(", "), "X2 2, X3 2");
+    }
+
+    void LotThatIsCutOffInItsHeaderIsSaid()
+    {
+        const QByteArray cut = folder.Content("lot.stdf").first(20);
+        folder.Write("cut.stdf", cut);
+        const auto outcome = folder.Zyn("convert lot/panel-0002.zyr -o cut.stdf");
+        QCOMPARE(outcome.code, 0);
+        QVERIFY2(outcome.errors.contains("cut.stdf is cut off or damaged before it says which lot it is"),
+                 outcome.errors);
+        QCOMPARE(folder.Content("cut.stdf"), cut);
     }
 
     void LinkToAMissingFileIsFollowed()
