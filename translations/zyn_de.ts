@@ -618,13 +618,13 @@
     </message>
     <message>
         <source>the rest of the file is zero bytes, as a power loss leaves them; the next part that is added goes over them</source>
-        <translation type="unfinished"></translation>
+        <translation>der Rest der Datei sind Nullbytes, wie sie ein Stromausfall hinterlässt; der nächste angefügte Teil überschreibt sie</translation>
     </message>
     <message numerus="yes">
         <source>%n records have texts beyond ASCII, first %1: they are read as Latin-1, and some other readers give up on them</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Datensatz hat Texte jenseits von ASCII, zuerst %1: gelesen wird er als Latin-1, und manche anderen Leser geben daran auf</numerusform>
+            <numerusform>%n Datensätze haben Texte jenseits von ASCII, zuerst %1: gelesen werden sie als Latin-1, und manche anderen Leser geben daran auf</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -1491,11 +1491,11 @@ the later one counts; the other is kept.</source>
     </message>
     <message>
         <source>files are written as they are, not compressed</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien werden so geschrieben, wie sie sind, nicht gepackt</translation>
     </message>
     <message>
         <source>leave .gz away, and compress the file afterwards</source>
-        <translation type="unfinished"></translation>
+        <translation>.gz weglassen und die Datei danach packen</translation>
     </message>
     <message>
         <source>would take too long as PDF: %1</source>
@@ -1507,7 +1507,7 @@ the later one counts; the other is kept.</source>
     </message>
     <message>
         <source>STDF: add also parts that stand in the lot already</source>
-        <translation type="unfinished"></translation>
+        <translation>STDF: auch Teile anfügen, die schon im Los stehen</translation>
     </message>
     <message>
         <source>its name is no UTF-8</source>
@@ -1541,57 +1541,57 @@ the later one counts; the other is kept.</source>
     </message>
     <message>
         <source>the name of the lot, product type or machine goes beyond ASCII or is very long, so that %2 is not recognised as the lot of %1: its part is in %3</source>
-        <translation type="unfinished"></translation>
+        <translation>der Name von Los, Produkttyp oder Maschine geht über ASCII hinaus oder ist sehr lang, daher wird %2 nicht als Los von %1 erkannt: sein Teil steht in %3</translation>
     </message>
     <message>
         <source>%2 is cut off or damaged before it says which lot it is: the part of %1 is in %3</source>
-        <translation type="unfinished"></translation>
+        <translation>%2 ist abgeschnitten oder beschädigt, bevor es sein Los nennt: der Teil von %1 steht in %3</translation>
     </message>
     <message numerus="yes">
         <source>%n units gave no part, first in %1: %2</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Prüfling ergab keinen Teil, in %1: %2</numerusform>
+            <numerusform>%n Prüflinge ergaben keinen Teil, zuerst in %1: %2</numerusform>
         </translation>
     </message>
     <message>
         <source>%1: %2 goes beyond ASCII; STDF has it as Latin-1, and some readers give up on it</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: %2 geht über ASCII hinaus; STDF hat es als Latin-1, und manche Leser geben daran auf</translation>
     </message>
     <message numerus="yes">
         <source>%n parts stand there already and are left out; --again adds them all the same</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n Teil steht dort schon und wird ausgelassen; mit --again wird er trotzdem angefügt</numerusform>
+            <numerusform>%n Teile stehen dort schon und werden ausgelassen; mit --again werden sie trotzdem angefügt</numerusform>
         </translation>
     </message>
     <message>
         <source>no test program ran</source>
-        <translation type="unfinished"></translation>
+        <translation>es lief kein Programm</translation>
     </message>
     <message>
         <source>no measurement has a result</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Messung hat ein Ergebnis</translation>
     </message>
     <message>
         <source>no measurement is meant for reports (--all adds them)</source>
-        <translation type="unfinished"></translation>
+        <translation>keine Messung ist für Berichte vorgesehen (mit --all kommen sie hinein)</translation>
     </message>
     <message>
         <source>is compressed, so no part can be added</source>
-        <translation type="unfinished"></translation>
+        <translation>ist gepackt, daher kann kein Teil angefügt werden</translation>
     </message>
     <message>
         <source>unpack it first (gunzip), or choose another name</source>
-        <translation type="unfinished"></translation>
+        <translation>zuerst entpacken (gunzip) oder einen anderen Namen wählen</translation>
     </message>
     <message>
         <source>is no STDF file, so no part can be added</source>
-        <translation type="unfinished"></translation>
+        <translation>ist keine STDF-Datei, daher kann kein Teil angefügt werden</translation>
     </message>
     <message>
         <source>choose another name</source>
-        <translation type="unfinished"></translation>
+        <translation>einen anderen Namen wählen</translation>
     </message>
     <message>
         <source>there is not enough memory to decompress it</source>
@@ -1607,11 +1607,11 @@ the later one counts; the other is kept.</source>
     </message>
     <message>
         <source>is no XML report but another kind of file: %1</source>
-        <translation type="unfinished"></translation>
+        <translation>ist kein XML-Bericht, sondern eine andere Art Datei: %1</translation>
     </message>
     <message>
         <source>give XML reports (.zyr); zyn show and zyn check read this one</source>
-        <translation type="unfinished"></translation>
+        <translation>XML-Berichte (.zyr) angeben; zyn show und zyn check lesen diese</translation>
     </message>
     <message>
         <source>failed first, passed later</source>
@@ -1643,11 +1643,11 @@ the later one counts; the other is kept.</source>
     </message>
     <message>
         <source>somebody removed or replaced its temporary file while it was written</source>
-        <translation type="unfinished"></translation>
+        <translation>jemand hat die vorläufige Datei während des Schreibens entfernt oder ersetzt</translation>
     </message>
     <message>
         <source>try again, or choose a folder that only you can write to</source>
-        <translation type="unfinished"></translation>
+        <translation>noch einmal versuchen oder einen Ordner wählen, in den nur Sie schreiben können</translation>
     </message>
 </context>
 </TS>

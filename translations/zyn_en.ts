@@ -61,9 +61,9 @@
     </message>
     <message numerus="yes">
         <source>%n records have texts beyond ASCII, first %1: they are read as Latin-1, and some other readers give up on them</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n record has texts beyond ASCII, first %1: they are read as Latin-1, and some other readers give up on them</numerusform>
+            <numerusform>%n records have texts beyond ASCII, first %1: they are read as Latin-1, and some other readers give up on them</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -148,16 +148,16 @@
     </message>
     <message numerus="yes">
         <source>%n units gave no part, first in %1: %2</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n unit gave no part, in %1: %2</numerusform>
+            <numerusform>%n units gave no part, first in %1: %2</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%n parts stand there already and are left out; --again adds them all the same</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%n part stands there already and is left out; --again adds it all the same</numerusform>
+            <numerusform>%n parts stand there already and are left out; --again adds them all the same</numerusform>
         </translation>
     </message>
 </context>

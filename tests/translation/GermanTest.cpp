@@ -123,7 +123,8 @@ private slots:
         const Rows<QString> row;
         row("simulate -d one --panels 1 --items 1", "one: 1 Nutzen zu je 1, Testplan und Bins\n");
         row("convert one -o one.stdf", "one.stdf enthält 1 Teil\n");
-        row("convert one one -o one.stdf", "one.stdf enthält 3 Teile\n");
+        row("convert one one -o one.stdf", "2 Teile stehen dort schon und werden ausgelassen; mit --again");
+        row("convert one one -o one.stdf --again", "one.stdf enthält 3 Teile\n");
         row("statistics one -o one.csv", "Ausbeute im ersten Durchgang  100.0 % (1 von 1)\n");
         row("show one.stdf", "Test   Läufe  Fehler    Untergrenze");
         row("formats", "HTML    .html                   Browser\n");
