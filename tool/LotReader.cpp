@@ -2,16 +2,17 @@
 
 #include "Parallel.h"
 #include "ReportFile.h"
+#include "Terminal.h"
 #include "Texts.h"
 
 #include <ZYNCommon/StatisticsData.h>
 #include <ZYNCommon/StatisticsDataReport.h>
 #include <ZYNCommon/TestComponent.h>
-#include <ZYNCommon/TestProgram.h>
-#include <ZYNCommon/TestResultSet.h>
 #include <ZYNCommon/UUTTest.h>
 
 #include <algorithm>
+#include <condition_variable>
+#include <mutex>
 
 namespace ZYN::Tool {
 
@@ -19,78 +20,81 @@ namespace {
 
 constexpr qsizetype PresenceShown = 5;
 
-QString NameOf(const TestComponent* component)
+QString NameOf(const StatisticsData* entry)
 {
-    return QStringLiteral("%1 %2").arg(component->GetIdentString(), component->GetName());
+    const QString path = entry->GetPath().isEmpty() ? entry->GetProgramName() : entry->GetPath();
+    return Harmless(QStringLiteral("%1 %2").arg(entry->GetComponent()->GetIdentString(), path));
 }
 
 } // namespace
 
-void LotReader::Read(const QList<Input>& inputs, Progress& progress)
+// Calls `take` for one report after the other, in their order. Waiting for the turn bounds the memory: no
+// thread is further ahead than one report.
+template <typename Take>
+void LotReader::ForEachReport(const Take& take)
 {
-    m_next = 0;
-    ForEachIndex(inputs.size(), AllCores(), [&](qsizetype index) {
-        const Input& input = inputs.at(index);
+    std::mutex mutex;
+    std::condition_variable turnTaken;
+    qsizetype next = 0; // index of the input whose turn it is
+    ForEachIndex(m_inputs.size(), AllCores(), [&](qsizetype index) {
+        const Input& input = m_inputs.at(index);
         std::optional<Problem> problem;
         const std::unique_ptr<UUTTest> test = ReadReport(input.path, input.name, &problem);
-        TakeOver(index, test.get(), problem);
-        progress.Step();
+        const QList<LotRun> runs = test ? RunsOf(test.get(), input.path) : QList<LotRun>();
+        std::unique_lock lock(mutex);
+        turnTaken.wait(lock, [&] { return next == index; });
+        take(index, test.get(), runs, problem);
+        ++next;
+        turnTaken.notify_all();
     });
 }
 
-// Waiting for the turn bounds the memory: no thread is further ahead than one report.
-void LotReader::TakeOver(qsizetype index, UUTTest* test, const std::optional<Problem>& problem)
+void LotReader::Read(Progress& progress)
 {
-    std::unique_lock lock(m_mutex);
-    m_turnTaken.wait(lock, [&] { return m_next == index; });
-    if (problem) {
-        m_problems.append(*problem);
-    } else {
-        m_collector.AddUnit(test);
-        m_summary.AddReport(test);
-        CountVersions(test);
-        ++m_reports;
-    }
-    ++m_next;
-    m_turnTaken.notify_all();
-}
-
-void LotReader::CountVersions(const UUTTest* test)
-{
-    const QList<TestResultSet*> sets = test->GetResultSets();
-    for (const TestResultSet* const set : sets) {
-        if (const auto program = set->GetTestProgram())
-            ++m_runsOfProgram[Texts::tr("'%1' version '%2'")
-                                  .arg(program->GetDisplayName(), program->GetVersion())];
-    }
-    const QList<QSharedPointer<UUTTest>> items = test->GetUUTTests();
-    for (const auto& item : items)
-        CountVersions(item.get());
+    ForEachReport([&](qsizetype index, const UUTTest* test, const QList<LotRun>& runs,
+                      const std::optional<Problem>& problem) {
+        if (problem) {
+            m_problems.append(*problem);
+        } else {
+            m_runs.Add(runs, index);
+            m_collector.AddUnit(test, m_runs.CountedElsewhere(runs, index));
+            ++m_reports;
+        }
+        progress.Step();
+    });
+    if (!m_runs.HasRevisions())
+        return;
+    // Values of runs that are replaced by later reports have been collected: once more, now that this is
+    // known.
+    m_collector.TakeReport();
+    ForEachReport(
+        [&](qsizetype index, const UUTTest* test, const QList<LotRun>& runs, const std::optional<Problem>&) {
+            m_collector.AddUnit(test, m_runs.CountedElsewhere(runs, index));
+        });
 }
 
 QStringList LotReader::GetRemarks(bool all) const
 {
-    return RemarksOnPrograms() + RemarksOnPresence(all) + RemarksOnLimits();
-}
-
-QStringList LotReader::RemarksOnPrograms() const
-{
-    QStringList remarks;
-    if (m_runsOfProgram.size() > 1) {
-        for (auto it = m_runsOfProgram.cbegin(); it != m_runsOfProgram.cend(); ++it)
-            remarks += Texts::tr("program %1 in %n runs", nullptr, it.value()).arg(it.key());
-    }
-    return remarks;
+    return m_runs.GetRemarks() + RemarksOnPresence(all) + RemarksOnLimits();
 }
 
 QStringList LotReader::RemarksOnPresence(bool all) const
 {
+    QStringList remarks;
+    for (const QString& program : m_runs.GetPrograms())
+        remarks += RemarksOnPresence(program, all);
+    return remarks;
+}
+
+QStringList LotReader::RemarksOnPresence(const QString& program, bool all) const
+{
+    const int runCount = m_runs.GetRunCount(program);
     QList<const StatisticsData*> partial;
     for (const StatisticsData* const entry : GetReport()->GetTestData()) {
-        if (entry->Size() < m_collector.GetRunCount())
+        if (entry->GetProgramName() == program && entry->Size() < runCount)
             partial.append(entry);
     }
-    const QString runs = QString::number(m_collector.GetRunCount());
+    const QString runs = QString::number(runCount);
     if (!all && partial.size() > PresenceShown) {
         // A program that stops at the first failure leaves all that follows behind.
         const StatisticsData* const fewest = *std::min_element(
@@ -98,12 +102,12 @@ QStringList LotReader::RemarksOnPresence(bool all) const
             [](const StatisticsData* a, const StatisticsData* b) { return a->Size() < b->Size(); });
         return {Texts::tr("%n components are in some of %1 runs only, %2 in %3; -v lists them", nullptr,
                           int(partial.size()))
-                    .arg(runs, NameOf(fewest->GetComponent()), QString::number(fewest->Size()))};
+                    .arg(runs, NameOf(fewest), QString::number(fewest->Size()))};
     }
     QStringList remarks;
     for (const StatisticsData* const entry : std::as_const(partial))
-        remarks += Texts::tr("%1 is in %2 of %3 runs only")
-                       .arg(NameOf(entry->GetComponent()), QString::number(entry->Size()), runs);
+        remarks +=
+            Texts::tr("%1 is in %2 of %3 runs only").arg(NameOf(entry), QString::number(entry->Size()), runs);
     return remarks;
 }
 
@@ -112,8 +116,9 @@ QStringList LotReader::RemarksOnLimits() const
     QStringList remarks;
     for (const StatisticsData* const entry : GetReport()->GetTestData()) {
         if (entry->HaveLimitsChanged())
-            remarks += Texts::tr("the limits of %1 changed within the lot; the newest count")
-                           .arg(NameOf(entry->GetComponent()));
+            remarks +=
+                Texts::tr("the limits of %1 changed within the lot; the file's figures are by the newest")
+                    .arg(NameOf(entry));
     }
     return remarks;
 }

@@ -1,18 +1,14 @@
 #pragma once
 
 #include "Inputs.h"
-#include "LotSummary.h"
+#include "LotRuns.h"
 #include "Problem.h"
 #include "Progress.h"
 
 #include <ZYNCommon/StatisticsCollector.h>
 
 #include <QtCore/QList>
-#include <QtCore/QMap>
 #include <QtCore/QString>
-
-#include <condition_variable>
-#include <mutex>
 
 namespace ZYN::Tool {
 
@@ -22,33 +18,36 @@ namespace ZYN::Tool {
 /// outcome does not depend on the number of cores, and what stays in memory is the measured values.
 class LotReader {
 public:
+    /// \param inputs must outlive this object
+    explicit LotReader(const QList<Input>& inputs)
+        : m_inputs(inputs)
+        , m_runs(inputs)
+    {
+    }
+
     /// Reads all inputs; what cannot be read becomes a problem, the rest is collected.
-    void Read(const QList<Input>& inputs, Progress& progress);
+    void Read(Progress& progress);
 
     const QList<Problem>& GetProblems() const { return m_problems; }
     /// Number of reports taken over.
     qsizetype GetReportCount() const { return m_reports; }
-    const LotSummary& GetSummary() const { return m_summary; }
+    const LotRuns& GetRuns() const { return m_runs; }
     /// The statistics; owned by this object.
     StatisticsDataReport* GetReport() const { return m_collector.GetReport(); }
-    /// What is odd about the lot and does not show in the figures: components that only some runs have,
-    /// limits that changed, different versions of the program.
-    /// \param all false sums up what concerns many components
+    /// What is odd about the lot and does not show in the figures: what the runs tell, components that only
+    /// some runs have, limits that changed. \param all false sums up what concerns many components
     QStringList GetRemarks(bool all) const;
 
 private:
-    QStringList RemarksOnPrograms() const;
     QStringList RemarksOnPresence(bool all) const;
     QStringList RemarksOnLimits() const;
-    void TakeOver(qsizetype index, UUTTest* test, const std::optional<Problem>& problem);
-    void CountVersions(const UUTTest* test);
+    QStringList RemarksOnPresence(const QString& program, bool all) const;
+    template <typename Take>
+    void ForEachReport(const Take& take);
 
-    std::mutex m_mutex;
-    std::condition_variable m_turnTaken;
-    qsizetype m_next = 0; // index of the input whose turn it is
+    const QList<Input>& m_inputs;
     StatisticsCollector m_collector;
-    LotSummary m_summary;
-    QMap<QString, int> m_runsOfProgram; // by name and version
+    LotRuns m_runs;
     QList<Problem> m_problems;
     qsizetype m_reports = 0;
 };

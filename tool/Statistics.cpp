@@ -1,5 +1,6 @@
 #include "Command.h"
 #include "LotReader.h"
+#include "LotSummary.h"
 #include "ReportFile.h"
 #include "SafeOutput.h"
 #include "Terminal.h"
@@ -87,10 +88,10 @@ int Run(const Arguments& arguments, const Manners& manners)
         return ExitFailed;
     }
 
-    LotReader lot;
+    LotReader lot(inputs);
     {
         Progress progress(inputs.size(), !manners.quiet);
-        lot.Read(inputs, progress);
+        lot.Read(progress);
     }
     problems += lot.GetProblems();
     if (lot.GetReportCount() == 0)
@@ -99,10 +100,12 @@ int Run(const Arguments& arguments, const Manners& manners)
         problems.append(*failure);
 
     if (lot.GetReportCount() > 0) {
-        if (arguments.json)
-            PrintJsonLine(LotToJson(lot.GetSummary(), lot.GetReport()));
-        else if (!manners.quiet)
-            Print(DescribeLot(lot.GetSummary(), lot.GetReport()));
+        if (arguments.json) {
+            for (const QJsonObject& program : LotToJson(lot.GetRuns(), lot.GetReport()))
+                PrintJsonLine(program);
+        } else if (!manners.quiet) {
+            Print(DescribeLot(lot.GetRuns(), lot.GetReport()));
+        }
         FlushOutput(); // before the remarks, on a terminal
     }
     if (!manners.quiet)

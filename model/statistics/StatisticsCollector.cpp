@@ -57,6 +57,20 @@ ZYNSession* CopyOf(const ZYNSession* session)
 
 } // namespace
 
+/// A component on the way from the program down to the one that is added.
+struct StatisticsCollector::Branch {
+    const Branch* parent;
+    const TestComponent* component;
+    QString place;
+
+    QStringList Names() const
+    {
+        QStringList names = parent ? parent->Names() : QStringList();
+        names.append(component->GetName());
+        return names;
+    }
+};
+
 StatisticsCollector::StatisticsCollector()
     : m_report(std::make_unique<StatisticsDataReport>())
 {
@@ -65,6 +79,11 @@ StatisticsCollector::StatisticsCollector()
 StatisticsCollector::~StatisticsCollector() = default;
 
 void StatisticsCollector::AddUnit(const UUTTest* unit)
+{
+    AddUnit(unit, {});
+}
+
+void StatisticsCollector::AddUnit(const UUTTest* unit, const QSet<const TestResultSet*>& without)
 {
     if (!unit)
         return;
@@ -75,9 +94,10 @@ void StatisticsCollector::AddUnit(const UUTTest* unit)
     if (!m_report->GetProductType())
         m_report->SetProductType(unit->GetProductType());
     for (const TestResultSet* const resultSet : unit->GetResultSets())
-        AddResultSet(resultSet);
+        if (!without.contains(resultSet))
+            AddResultSet(resultSet);
     for (const auto& item : unit->GetUUTTests())
-        AddUnit(item.data());
+        AddUnit(item.data(), without);
 }
 
 void StatisticsCollector::AddResultSet(const TestResultSet* resultSet)
@@ -88,7 +108,7 @@ void StatisticsCollector::AddResultSet(const TestResultSet* resultSet)
     if (!m_report->GetTestProgram())
         m_report->SetTestProgram(ComponentCopy::OfProgram(program.data()));
     ++m_runs;
-    AddComponent(resultSet, program.data(), QString());
+    AddComponent(resultSet, {nullptr, program.data(), PlaceOf(QString(), program.data())});
 }
 
 int StatisticsCollector::GetRunCount() const
@@ -108,12 +128,11 @@ std::unique_ptr<StatisticsDataReport> StatisticsCollector::TakeReport()
     return std::exchange(m_report, std::make_unique<StatisticsDataReport>());
 }
 
-void StatisticsCollector::AddComponent(const TestResultSet* resultSet, const TestComponent* component,
-                                       const QString& parentKey)
+void StatisticsCollector::AddComponent(const TestResultSet* resultSet, const Branch& branch)
 {
-    const QString name = PlaceOf(parentKey, component);
+    const TestComponent* const component = branch.component;
     if (const TestResult* const result = resultSet->GetResult(component)) {
-        StatisticsData* const entry = EntryFor(component, name);
+        StatisticsData* const entry = EntryFor(branch);
         entry->AddValue(result->GetResult(), result->GetValue(), ValidationOf(result, component));
         if (CtrlValidation* const control = entry->GetComponent()->GetValidationCtrl())
             control->SetValidation(entry->GetValidation());
@@ -121,21 +140,23 @@ void StatisticsCollector::AddComponent(const TestResultSet* resultSet, const Tes
     const QList<TestComponent*> children = component->GetChildren();
     if (children.isEmpty())
         return;
-    const QString key = PlaceAt(m_places, name).key; // a copy: places move while others are added
+    const QString key = PlaceAt(m_places, branch.place).key; // a copy: places move while others are added
     for (const TestComponent* const child : children)
-        AddComponent(resultSet, child, key);
+        AddComponent(resultSet, {&branch, child, PlaceOf(key, child)});
 }
 
-StatisticsData* StatisticsCollector::EntryFor(const TestComponent* component, const QString& name)
+StatisticsData* StatisticsCollector::EntryFor(const Branch& branch)
 {
-    Place& place = PlaceAt(m_places, name);
+    Place& place = PlaceAt(m_places, branch.place);
     if (place.run != m_runs) {
         place.run = m_runs;
         place.met = 0;
     }
     if (place.met == place.entries.size()) {
-        place.entries.append(new StatisticsData(ComponentCopy::Of(component)));
-        m_report->AddTestData(place.entries.last());
+        auto* const entry = new StatisticsData(ComponentCopy::Of(branch.component));
+        place.entries.append(entry);
+        entry->SetPath(branch.Names(), int(place.entries.size()));
+        m_report->AddTestData(entry);
     }
     return place.entries.at(place.met++);
 }

@@ -57,6 +57,23 @@ TestComponent* StatisticsData::GetComponent() const
     return m_component.get();
 }
 
+QString StatisticsData::GetProgramName() const
+{
+    return m_names.value(0);
+}
+
+QString StatisticsData::GetPath() const
+{
+    const QString path = m_names.mid(1).join(QLatin1String(" / "));
+    return m_ordinal > 1 ? path + QStringLiteral(" #%1").arg(m_ordinal) : path;
+}
+
+void StatisticsData::SetPath(const QStringList& names, int ordinal)
+{
+    m_names = names;
+    m_ordinal = ordinal;
+}
+
 TestResult* StatisticsData::GetResult(int index) const
 {
     if (index < 0 || index >= Size())
@@ -86,7 +103,7 @@ int StatisticsData::GetNrFail() const
 
 bool StatisticsData::HasStatisticDetails() const
 {
-    return m_count > 0;
+    return m_moments.count > 0;
 }
 
 void StatisticsData::AddValue(EN_ZYN_RESULT result, const QVariant& value,
@@ -95,12 +112,24 @@ void StatisticsData::AddValue(EN_ZYN_RESULT result, const QVariant& value,
     Keep(result, value);
     m_passed += result == ZYN_RESULT_PASSED;
     m_failed += result < 0;
-    if (validation) {
-        m_limitsChanged = m_limitsChanged || (m_validation && !SameLimits(*m_validation, *validation));
-        m_validation = std::move(validation);
-    }
+    if (validation || m_limitSets.empty())
+        TakeLimits(std::move(validation));
     if (const std::optional<double> number = Number(value))
-        Enter(*number);
+        Enter(result, *number);
+}
+
+void StatisticsData::TakeLimits(QSharedPointer<ValidationInterface> validation)
+{
+    const auto same = [&](const LimitSet& set) {
+        return set.limits && validation ? SameLimits(*set.limits, *validation) : set.limits == validation;
+    };
+    if (m_limitSets.empty() || !same(m_limitSets[m_limitSet])) { // which is most often the one
+        const auto known = std::find_if(m_limitSets.begin(), m_limitSets.end(), same);
+        m_limitSet = static_cast<std::size_t>(known - m_limitSets.begin());
+        if (known == m_limitSets.end())
+            m_limitSets.push_back({validation, {}, {}});
+    }
+    m_validation = std::move(validation);
 }
 
 void StatisticsData::Keep(EN_ZYN_RESULT result, const QVariant& value)
@@ -134,53 +163,80 @@ QVariant StatisticsData::ValueOf(const Run& run) const
     return QVariant();
 }
 
-void StatisticsData::Enter(double number)
+void StatisticsData::Enter(EN_ZYN_RESULT result, double number)
 {
-    ++m_count;
-    m_minimum = m_count == 1 ? number : std::min(m_minimum, number);
-    m_maximum = m_count == 1 ? number : std::max(m_maximum, number);
-    const long double deviation = number - m_mean;
-    m_mean += deviation / static_cast<long double>(m_count);
-    m_squares += deviation * (number - m_mean);
+    m_moments.Enter(number);
+    m_minimum = m_moments.count == 1 ? number : std::min(m_minimum, number);
+    m_maximum = m_moments.count == 1 ? number : std::max(m_maximum, number);
+    LimitSet& set = m_limitSets[m_limitSet];
+    set.all.Enter(number);
+    if (result > 0)
+        set.passed.Enter(number);
 }
 
 qint64 StatisticsData::GetValueCount() const
 {
-    return m_count;
+    return m_moments.count;
 }
 
 double StatisticsData::GetMean() const
 {
-    return m_count > 0 ? static_cast<double>(m_mean) : undefined;
+    return m_moments.count > 0 ? static_cast<double>(m_moments.mean) : undefined;
 }
 
 double StatisticsData::GetSigma() const
 {
-    if (m_count < 2)
-        return undefined;
-    return static_cast<double>(std::sqrt(m_squares / static_cast<long double>(m_count - 1)));
+    return m_moments.Sigma();
 }
 
 double StatisticsData::GetMinimum() const
 {
-    return m_count > 0 ? m_minimum : undefined;
+    return m_moments.count > 0 ? m_minimum : undefined;
 }
 
 double StatisticsData::GetMaximum() const
 {
-    return m_count > 0 ? m_maximum : undefined;
+    return m_moments.count > 0 ? m_maximum : undefined;
 }
 
 double StatisticsData::GetCpk() const
 {
-    const double sigma = GetSigma();
-    if (!m_validation || m_validation->IsResultInverted() || !(sigma > 0.0))
+    return m_moments.Cpk(m_validation.get());
+}
+
+QList<StatisticsData::Capability> StatisticsData::GetCapabilities() const
+{
+    QList<Capability> capabilities;
+    for (const LimitSet& set : m_limitSets)
+        capabilities.append({set.limits, set.all.Cpk(set.limits.get()), set.passed.Cpk(set.limits.get())});
+    return capabilities;
+}
+
+void StatisticsData::Moments::Enter(double number)
+{
+    ++count;
+    const long double deviation = number - mean;
+    mean += deviation / static_cast<long double>(count);
+    squares += deviation * (number - mean);
+}
+
+double StatisticsData::Moments::Sigma() const
+{
+    return count < 2 ? undefined
+                     : static_cast<double>(std::sqrt(squares / static_cast<long double>(count - 1)));
+}
+
+double StatisticsData::Moments::Cpk(const ValidationInterface* limits) const
+{
+    const double sigma = Sigma();
+    if (!limits || limits->IsResultInverted() || !(sigma > 0.0))
         return undefined;
+    const auto middle = static_cast<double>(mean);
     double distance = undefined;
-    if (const auto upper = Bound(m_validation->GetUpperLimit(), m_validation->GetUpperOperator()))
-        distance = *upper - GetMean();
-    if (const auto lower = Bound(m_validation->GetLowerLimit(), m_validation->GetLowerOperator()))
-        distance = std::fmin(distance, GetMean() - *lower); // ignores a distance that is not a number
+    if (const auto upper = Bound(limits->GetUpperLimit(), limits->GetUpperOperator()))
+        distance = *upper - middle;
+    if (const auto lower = Bound(limits->GetLowerLimit(), limits->GetLowerOperator()))
+        distance = std::fmin(distance, middle - *lower); // ignores a distance that is not a number
     return distance / (3.0 * sigma);
 }
 
@@ -191,7 +247,8 @@ QSharedPointer<ValidationInterface> StatisticsData::GetValidation() const
 
 bool StatisticsData::HaveLimitsChanged() const
 {
-    return m_limitsChanged;
+    return std::count_if(m_limitSets.begin(), m_limitSets.end(),
+                         [](const LimitSet& set) { return set.limits != nullptr; }) > 1;
 }
 
 } // namespace ZYN

@@ -4,6 +4,7 @@
 
 #include <QtCore/QHash>
 #include <QtCore/QList>
+#include <QtCore/QSet>
 #include <QtCore/QString>
 
 #include <memory>
@@ -39,6 +40,8 @@ public:
     /// Adds a unit's result sets and those of its panel items. The first unit gives the report its
     /// session, product type, unit and program. Null is ignored.
     void AddUnit(const UUTTest* unit);
+    /// The same without some of the result sets: those that were added already.
+    void AddUnit(const UUTTest* unit, const QSet<const TestResultSet*>& without);
     /// Adds one run; null and a set without a program are ignored.
     void AddResultSet(const TestResultSet* resultSet);
     /// Number of result sets added, panel items' ones included.
@@ -57,9 +60,10 @@ private:
         int met = 0;
     };
 
-    void AddComponent(const TestResultSet* resultSet, const TestComponent* component,
-                      const QString& parentKey);
-    StatisticsData* EntryFor(const TestComponent* component, const QString& name);
+    struct Branch;
+
+    void AddComponent(const TestResultSet* resultSet, const Branch& branch);
+    StatisticsData* EntryFor(const Branch& branch);
 
     std::unique_ptr<StatisticsDataReport> m_report;
     QHash<QString, Place> m_places; ///< by the key of the place above, id and name

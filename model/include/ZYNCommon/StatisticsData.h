@@ -3,7 +3,10 @@
 #include <ZYNCommon/ZYNCommonGlobal.h>
 #include <ZYNCommon/ZYNTypes.h>
 
+#include <QtCore/QList>
 #include <QtCore/QSharedPointer>
+#include <QtCore/QString>
+#include <QtCore/QStringList>
 #include <QtCore/QVariant>
 
 #include <memory>
@@ -31,6 +34,15 @@ public:
     StatisticsData& operator=(const StatisticsData&) = delete;
 
     TestComponent* GetComponent() const;
+    /// Name of the program that the component belongs to.
+    QString GetProgramName() const;
+    /// The names from the group down to the component, joined by " / "; the second component of one path ends
+    /// in
+    /// "#2". Empty for a program.
+    QString GetPath() const;
+    /// \param names from the program down to the component
+    /// \param ordinal from 1, among the components with these names
+    void SetPath(const QStringList& names, int ordinal);
     /// The result with an index from 0, null outside the range. Made from the value that was kept, with
     /// the newest validation; owned by this object and valid until the next call of this operation (a
     /// million results at a time would take ten times the memory of the values). Not thread-safe.
@@ -60,6 +72,14 @@ public:
     /// Not-a-number without limits or sigma, and for a sigma of 0. Only a bound counts as a limit: a finite
     /// number with "<" or "<=". An inverted validation has no capability.
     double GetCpk() const;
+    /// How capable the component was with one set of limits, of which a lot has several when they changed.
+    struct Capability {
+        QSharedPointer<ValidationInterface> limits; ///< null for values that were judged by none
+        double cpk;                                 ///< as `GetCpk`, of all values with these limits
+        double cpkPassed;                           ///< of those that passed (a code above 0)
+    };
+    /// One for each set of limits, in the order in which they were met.
+    QList<Capability> GetCapabilities() const;
     /// The newest validation; null when there was none.
     QSharedPointer<ValidationInterface> GetValidation() const;
     /// Whether limits differed between runs: values, operators, unit or inversion.
@@ -76,8 +96,25 @@ private:
         Kind kind;
     };
 
+    /// Wider than the values: no digit of them is lost, and differences of huge ones do not overflow.
+    struct Moments {
+        qint64 count = 0;
+        long double mean = 0.0L;
+        long double squares = 0.0L;
+
+        void Enter(double number);
+        double Sigma() const;
+        double Cpk(const ValidationInterface* limits) const;
+    };
+    struct LimitSet {
+        QSharedPointer<ValidationInterface> limits;
+        Moments all;
+        Moments passed;
+    };
+
     void Keep(EN_ZYN_RESULT result, const QVariant& value);
-    void Enter(double number);
+    void TakeLimits(QSharedPointer<ValidationInterface> validation);
+    void Enter(EN_ZYN_RESULT result, double number);
     QVariant ValueOf(const Run& run) const;
 
     QSharedPointer<TestComponent> m_component;
@@ -87,14 +124,14 @@ private:
     mutable std::unique_ptr<TestResult> m_result;
     int m_passed = 0;
     int m_failed = 0;
-    qint64 m_count = 0;
-    // Wider than the values: no digit of them is lost, and differences of huge ones do not overflow.
-    long double m_mean = 0.0L;
-    long double m_squares = 0.0L;
+    Moments m_moments;
+    std::vector<LimitSet> m_limitSets;
+    std::size_t m_limitSet = 0; ///< the newest validation's
     double m_minimum = 0.0;
     double m_maximum = 0.0;
-    bool m_limitsChanged = false;
     bool m_isOwned = false; ///< by a report
+    QStringList m_names; ///< shared with those of other entries, unlike a joined path
+    int m_ordinal = 1;
 };
 
 } // namespace ZYN
