@@ -7,6 +7,7 @@
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
+#include <QtCore/QRegularExpression>
 #include <QtCore/QXmlStreamReader>
 
 namespace ZYN::Fuzz {
@@ -30,6 +31,16 @@ QString JsonComponent(const QJsonObject& holder, const QString& key)
 {
     const QString name = holder.value(key).toObject().value("Name"_L1).toString();
     return Component(key.isEmpty() ? u"Testprogram"_s : key, XmlText(name));
+}
+
+/// Hexadecimal and binary units have digits, and only numbers of 64 bits are written so.
+bool CanBeRead(const QString& text, int unitCode)
+{
+    static const QRegularExpression hexadecimal(u"^[0-9a-f]{1,16}$"_s);
+    static const QRegularExpression binary(u"^[01]{1,64}$"_s);
+    return unitCode == 25   ? hexadecimal.match(text).hasMatch()
+           : unitCode == 26 ? binary.match(text).hasMatch()
+                            : true;
 }
 
 QStringList JsonComponents(const QJsonObject& program)
@@ -113,6 +124,7 @@ QMap<int, QStringList> NumbersOfXml(const QByteArray& report)
     QMap<int, QStringList> numbers;
     int measurement = 0;
     bool isReal = false;
+    int unitCode = 0;
     QXmlStreamReader reader(report);
     while (!reader.atEnd()) {
         reader.readNext();
@@ -132,11 +144,17 @@ QMap<int, QStringList> NumbersOfXml(const QByteArray& report)
         if (!isReal || reader.name() != "Property"_L1)
             continue;
         const QString name = attributes.value("Name"_L1).toString();
+        if (name == "Unit"_L1 && attributes.hasAttribute("Code"_L1))
+            unitCode = attributes.value("Code"_L1).toInt();
         const QString text = reader.readElementText();
         if (name == "Value"_L1 && text.isEmpty())
             numbers.remove(measurement);
-        else if (name == "Value"_L1 || name == "Lower"_L1 || name == "Upper"_L1)
+        else if (name != "Value"_L1 && name != "Lower"_L1 && name != "Upper"_L1)
+            continue;
+        else if (CanBeRead(text, unitCode))
             numbers[measurement] += name + u' ' + text;
+        else
+            isReal = numbers.remove(measurement) < 0;
     }
     return numbers;
 }

@@ -25,7 +25,7 @@ QStringList Components(const QList<ProgramContents>& programs);
 
 /// The texts of real values and their limits, by the place of their measurement in the XML report. Only of
 /// measurements that have limits and a value: without limits one takes those of another when the report is
-/// read, and what was not measured becomes 0.
+/// read, what was not measured becomes 0, and what is not whole has no digits of a base.
 QMap<int, QStringList> NumbersOfXml(const QByteArray& report);
 
 } // namespace ZYN::Fuzz

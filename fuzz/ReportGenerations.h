@@ -26,7 +26,8 @@ struct Reading {
 Reading Imported(const QByteArray& document);
 
 /// What has to hold for every XML report that this library writes: it has the structure of one, it is read
-/// without an error, and from the next generation on it stays the same, byte for byte.
+/// without an error, and from the next generation on it stays the same, byte for byte. Where measurements
+/// take the limits of others there may be errors, and it takes one generation more.
 /// \param knownErrors of texts that are taken over as they are and were wrong before
 /// \return the next generation
 QByteArray RequireStableReport(const QByteArray& report, const QStringList& knownErrors);

@@ -70,7 +70,6 @@ private:
     void ReadSplittingMap(const QString& text);
     Component StartComponent();
     bool ReadCommonProperty(QStringView name, QStringView text, Component& component);
-    void TakeLimitsOfTheOneBefore(int measuredType);
     void ReadUnit(QStringView unitCodeText, QStringView factorText);
     /// Creates the component's result, reads it and hands it to the component.
     void ReadResultOf(const QSharedPointer<TestComponent>& component,
@@ -92,7 +91,6 @@ private:
     // those of the last `Limits`, its unit code begins anew with every measurement.
     ReportValues::Notation notation;
     QSharedPointer<ValidationInterface> validation;
-    ReportValues::LimitTexts validationTexts; ///< what it was made from
     QSharedPointer<ProductType> productType;
     QSharedPointer<Station> station;
     long testIndex = 0;

@@ -41,20 +41,20 @@ std::optional<QVariant> WholeNumber(QStringView text, int factor)
     return std::nullopt;
 }
 
+QVariant ToDigits(QStringView text, int base, bool* ok)
+{
+    bool isPattern = false;
+    const qulonglong bits = text.toULongLong(&isPattern, base);
+    if (ok)
+        *ok = isPattern;
+    return isPattern ? qlonglong(bits) : text.toLongLong(ok, base);
+}
+
 /// The text as a number of the notation: as digits of its base, whole, or real.
 QVariant ToNumber(QStringView text, const Notation& notation, bool keepInteger, bool* ok)
 {
-    if (const int base = ModelAdapter::DigitBase(notation.unitCode)) {
-        bool isDigits = false;
-        const qulonglong bits = text.toULongLong(&isDigits, base);
-        if (isDigits) {
-            if (ok)
-                *ok = true;
-            return qlonglong(bits);
-        }
-        // What is not whole has no digits and was written as a plain decimal.
-        return ToReal(text, 0, ok);
-    }
+    if (const int base = ModelAdapter::DigitBase(notation.unitCode))
+        return ToDigits(text, base, ok);
     if (keepInteger) {
         if (const std::optional<QVariant> number = WholeNumber(text, notation.factor)) {
             if (ok)
@@ -69,10 +69,11 @@ QVariant ToNumber(QStringView text, const Notation& notation, bool keepInteger, 
 /// fit becomes the nearest one that does.
 int ToLimit32(const QVariant& limit, const Notation& notation, bool* fits)
 {
-    if (ModelAdapter::DigitBase(notation.unitCode) && limit.typeId() == QMetaType::LongLong) {
-        const quint64 bits = limit.toULongLong();
-        *fits = *fits && bits <= std::numeric_limits<quint32>::max();
-        return int(quint32(bits));
+    if (ModelAdapter::DigitBase(notation.unitCode)) {
+        const qint64 number = limit.toLongLong();
+        *fits = *fits && number >= std::numeric_limits<qint32>::min() &&
+                number <= qint64(std::numeric_limits<quint32>::max());
+        return int(quint32(quint64(number)));
     }
     constexpr double smallest = std::numeric_limits<int>::min();
     constexpr double largest = std::numeric_limits<int>::max();
@@ -100,15 +101,13 @@ double ToReal(QStringView text, int factor, bool* ok)
 
 QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok)
 {
-    const ValueKind measured = ModelAdapter::KindOfValue(measuredType);
-    const bool isText =
-        ModelAdapter::KindOfValue(notation.dataType) == ValueKind::Text || measured == ValueKind::Text;
-    if (isText && !ModelAdapter::DigitBase(notation.unitCode)) {
+    if (ModelAdapter::KindOfValue(notation.dataType) == ValueKind::Text &&
+        !ModelAdapter::DigitBase(notation.unitCode)) {
         if (ok)
             *ok = true;
         return text.toString();
     }
-    return ToNumber(text, notation, measured == ValueKind::Integer, ok);
+    return ToNumber(text, notation, ModelAdapter::KindOfValue(measuredType) == ValueKind::Integer, ok);
 }
 
 ValidationInterface* CreateValidation(const LimitTexts& limits, LimitsOutcome* outcome)
@@ -120,25 +119,31 @@ ValidationInterface* CreateValidation(const LimitTexts& limits, LimitsOutcome* o
     *outcome = {};
     outcome->readable = ModelAdapter::IsOperatorText(limits.lowerOperator) &&
                         ModelAdapter::IsOperatorText(limits.upperOperator);
-    const auto number = [&](const QString& text) {
+    const auto number = [&](const LimitText& limit) {
         bool isNumber = true;
         const bool isWhole = kind == ValueKind::Integer;
-        const QVariant value = text.isNull() ? QVariant(0.0) : ToNumber(text, notation, isWhole, &isNumber);
+        const QVariant value =
+            limit.text.isNull() ? QVariant(0.0) : ToNumber(limit.text, limit.notation, isWhole, &isNumber);
         outcome->readable = outcome->readable && isNumber;
         return value;
+    };
+    const auto limit32 = [&](const LimitText& limit) {
+        return ToLimit32(number(limit), limit.notation, &outcome->exact);
     };
 
     std::unique_ptr<ValidationInterface> validation;
     switch (kind) {
     case ValueKind::Integer:
         validation.reset(TestComponentFactory::CreateValidationInt(
-            notation.unitCode, lowerOperator, upperOperator,
-            ToLimit32(number(limits.lower), notation, &outcome->exact),
-            ToLimit32(number(limits.upper), notation, &outcome->exact), -1, -1, -1, -1, -1, -1));
+            notation.unitCode, lowerOperator, upperOperator, limit32(limits.lower), limit32(limits.upper), -1,
+            -1, -1, -1, -1, -1));
         break;
     case ValueKind::Real: {
-        const double nominal = limits.nominal.isNull() ? std::numeric_limits<double>::quiet_NaN()
-                                                       : number(limits.nominal).toDouble();
+        bool isNumber = true;
+        const double nominal = limits.nominal.text.isNull()
+                                   ? std::numeric_limits<double>::quiet_NaN()
+                                   : ToReal(limits.nominal.text, limits.nominal.notation.factor, &isNumber);
+        outcome->readable = outcome->readable && isNumber;
         validation.reset(TestComponentFactory::CreateValidationReal(
             notation.unitCode, lowerOperator, upperOperator, number(limits.lower).toDouble(),
             number(limits.upper).toDouble(), -1, -1, -1, -1, -1, -1, notation.factor, nominal));
@@ -146,7 +151,7 @@ ValidationInterface* CreateValidation(const LimitTexts& limits, LimitsOutcome* o
     }
     case ValueKind::Text:
         validation.reset(TestComponentFactory::CreateValidationString(notation.unitCode, lowerOperator,
-                                                                      limits.lower, -1, -1, -1, -1));
+                                                                      limits.lower.text, -1, -1, -1, -1));
         break;
     case ValueKind::None:
         break;

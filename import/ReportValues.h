@@ -20,24 +20,30 @@ double ToReal(QStringView text, int factor, bool* ok = nullptr);
 /// What decides how the text of a value or a limit is read.
 struct Notation {
     int unitCode = 0; ///< hexadecimal and binary units are written in their digits
-    int dataType = 0; ///< address code of a string: the text is the value
+    int dataType = 0; ///< address code of the last limits; of a string: the text is the value
     int factor = 0;   ///< power of ten that the number is to be multiplied with
 };
 
-/// A measured value.
+/// A measured value. Digits of a base have a sign or are a pattern of up to 64 bits.
 /// \param measuredType address code of the measurement. Of an integer, what is whole is read as one of 64
-///        bits: a real number would lose digits. A text is a text also without limits.
+///        bits: a real number would lose digits.
 QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok = nullptr);
+
+/// A limit, and what unit and factor were known where it stood.
+struct LimitText {
+    QString text; ///< null when there is none
+    Notation notation = {};
+};
 
 /// The texts of a `Limits` element.
 struct LimitTexts {
-    Notation notation;
+    Notation notation; ///< at its end
     bool invertResult = false;
-    QString lower;
+    LimitText lower;
     QString lowerOperator;
-    QString upper;
+    LimitText upper;
     QString upperOperator;
-    QString nominal; ///< null when there is none
+    LimitText nominal; ///< decimal whatever the unit
 };
 
 /// How well the texts of a `Limits` element became a validation.

@@ -217,11 +217,9 @@ bool CImportServiceReport_Private::ReadTestMeasurement()
             hasLimits = true;
             ReadTestLimits();
         } else if (name == "Result"_L1) {
-            if (!hasLimits && validation) {
+            if (!hasLimits && validation)
                 AddFinding(
                     tr("measurement '%1' has no limits, takes those of the one before").arg(read.name));
-                TakeLimitsOfTheOneBefore(read.type);
-            }
             const auto measurement = QSharedPointer<TestMeasurement>::create(
                 read.id, read.name, EN_ZYN_ADDRESS(read.type), step.data(), unsigned(read.sourceLine), -1L);
             ReadResultOf(measurement, validation);

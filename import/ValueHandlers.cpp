@@ -28,15 +28,15 @@ bool CImportServiceReport_Private::ReadTestLimits()
         else if (name == "InvertResult"_L1)
             limits.invertResult = Integer(text) != 0;
         else if (name == "Lower"_L1)
-            limits.lower = text.toString();
+            limits.lower = {text.toString(), notation};
         else if (name == "CompLower"_L1)
             limits.lowerOperator = text.toString();
         else if (name == "Upper"_L1)
-            limits.upper = text.toString();
+            limits.upper = {text.toString(), notation};
         else if (name == "CompUpper"_L1)
             limits.upperOperator = text.toString();
         else if (name == "Nominal"_L1)
-            limits.nominal = text.toString();
+            limits.nominal = {text.toString(), notation};
         else
             return false;
         return true;
@@ -52,31 +52,9 @@ bool CImportServiceReport_Private::ReadTestLimits()
         AddFinding(tr("limits that are no numbers or have an unknown operator"));
     else if (!outcome.exact)
         AddLoss(tr("limits that do not fit 32 bits, changed to such that do"));
-    if (created) {
+    if (created)
         validation = created;
-        validationTexts = std::move(limits);
-    }
     return true;
-}
-
-// As limits of this measurement's type: so they are read once it is written with them. A text has no digits.
-void CImportServiceReport_Private::TakeLimitsOfTheOneBefore(int measuredType)
-{
-    using namespace ModelAdapter;
-    notation.dataType = measuredType;
-    ReportValues::LimitTexts limits = validationTexts;
-    const bool isDigits = KindOfValue(measuredType) == ValueKind::Text && DigitBase(limits.notation.unitCode);
-    if (KindOfValue(measuredType) == KindOfValue(limits.notation.dataType) && !isDigits)
-        return;
-    limits.notation.dataType = measuredType;
-    if (isDigits)
-        limits.notation.unitCode = 0;
-    ReportValues::LimitsOutcome outcome;
-    const QSharedPointer<ValidationInterface> created(ReportValues::CreateValidation(limits, &outcome));
-    if (created) {
-        validation = created;
-        validationTexts = std::move(limits);
-    }
 }
 
 void CImportServiceReport_Private::ReadUnit(QStringView unitCodeText, QStringView factorText)

@@ -6,22 +6,9 @@ namespace ZYN {
 
 namespace {
 
-/// A lone surrogate is no character, and `QJsonDocument` writes it as an escape that strict readers
-/// refuse: U+FFFD stands for it as in the other formats. No other escape begins like this one.
-void ReplaceLoneSurrogates(QByteArray& text)
-{
-    constexpr qsizetype escapeLength = 6;
-    for (qsizetype place = 0; (place = text.indexOf('\\', place)) >= 0; place += 2) {
-        if (text.mid(place, 3) == "\\ud")
-            text.replace(place, escapeLength, "\xEF\xBF\xBD");
-    }
-}
-
 QByteArray Text(const QJsonObject& object)
 {
-    QByteArray text = QJsonDocument(object).toJson(QJsonDocument::Compact);
-    ReplaceLoneSurrogates(text);
-    return text;
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
 } // namespace

@@ -22,17 +22,17 @@ struct Input;
 struct LotRun {
     QStringList
         unit; ///< product, lot and serial number, else the ident; a unit without both is one of its own
-    QStringList key;      ///< the unit, and what tells its runs apart
+    QStringList key = {}; ///< the unit, and what tells its runs apart
     bool ofPanel = false; ///< a run of the panel itself, which is no unit
-    QString program;
-    QString version;
-    QString start;   ///< as it is written
-    qint64 time = 0; ///< milliseconds since 1970 UTC; behind all others when the start cannot be read
-    int index = 0;   ///< among the runs of its test
+    QString program = {};
+    QString version = {};
+    QString start = {}; ///< as it is written
+    qint64 time = 0;    ///< milliseconds since 1970 UTC; behind all others when the start cannot be read
+    int index = 0;      ///< among the runs of its test
     long testIndex = 0;
     EN_ZYN_RESULT code = ZYN_RESULT_NOT_TESTED;
-    QString failedIdent;                ///< of the first failure
-    QString failedPath;                 ///< empty when nothing failed
+    QString failedIdent = {};           ///< of the first failure
+    QString failedPath = {};            ///< empty when nothing failed
     const TestResultSet* set = nullptr; ///< null without values; as long as the report lives
     qsizetype input = 0;                ///< index of the report
 };

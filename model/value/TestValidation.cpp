@@ -102,7 +102,8 @@ QVariant TestValidation::GetNominal() const
 
 QString TestValidation::GetNominalText() const
 {
-    return m_display.ToString(GetNominal());
+    // Limits of such units have digits and no scale; a nominal value is a decimal number everywhere.
+    return ValueDisplay(m_display.GetScaleFactor(), 0).ToString(GetNominal());
 }
 
 MeasurementUnit TestValidation::GetMeasurementUnit() const

@@ -48,7 +48,11 @@ private slots:
         row("integer of huge power", 7, "Factor='2147483647'", "1", 0LL, true);
         row("fraction of an integer", 7, "Factor='0'", "2.5", 2.5);
         row("hexadecimal, too long", 7, "Code='25' Factor='0'", "1ffffffffffffffff", 0LL, true);
-        row("binary, other digit", 7, "Code='26' Factor='0'", "102x", 0LL, true);
+        row("hexadecimal, 64 bits", 7, "Code='25' Factor='0'", "fffffffffffffff6", -10LL);
+        row("hexadecimal, sign", 7, "Code='25' Factor='0'", "-10", -16LL);
+        row("hexadecimal, not whole", 8, "Code='25' Factor='0'", "12.5", 0LL, true);
+        row("binary, sign", 7, "Code='26' Factor='0'", "-10", -2LL);
+        row("binary, other digit", 7, "Code='26' Factor='0'", "2", 0LL, true);
     }
     void values()
     {
@@ -62,7 +66,7 @@ private slots:
 
     void limits_data()
     {
-        const Rows<QByteArray, QVariant, QVariant, QString> row;
+        const Rows<QByteArray, QVariant, QVariant, QString, QVariant, bool> row;
         const auto lower = [](const QByteArray& text, const QByteArray& op) {
             return Property("Lower", text) + Property("CompLower", op);
         };
@@ -78,18 +82,25 @@ private slots:
         row("integer, not a number", Limits(7, "Factor='0'", upper("nan", "&lt;")), none, 0LL, " <");
         row("hexadecimal beyond 32 bits", Limits(7, "Code='25' Factor='0'", upper("1000000ff", "&lt;")), none,
             255LL, " <");
+        // The unit and the scale are those that are known by then; a nominal value is decimal in every unit.
+        row("before the unit",
+            "<Limits Type='8'>" + lower("10", "&lt;") + "<Property Name='Unit' Code='25' Factor='1'/>" +
+                upper("10", "&lt;") + Property("Nominal", "10") + "</Limits>",
+            10.0, 16.0, "< <", 100.0, true);
     }
     void limits()
     {
-        const auto [limits, lower, upper, operators] = CurrentRow<QByteArray, QVariant, QVariant, QString>();
+        const auto [limits, lower, upper, operators, nominal, isGood] =
+            CurrentRow<QByteArray, QVariant, QVariant, QString, QVariant, bool>();
         const Reading reading = Read(StepReport(Measurement(8, limits, "0")));
         const auto validation = ResultOf(reading)->GetValidation();
         QCOMPARE(validation->GetLowerLimit(), lower);
         QCOMPARE(validation->GetUpperLimit(), upper);
         QCOMPARE(validation->GetLowerOperator().ToString() + u' ' + validation->GetUpperOperator().ToString(),
                  operators);
+        QCOMPARE(validation->GetNominal(), nominal);
         QVERIFY(!validation->IsResultInverted());
-        QVERIFY(!reading.findings.isEmpty());
+        QCOMPARE(reading.findings.isEmpty(), isGood);
     }
 
     void limitsAreCarriedOver()
@@ -98,7 +109,7 @@ private slots:
         CImportServiceReport service;
         const Reading first =
             Read(StepReport(Measurement(8, QByteArray(), "1") + Measurement(8, inverted, "2") +
-                            Measurement(8, QByteArray(), "3") +
+                            Measurement(7, QByteArray(), "3") +
                             Measurement(5, Limits(5, "Code='2' Factor='0'"), "4")),
                  service);
         QVERIFY(!ResultOf(first, 0)->GetValidation());
@@ -127,11 +138,12 @@ private slots:
         const Reading second = Read(StepReport(Measurement(8, QByteArray(), "14")), service);
         QCOMPARE(ResultOf(second)->GetValue(), QVariant(14000.0));
 
-        // Limits of texts are no reason to read a later number as one, nor the other way round.
+        // What is a text is decided by the limits, by the last ones where there are none.
         const Reading third = Read(
-            StepReport(Measurement(9, QByteArray(), "V1") + Measurement(9, Limits(9, "Factor='0'"), "V2")));
-        QCOMPARE(ResultOf(third, 0)->GetValue(), QVariant("V1"));
-        QCOMPARE(ResultOf(third, 1)->GetValue(), QVariant("V2"));
+            StepReport(Measurement(9, QByteArray(), "7") + Measurement(9, Limits(8, "Factor='0'"), "7") +
+                       Measurement(9, Limits(9, "Factor='0'"), "7") + Measurement(8, QByteArray(), "7")));
+        for (const auto& [place, value] : {std::pair(0, QVariant(7.0)), {1, 7.0}, {2, "7"}, {3, "7"}})
+            QCOMPARE(ResultOf(third, place)->GetValue(), value);
     }
 
     void propertyText_data()
