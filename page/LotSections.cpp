@@ -8,6 +8,8 @@
 #include "page/PageTexts.h"
 #include "page/SvgPlot.h"
 
+#include <QtCore/QSet>
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -165,10 +167,13 @@ QString UnitTable(const QString& title, const QString& hint, const std::vector<U
             "<table><caption>%2</caption><thead><tr><th scope=\"col\">%3</th>"
             "<th scope=\"col\" class=\"n\">%4</th><th scope=\"col\">%5</th></tr></thead>\n<tbody>\n")
             .arg(title, hint, Texts::tr("Serial"), Texts::tr("Runs"), Texts::tr("First failure"));
+    QSet<QString> anchored; // a unit of several programs has a row for each
     for (std::size_t i = 0; i < std::min(units.size(), mostUnits); ++i) {
         const UnitRow& unit = units[i];
-        const QString anchor =
-            anchors ? QStringLiteral(" id=\"%1\"").arg(UnitAnchor(number, unit.serial)) : QString();
+        QString anchor;
+        if (anchors && !anchored.contains(unit.serial))
+            anchor = QStringLiteral(" id=\"%1\"").arg(UnitAnchor(number, unit.serial));
+        anchored.insert(unit.serial);
         text +=
             QStringLiteral("<tr%1><th scope=\"row\">%2</th><td class=\"n\">%3</td><td>%4</td></tr>\n")
                 .arg(anchor, Escaped(unit.serial), QString::number(unit.runs), Escaped(unit.firstFailure));

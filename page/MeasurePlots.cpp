@@ -168,7 +168,7 @@ void DrawColumns(QPainter& painter, const PlotFrame& frame, const MeasureData& d
     painter.drawPath(bad);
 }
 
-void DrawMarks(QPainter& painter, PlotFrame& frame, const MeasureData& data)
+void DrawMarks(PlotFrame& frame, const MeasureData& data)
 {
     double taken = -INFINITY;
     for (const MeasureData::Mark& mark : data.marks) {
@@ -222,7 +222,7 @@ void DrawTrend(QPainter& painter, const QRectF& area, const MeasureData& data)
         frame.DrawLevel(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"));
     if (data.upper)
         frame.DrawLevel(*data.upper, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "UL"));
-    DrawMarks(painter, frame, data);
+    DrawMarks(frame, data);
     frame.DrawAcross();
 }
 

@@ -39,6 +39,7 @@ Command ArchiveCommand(CommandLine& zyn, const Manners& manners);
 Command YieldCommand(CommandLine& zyn, const Manners& manners);
 Command FailuresCommand(CommandLine& zyn, const Manners& manners);
 Command MeasureCommand(CommandLine& zyn, const Manners& manners);
+Command PageCommand(CommandLine& zyn, const Manners& manners);
 Command UnitsCommand(CommandLine& zyn, const Manners& manners);
 Command HistoryCommand(CommandLine& zyn, const Manners& manners);
 Command FormatsCommand(CommandLine& zyn, const Manners& manners);

@@ -68,12 +68,12 @@ int Zyn(int argc, char** argv)
                               "Exit codes: 0 good, 1 something failed (the rest was done), 2 wrong usage."),
                     "zyn " ZYN_VERSION, manners.quiet, manners.verbose);
     CommandLine zyn = program.Top();
-    const Command commands[] = {SimulateCommand(zyn, manners),   ConvertCommand(zyn, manners),
-                                StatisticsCommand(zyn, manners), ShowCommand(zyn, manners),
-                                CheckCommand(zyn, manners),      ArchiveCommand(zyn, manners),
-                                YieldCommand(zyn, manners),      FailuresCommand(zyn, manners),
-                                MeasureCommand(zyn, manners),    UnitsCommand(zyn, manners),
-                                HistoryCommand(zyn, manners),    FormatsCommand(zyn, manners)};
+    const Command commands[] = {
+        SimulateCommand(zyn, manners), ConvertCommand(zyn, manners),  StatisticsCommand(zyn, manners),
+        ShowCommand(zyn, manners),     CheckCommand(zyn, manners),    ArchiveCommand(zyn, manners),
+        YieldCommand(zyn, manners),    FailuresCommand(zyn, manners), MeasureCommand(zyn, manners),
+        UnitsCommand(zyn, manners),    HistoryCommand(zyn, manners),  PageCommand(zyn, manners),
+        FormatsCommand(zyn, manners)};
     if (const std::optional<int> code = program.Parse(argc, argv))
         return *code == 0 ? Finished(ExitGood) : ExitUsage; // zero: it was the help
     application.reset();

@@ -25,7 +25,7 @@ void PrintNotes(const QStringList& notes, const Manners& manners)
 
 } // namespace
 
-void QuestionOptions::Describe(CommandLine& line, bool withSerial)
+void QuestionOptions::DescribeRuns(CommandLine& line, bool withSerial)
 {
     const QString text = Texts::tr("TEXT");
     line.Inputs(
@@ -45,6 +45,11 @@ void QuestionOptions::Describe(CommandLine& line, bool withSerial)
         .Named(Texts::tr("TIME"));
     line.Flag("--across-lots", m_acrossLots,
               Texts::tr("A serial of one product in several lots is one unit"));
+}
+
+void QuestionOptions::Describe(CommandLine& line, bool withSerial)
+{
+    DescribeRuns(line, withSerial);
     line.Value("-o,--output", m_file, Texts::tr("Write the answer into a file that ends in .csv"))
         .Named(Texts::tr("FILE"));
     line.Flag("--force", m_force, Texts::tr("Replace an existing file"));
@@ -70,7 +75,7 @@ std::optional<int> QuestionOptions::CheckTime(const char* option, const std::str
                   "2026-11-24T13:00+01:00"));
 }
 
-std::optional<int> QuestionOptions::Check(RunFilter* filter) const
+std::optional<int> QuestionOptions::CheckRuns(RunFilter* filter) const
 {
     filter->product = QString::fromStdString(m_product);
     filter->lot = QString::fromStdString(m_lot);
@@ -80,7 +85,12 @@ std::optional<int> QuestionOptions::Check(RunFilter* filter) const
     filter->acrossLots = m_acrossLots;
     if (const std::optional<int> code = CheckTime("--since", m_since, &filter->since))
         return code;
-    if (const std::optional<int> code = CheckTime("--until", m_until, &filter->until))
+    return CheckTime("--until", m_until, &filter->until);
+}
+
+std::optional<int> QuestionOptions::Check(RunFilter* filter) const
+{
+    if (const std::optional<int> code = CheckRuns(filter))
         return code;
     const QString file = PathOf(m_file);
     if (!file.isEmpty() && QFileInfo(file).suffix().toLower() != QLatin1String("csv"))

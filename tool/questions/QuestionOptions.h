@@ -22,9 +22,14 @@ public:
 
     /// \param withSerial whether runs are chosen by a serial as well
     void Describe(CommandLine& line, bool withSerial = true);
+    /// Inputs and which runs alone: for what is no table.
+    void DescribeRuns(CommandLine& line, bool withSerial = true);
 
     /// Makes sense of what was given. \return the exit code where there is no sense in it; it was told
     std::optional<int> Check(RunFilter* filter) const;
+    /// The same of what `DescribeRuns` describes.
+    std::optional<int> CheckRuns(RunFilter* filter) const;
+    const std::vector<std::string>& GetInputs() const { return m_inputs; }
 
     /// Where questions are asked; also when the answer is for programs.
     struct Asked {
@@ -33,9 +38,9 @@ public:
     };
     /// An answer for programs, and how it is printed for people.
     struct Reply {
-        Answer answer;
-        AnswerRow empty; ///< tells the columns where there are no rows
-        std::function<void()> print;
+        Answer answer = {};
+        AnswerRow empty = {}; ///< tells the columns where there are no rows
+        std::function<void()> print = {};
         bool isGood = true; ///< else something was told that makes the command fail
     };
     /// Opens the inputs, asks, prints or writes the answer, tells what is odd. \param ask none where the
