@@ -1,5 +1,7 @@
 #include "page/Axis.h"
 
+#include <QtCore/QStringList>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -12,10 +14,16 @@ constexpr std::array<const char*, 9> prefixes = {"p", "n", "µ", "m", "", "k", "
 constexpr int leastExponent = -12;
 constexpr int mostExponent = 12;
 
+// Units that people write with a prefix; "°C", "%", "rpm" are not.
 bool TakesPrefix(const QString& unit)
 {
-    return !unit.isEmpty() && unit.front().isLetter() && unit != QLatin1String("dB") &&
-           !unit.contains(QLatin1Char('/'));
+    static const QStringList units{QStringLiteral("V"),   QStringLiteral("A"), QStringLiteral("\u03A9"),
+                                   QStringLiteral("Ohm"), QStringLiteral("F"), QStringLiteral("H"),
+                                   QStringLiteral("Hz"),  QStringLiteral("s"), QStringLiteral("W"),
+                                   QStringLiteral("m"),   QStringLiteral("g"), QStringLiteral("Pa"),
+                                   QStringLiteral("N"),   QStringLiteral("C"), QStringLiteral("J"),
+                                   QStringLiteral("T"),   QStringLiteral("S")};
+    return units.contains(unit);
 }
 
 int ExponentFor(double magnitude, const QString& unit)

@@ -168,16 +168,21 @@ void DrawColumns(QPainter& painter, const PlotFrame& frame, const MeasureData& d
     painter.drawPath(bad);
 }
 
-void DrawMarks(PlotFrame& frame, const MeasureData& data)
+void DrawMarks(QPainter& painter, PlotFrame& frame, const MeasureData& data)
 {
+    constexpr double tickHeight = 7;
+    const double top = frame.GetInner().top();
     double taken = -INFINITY;
     for (const MeasureData::Mark& mark : data.marks) {
-        const double half = LabelWidth(mark.text) / 2 + 3;
         const double x = frame.X(double(mark.index));
-        const bool fits = x - half > taken;
-        frame.DrawUpright(double(mark.index), Ink::Mark, Qt::DashLine, fits ? mark.text : QString());
-        if (fits)
-            taken = x + half;
+        const double half = LabelWidth(mark.text) / 2 + 3;
+        if (!mark.text.isEmpty() && x - half > taken) {
+            frame.DrawUpright(double(mark.index), Ink::Mark, Qt::DashLine, mark.text);
+            taken = std::max(x, frame.GetInner().left() + half) + half;
+        } else {
+            painter.setPen(PlotPen(Ink::Mark, 1.5));
+            painter.drawLine(QPointF(x, top), QPointF(x, top + tickHeight));
+        }
     }
 }
 
@@ -222,7 +227,7 @@ void DrawTrend(QPainter& painter, const QRectF& area, const MeasureData& data)
         frame.DrawLevel(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"));
     if (data.upper)
         frame.DrawLevel(*data.upper, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "UL"));
-    DrawMarks(frame, data);
+    DrawMarks(painter, frame, data);
     frame.DrawAcross();
 }
 

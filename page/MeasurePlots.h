@@ -19,7 +19,7 @@ struct MeasureData {
     /// Something began at this value: a number for it, and what it is called.
     struct Mark {
         std::size_t index = 0;
-        QString text;
+        QString text; ///< empty: one of many, marked at the edge only
     };
     std::vector<Mark> marks;
 };

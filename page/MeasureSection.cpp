@@ -44,8 +44,12 @@ MeasureData DataOf(const MeasureRow& row)
     }
     if (row.drift)
         data.marks.push_back({IndexOf(row, row.drift->since), DriftName(*row.drift)});
-    for (const RuleHit& hit : row.rules)
-        data.marks.push_back({IndexOf(row, hit.since), Texts::tr("rule %1").arg(hit.rule)});
+    QSet<int> named; // the first hit of each rule
+    for (const RuleHit& hit : row.rules) {
+        const QString name = named.contains(hit.rule) ? QString() : Texts::tr("rule %1").arg(hit.rule);
+        named.insert(hit.rule);
+        data.marks.push_back({IndexOf(row, hit.since), name});
+    }
     std::stable_sort(
         data.marks.begin(), data.marks.end(),
         [](const MeasureData::Mark& a, const MeasureData::Mark& b) { return a.index < b.index; });
@@ -134,8 +138,13 @@ QString DetailsOf(const MeasureRow& row, int number, std::size_t index)
     if (row.drift)
         text += QStringLiteral("<p>%1</p>").arg(Escaped(DriftSentence(row)));
     QStringList rules;
-    for (const RuleHit& hit : row.rules)
-        rules.append(Texts::tr("rule %1 since %2").arg(QString::number(hit.rule), PlaceText(hit.since)));
+    QSet<int> told;
+    for (const RuleHit& hit : row.rules) {
+        if (!told.contains(hit.rule))
+            rules.append(
+                Texts::tr("rule %1, first at %2").arg(QString::number(hit.rule), PlaceText(hit.since)));
+        told.insert(hit.rule);
+    }
     if (!rules.isEmpty())
         text += QStringLiteral("<p class=\"hint\">%1</p>").arg(Escaped(rules.join(QStringLiteral("; "))));
     if (row.notNumbers > 0)

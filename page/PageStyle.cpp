@@ -48,7 +48,7 @@ summary{cursor:pointer;overflow-wrap:anywhere}summary span{color:var(--faint);ma
 svg{display:block;width:100%;height:auto;font:11px system-ui,"DejaVu Sans",sans-serif}
 .map{border-collapse:separate;border-spacing:4px;width:auto}
 .map td{border:0;border-radius:6px;padding:8px 12px;min-width:84px;text-align:center;background:var(--card);border:1px solid var(--grid)}
-.map b{display:block}
+.map b{display:block}.map caption{white-space:nowrap}
 )css";
 
 constexpr const char* printRules = R"css(

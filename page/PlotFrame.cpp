@@ -127,8 +127,7 @@ void PlotFrame::DrawUpright(double value, Ink ink, Qt::PenStyle style, const QSt
     m_painter.setPen(PlotPen(ink, 1.25, style));
     m_painter.drawLine(QPointF(x, m_inner.top()), QPointF(x, m_inner.bottom()));
     const double half = LabelWidth(text) / 2;
-    const double centre =
-        std::clamp(x, m_inner.left() + half - lineHeight, m_inner.right() + lineHeight - half);
+    const double centre = std::clamp(x, m_inner.left() + half, m_inner.right() + lineHeight - half);
     DrawLabel(m_painter, {centre, m_inner.top() - 4}, Qt::AlignHCenter | Qt::AlignBottom, ink, text);
 }
 
