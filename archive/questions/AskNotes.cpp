@@ -26,17 +26,30 @@ bool AppendUnreadableStarts(const Archive& archive, const RunFilter& filter, QSt
     return query && IsComplete(archive, *query);
 }
 
+// Most archives have none, which the index of serials tells at once.
+const QString repeatedSerials =
+    QStringLiteral("SELECT serial FROM unit WHERE serial <> '' GROUP BY serial HAVING count(*) > 1");
+
+std::optional<bool> HasRepeatedSerials(const Archive& archive)
+{
+    std::optional<QSqlQuery> query = Ask(archive, repeatedSerials + QStringLiteral(" LIMIT 1"));
+    const bool hasSome = query && query->next();
+    return query && IsComplete(archive, *query) ? std::optional(hasSome) : std::nullopt;
+}
+
 bool AppendSerialsOfSeveralLots(const Archive& archive, const RunFilter& filter, QStringList* notes)
 {
+    const std::optional<bool> hasSome = HasRepeatedSerials(archive);
+    if (!hasSome || !*hasSome)
+        return hasSome.has_value();
     const ChosenRuns runs(archive, filter, ChosenRuns::Of::Units);
-    std::optional<QSqlQuery> query = runs.Select(
-        QStringLiteral("DISTINCT u.product, u.serial, u.lot"), ChosenRuns::JoinHome(),
-        QStringLiteral("u.serial IN (SELECT serial FROM unit GROUP BY serial HAVING count(*) > 1)"),
-        QStringLiteral("ORDER BY u.product, u.serial, u.lot"));
+    std::optional<QSqlQuery> query =
+        runs.Select(QStringLiteral("DISTINCT u.product, u.serial, u.lot"), ChosenRuns::JoinHome(),
+                    QStringLiteral("u.serial IN (%1)").arg(repeatedSerials),
+                    QStringLiteral("ORDER BY u.product, u.serial, u.lot"));
     std::map<std::pair<QString, QString>, QStringList> lots;
     while (query && query->next())
-        if (!query->value(1).toString().isEmpty())
-            lots[{query->value(0).toString(), query->value(1).toString()}].append(query->value(2).toString());
+        lots[{query->value(0).toString(), query->value(1).toString()}].append(query->value(2).toString());
     for (const auto& [unit, names] : lots)
         if (names.size() > 1)
             notes->append(ArchiveTexts::tr(

@@ -46,36 +46,39 @@ private:
 
     bool CountRuns()
     {
-        QString group = QStringLiteral("GROUP BY 1");
-        for (std::size_t i = 0; i < m_by.size(); ++i)
-            group += QStringLiteral(", %1").arg(i + 2);
+        const int columns = int(m_by.size()) + 3;
+        QStringList ordinals;
+        for (int i = 1; i <= columns; ++i)
+            ordinals.append(QString::number(i));
         std::optional<QSqlQuery> query = m_runs.Select(
-            QStringLiteral("r.layout") + m_columns +
-                QStringLiteral(", count(*), sum(r.first), sum(CASE WHEN r.code > 0 THEN r.first ELSE 0 END), "
-                               "sum(CASE WHEN r.code > 0 THEN 1 ELSE 0 END), sum(CASE WHEN r.code = -1 THEN "
-                               "1 ELSE 0 END), "
-                               "sum(CASE WHEN r.code = -5 THEN 1 ELSE 0 END), sum(CASE WHEN r.code = -3 THEN "
-                               "1 ELSE 0 END), "
-                               "sum(CASE WHEN r.code = 0 THEN 1 ELSE 0 END)"),
-            m_joins, {}, group);
-        while (query && query->next()) {
-            YieldRow& row = m_rows[KeyOf(*query)];
-            int column = int(m_by.size()) + 1;
-            const auto next = [&] { return query->value(column++).toLongLong(); };
-            const std::int64_t runs = next();
-            row.runs += runs;
-            row.units += runs;
-            row.firstRuns += next();
-            row.firstPass += next();
-            const std::int64_t passed = next();
-            row.runsPassed += passed;
-            row.passed += passed;
-            row.failed += next();
-            row.aborted += next();
-            row.errors += next();
-            row.notTested += next();
-        }
+            QStringLiteral("r.layout") + m_columns + QStringLiteral(", r.first, r.code, count(*)"), m_joins,
+            {}, QStringLiteral("GROUP BY ") + ordinals.join(QLatin1Char(',')));
+        while (query && query->next())
+            Count(&m_rows[KeyOf(*query)], query->value(columns - 2).toBool(),
+                  query->value(columns - 1).toInt(), query->value(columns).toLongLong());
         return query && IsComplete(m_archive, *query);
+    }
+
+    // Runs of one kind: first ones or not, of one verdict.
+    static void Count(YieldRow* row, bool areFirst, int code, std::int64_t runs)
+    {
+        row->runs += runs;
+        row->units += runs;
+        if (areFirst)
+            row->firstRuns += runs;
+        if (code > 0) {
+            row->runsPassed += runs;
+            row->passed += runs;
+            row->firstPass += areFirst ? runs : 0;
+        }
+        if (code == -1)
+            row->failed += runs;
+        if (code == -3)
+            row->errors += runs;
+        if (code == -5)
+            row->aborted += runs;
+        if (code == 0)
+            row->notTested += runs;
     }
 
     bool TakeBackRetests()
