@@ -14,19 +14,17 @@ QString RemedyOfSqlite(int code)
     switch (code & 0xFF) {
     case 5:
     case 6:
-        return ArchiveTexts::tr("another program writes into it for long; wait for it and try again");
+        return ArchiveTexts::tr(
+            "another program has been writing into it for a minute; wait for it and try again");
     case 8:
-        return ArchiveTexts::tr("it or its folder is read-only; check the permissions");
+        return ArchiveTexts::tr("check the permissions of the file and its folder");
     case 10:
         return ArchiveTexts::tr("the disk or network drive reports a fault; check it");
     case 11:
     case 26:
-        return ArchiveTexts::tr(
-            "the file is damaged or no archive; restore it from a backup, or make a new one from "
-            "the reports");
+        return ArchiveTexts::tr("restore it from a backup, or make a new archive from the reports");
     case 13:
-        return ArchiveTexts::tr(
-            "the disk is full; what was added before is there, so make room and try again");
+        return ArchiveTexts::tr("what was added before is there, so make room and try again");
     case 14:
         return ArchiveTexts::tr("check its name and the permissions of file and folder");
     default:
@@ -40,8 +38,8 @@ QString RemedyOfPostgreSql(const QString& code, QSqlError::ErrorType type)
 {
     if (code == QLatin1String("42501") || code == QLatin1String("25006"))
         return ArchiveTexts::tr(
-            "this user may not do that; ask for membership in the role zyn_writer to add, in "
-            "zyn_viewer to ask");
+            "members of zyn_writer may add, those of zyn_viewer may ask, and the owner of the "
+            "database may create");
     if (code == QLatin1String("3D000"))
         return ArchiveTexts::tr("make the database first: createdb NAME");
     if (code.startsWith(QLatin1String("53")))

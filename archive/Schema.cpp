@@ -11,6 +11,8 @@ namespace {
 constexpr int CurrentVersion = 1;
 constexpr int ApplicationId = 0x5A594E41;
 
+const QString hasArchive = QStringLiteral("SELECT to_regclass('archive_meta') IS NOT NULL");
+
 QString NameOf(const Database& database)
 {
     return database.IsPostgreSql() ? QStringLiteral("postgresql") : QStringLiteral("sqlite");
@@ -31,28 +33,42 @@ bool Schema::Make()
 
 bool Schema::MakeTables()
 {
-    if (m_database.IsPostgreSql()) {
-        const QVariant encoding = m_database.Value(QStringLiteral("SHOW server_encoding"));
-        const QVariant tables = m_database.Value(
-            QStringLiteral("SELECT count(*) FROM pg_tables WHERE schemaname = ANY(current_schemas(false))"));
-        if (!encoding.isValid() || !tables.isValid())
-            return false;
-        if (encoding.toString() != QLatin1String("UTF8"))
-            return Refuse(
-                ArchiveTexts::tr("the database is encoded in %1; make one with createdb -E UTF8 -T template0")
-                    .arg(encoding.toString()));
-        if (tables.toInt() > 0)
-            return Refuse(
-                ArchiveTexts::tr("the database holds tables already; make an empty one with createdb"));
-    }
-    return m_database.RunScript(NameOf(m_database) + QStringLiteral(".sql"));
+    return (!m_database.IsPostgreSql() || IsServerReady()) &&
+           m_database.RunScript(NameOf(m_database) + QStringLiteral(".sql"));
+}
+
+// Whether the tables can be made, said better than by the error that would come.
+bool Schema::IsServerReady()
+{
+    const QVariant encoding = m_database.Value(QStringLiteral("SHOW server_encoding"));
+    const QVariant isArchive = m_database.Value(hasArchive);
+    const QVariant tables = m_database.Value(
+        QStringLiteral("SELECT count(*) FROM pg_tables WHERE schemaname = ANY(current_schemas(false))"));
+    const QVariant hasRoles =
+        m_database.Value(QStringLiteral("SELECT count(*) = 2 OR (SELECT rolsuper OR rolcreaterole FROM "
+                                        "pg_roles WHERE rolname = current_user) "
+                                        "FROM pg_roles WHERE rolname IN ('zyn_writer', 'zyn_viewer')"));
+    if (!hasRoles.isValid())
+        return false;
+    if (encoding.toString() != QLatin1String("UTF8"))
+        return Refuse(
+            ArchiveTexts::tr("the database is encoded in %1; make one with createdb -E UTF8 -T template0")
+                .arg(encoding.toString()));
+    if (isArchive.toBool())
+        return Refuse(ArchiveTexts::tr("is an archive already"));
+    if (tables.toInt() > 0)
+        return Refuse(ArchiveTexts::tr("the database holds tables already; make an empty one with createdb"));
+    if (!hasRoles.toBool())
+        return Refuse(ArchiveTexts::tr(
+            "this user may not make the roles that an archive needs; let an administrator do "
+            "it: CREATE ROLE zyn_writer; CREATE ROLE zyn_viewer"));
+    return true;
 }
 
 bool Schema::IsArchive()
 {
     if (m_database.IsPostgreSql()) {
-        const QVariant found =
-            m_database.Value(QStringLiteral("SELECT to_regclass('archive_meta') IS NOT NULL"));
+        const QVariant found = m_database.Value(hasArchive);
         if (found.isValid() && !found.toBool())
             return Refuse(ArchiveTexts::tr("holds no archive; make one with zyn archive create"));
         return found.isValid();

@@ -21,6 +21,7 @@ public:
 
 private:
     bool MakeTables();
+    bool IsServerReady();
     bool IsArchive();
     bool ReadVersion(int* version);
     bool Refuse(const QString& text);

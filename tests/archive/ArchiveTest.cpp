@@ -246,7 +246,7 @@ private slots:
         for (Run run = SampleRuns::Of("A", 1); archive.Add({&run, 1}, nullptr);
              run.comment += std::string(5000, 'x'))
             run.serial = std::to_string(++added);
-        QVERIFY2(archive.GetErrorText().contains("the disk is full"), qPrintable(archive.GetErrorText()));
+        QVERIFY2(archive.GetErrorText().contains("disk is full"), qPrintable(archive.GetErrorText()));
         QVERIFY(!archive.IsFaultOfRuns());
         QVERIFY(added > 1);
         QCOMPARE(Ask(archive, "SELECT count(*) FROM value WHERE pos = 3"), QString::number(added));
