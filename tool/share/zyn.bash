@@ -3,10 +3,18 @@
 # The tool in English, whatever the user speaks.
 _zyn_ask() { LC_ALL=C zyn "$@" 2>/dev/null; }
 
+# The commands that a help text lists.
+_zyn_commands() { sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p' <<<"$1"; }
+
 _zyn() {
-    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} command='' word
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]} word help
+    local -a command=()
+    help=$(_zyn_ask --help)
     for word in "${COMP_WORDS[@]:1:COMP_CWORD-1}"; do
-        [[ $word == -* ]] || { command=$word && break; }
+        [[ $word == -* ]] && continue
+        grep -qx -- "$word" <<<"$(_zyn_commands "$help")" || break
+        command+=("$word") # which may have commands of its own
+        help=$(_zyn_ask "${command[@]}" --help)
     done
     case $previous in
     -f | --format)
@@ -25,11 +33,9 @@ _zyn() {
         ;;
     esac
     if [[ $current == -* ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(_zyn_ask ${command:+"$command"} --help |
-            grep -oE '^ +-[^ ]+' | tr -s ' ,' '\n')" -- "$current")
-    elif [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W "$(_zyn_ask --help |
-            sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p')" -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W "$(grep -oE '^ +-[^ ]+' <<<"$help" | tr -s ' ,' '\n')" -- "$current")
+    elif [[ -n $(_zyn_commands "$help") ]]; then
+        mapfile -t COMPREPLY < <(compgen -W "$(_zyn_commands "$help")" -- "$current")
     else
         mapfile -t COMPREPLY < <(compgen -f -- "$current")
         compopt -o filenames
