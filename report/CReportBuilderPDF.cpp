@@ -116,6 +116,7 @@ bool CReportBuilderPDF::Print()
         return false;
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         qCWarning(logPdf, "A PDF report needs a QGuiApplication for its fonts; no file is made.");
+        refusal = QObject::tr("A PDF report needs a QGuiApplication for its fonts; no file is made.");
         return false;
     }
     // Qt makes its support of printers at the first use, and two threads at once make it twice.
@@ -124,6 +125,7 @@ bool CReportBuilderPDF::Print()
     // What is printed is read back, and a pipe would wait for another writer.
     if (const QFileInfo output(outputFileName); output.exists() && !output.isFile()) {
         qCWarning(logPdf, "Cannot write the PDF report: %ls is no file.", qUtf16Printable(outputFileName));
+        refusal = QObject::tr("%1 is no file.").arg(outputFileName);
         return false;
     }
     const QByteArray bytes = buffer.data();
@@ -138,6 +140,7 @@ bool CReportBuilderPDF::Print()
     // Emptied first: what stands there afterwards is then the printer's.
     if (QFile file(outputFileName); !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         qCWarning(logPdf, "Cannot write the PDF report: %ls", qUtf16Printable(file.errorString()));
+        refusal = file.errorString();
         return false;
     }
 

@@ -29,7 +29,7 @@ public:
     bool OpenFile(const QString& fileName) override;
     bool Close() override;
     bool OutputComplete() const override;
-    /// Why the report cannot be laid out; empty when it was, or could not be written.
+    /// Why no file was made; empty when one was, complete or not.
     QString OutputError() const override;
 
 private:

@@ -15,6 +15,10 @@ class UUTTest;
 /// Choose a format, name the file, export. The service may export several times; model objects are
 /// borrowed for the call. One service is used by one thread at a time; separate services may run in
 /// separate threads. Nothing throws.
+///
+/// A PDF report needs a `QGuiApplication` for its fonts (the platform "offscreen" will do where there is no
+/// display): without one no file is made, and `Export` answers true, `OutputComplete` false and
+/// `GetOutputError` why.
 class ZYNPERSISTENCE_EXPORT CExportServiceReport {
 public:
     /// Takes "ReportLogo.jpg", else "ReportLogo.png", of the media directory as the logo.

@@ -19,6 +19,7 @@ private slots:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("needs a QGuiApplication")));
         QVERIFY(service.Export(SampleModels::BareUnit().get()));
         QVERIFY(!service.OutputComplete());
+        QVERIFY(service.GetOutputError().contains("needs a QGuiApplication"));
         QVERIFY(!QFile::exists(path));
     }
 };
