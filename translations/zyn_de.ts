@@ -298,6 +298,14 @@
         <source>a text has more than %1 characters without a blank</source>
         <translation>ein Text hat mehr als %1 Zeichen ohne ein Leerzeichen</translation>
     </message>
+    <message>
+        <source>A PDF report needs a QGuiApplication for its fonts; no file is made.</source>
+        <translation>Ein PDF-Bericht braucht wegen der Schriften eine QGuiApplication; es entsteht keine Datei.</translation>
+    </message>
+    <message>
+        <source>%1 is no file.</source>
+        <translation>%1 ist keine Datei.</translation>
+    </message>
 </context>
 <context>
     <name>Texts</name>
@@ -1648,6 +1656,10 @@ the later one counts; the other is kept.</source>
     <message>
         <source>try again, or choose a folder that only you can write to</source>
         <translation>noch einmal versuchen oder einen Ordner wählen, in den nur Sie schreiben können</translation>
+    </message>
+    <message>
+        <source>the file system does not tell its free space; look at the disk&apos;s space, quota and file size limit</source>
+        <translation>das Dateisystem nennt seinen freien Platz nicht; Platz, Kontingent und Größengrenze der Platte prüfen</translation>
     </message>
 </context>
 </TS>
