@@ -172,6 +172,7 @@ void TextPrinter::PrintPart(const Record& prr)
 
 void TextPrinter::TakeTest(const Record& test)
 {
+    ++testsSeen[{test.Number("HEAD_NUM"), test.Number("SITE_NUM")}];
     const TestSettings settings = defaults.Complete(test);
     const std::pair key{test.Number("TEST_NUM"), settings.text};
     if (tests.size() >= MaximumTests && !tests.contains(key)) {
@@ -182,7 +183,6 @@ void TextPrinter::TakeTest(const Record& test)
     entry.settings = settings;
     ++entry.runs;
     entry.failed += test.HasFailed();
-    ++testsSeen[{test.Number("HEAD_NUM"), test.Number("SITE_NUM")}];
 }
 
 void TextPrinter::Close(const QString& line)

@@ -235,6 +235,21 @@ private slots:
         QCOMPARE(Lines(&input).size(), 10'005);
     }
 
+    // More than the 16 bits of NUM_TEST hold (here it is 1), and more than are listed.
+    void AllTestsOfAPartAreCounted()
+    {
+        constexpr quint32 count = Stdf::TextPrinter::MaximumTests + 1;
+        QByteArray bytes = FileOf({far, mir, pir});
+        QByteArray test = FileOf({"15 10 00000000 01 01 00"});
+        for (quint32 number = 0; number < count; ++number) {
+            qToLittleEndian(number, test.data() + 4);
+            bytes += test;
+        }
+        Input input(bytes + FileOf({prr, mrr}));
+        const QRegularExpression part(QString("^ +1 +1/1 +PASS .* %1 ").arg(count));
+        QCOMPARE(Lines(&input).filter(part).size(), 1);
+    }
+
     void LimitsComeFromTheFirstTestRecord_data()
     {
         const Rows<QByteArray, QString> row;
