@@ -1,3 +1,4 @@
+#include "support/SampleModels.h"
 #include "support/Test.h"
 
 #include "export/CExportServicePrivate.h"
@@ -170,11 +171,11 @@ private slots:
     {
         CExportServiceReport service;
         service.SetFormat(QTest::currentDataTag());
-        UUTTest test(1, "test");
+        const auto unit = SampleModels::UnitWithRows(1, "Row %1");
         for (const auto& [fileName, says] :
              {std::pair(QString("/dev/full"), "No space left on device"), {Path("good"), ""}}) {
             service.SetOutputFileName(fileName);
-            QVERIFY(service.Export(&test));
+            QVERIFY(service.Export(unit.get()));
             QCOMPARE(service.GetErrorText() + service.GetOutputError(), QString(says));
         }
     }
