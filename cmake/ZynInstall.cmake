@@ -73,6 +73,7 @@ if(NOT ZYN_USE_EXTERNAL_MODEL)
   install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT Tool)
   install(FILES tool/share/zyn.bash DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME zyn
     COMPONENT Tool)
+  install(FILES tool/share/zyn.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT Tool)
   install(FILES tool/share/_zyn DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT Tool)
   install(DIRECTORY schema/ DESTINATION ${ZYN_DATA_DIR}/schema COMPONENT Tool
     FILES_MATCHING PATTERN "*.rng" PATTERN "*.json")

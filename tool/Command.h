@@ -43,5 +43,6 @@ Command PageCommand(CommandLine& zyn, const Manners& manners);
 Command UnitsCommand(CommandLine& zyn, const Manners& manners);
 Command HistoryCommand(CommandLine& zyn, const Manners& manners);
 Command FormatsCommand(CommandLine& zyn, const Manners& manners);
+Command HelpCommand(CommandLine& zyn, const Manners& manners);
 
 } // namespace ZYN::Tool

@@ -53,7 +53,8 @@ QString FormatOf(const Arguments& arguments)
 // One file that takes the parts of many reports.
 bool IsLotFile(const Arguments& arguments, const QString& format)
 {
-    return !arguments.file.empty() && (format == QLatin1String("STDF") || format == QLatin1String("STD"));
+    return !arguments.file.empty() && !IsStandardOutput(PathOf(arguments.file)) &&
+           (format == QLatin1String("STDF") || format == QLatin1String("STD"));
 }
 
 // 0 when the command line makes sense.
@@ -71,6 +72,9 @@ int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inpu
     if (PathOf(arguments.file).endsWith(QLatin1String(".gz")))
         return WrongUsage(command, Texts::tr("files are written as they are, not compressed"),
                           Texts::tr("leave .gz away, and compress the file afterwards"));
+    if (IsStandardOutput(PathOf(arguments.file)) && arguments.json)
+        return WrongUsage(command, Texts::tr("-o - and --json both want standard output"),
+                          Texts::tr("leave one of them away"));
     if (!arguments.file.empty() && inputs > 1 && !IsLotFile(arguments, format))
         return WrongUsage(command, Texts::tr("several reports do not fit into one %1 file").arg(format),
                           Texts::tr("give -d FOLDER instead of -o FILE"));
@@ -130,7 +134,8 @@ std::optional<Problem> Convert(const Job& job, const Arguments& arguments, const
         service.SetXMLStyle(PathOf(arguments.style));
     const bool isComplete = service.Export(test.get()) && service.OutputComplete();
     if (!isComplete && format == QLatin1String("PDF") && !service.GetOutputError().isEmpty())
-        return Problem{job.input.name, 0, Texts::tr("would take too long as PDF: %1").arg(service.GetOutputError()),
+        return Problem{job.input.name, 0,
+                       Texts::tr("would take too long as PDF: %1").arg(service.GetOutputError()),
                        Texts::tr("convert it to HTML")};
     if (!isComplete)
         return output.WriteProblem();
@@ -266,7 +271,8 @@ Command ConvertCommand(CommandLine& zyn, const Manners& manners)
     convert.Inputs("INPUT", arguments->inputs,
                    Texts::tr("Reports, folders of reports, or - for standard input"));
     convert
-        .Value("-o,--output", arguments->file, Texts::tr("File to write; its extension chooses the format"))
+        .Value("-o,--output", arguments->file,
+               Texts::tr("File to write; its extension chooses the format; - for standard output"))
         .Named(Texts::tr("FILE"));
     convert
         .Value("-d,--directory", arguments->folder,

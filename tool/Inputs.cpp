@@ -90,7 +90,7 @@ InputFiles::InputFiles(const QList<Input>& inputs)
 std::optional<Problem> InputFiles::Refusal(const QString& output) const
 {
     const QString existing = QFileInfo(output).canonicalFilePath();
-    if (existing.isEmpty() || !m_paths.contains(existing))
+    if (output == QLatin1String("-") || existing.isEmpty() || !m_paths.contains(existing))
         return std::nullopt;
     return Problem{output, 0, Texts::tr("is an input as well"),
                    Texts::tr("choose another name for the output")};

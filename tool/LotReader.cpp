@@ -2,7 +2,6 @@
 
 #include "Parallel.h"
 #include "ReportFile.h"
-#include "Terminal.h"
 #include "Texts.h"
 
 #include <ZYNCommon/StatisticsData.h>
@@ -23,7 +22,7 @@ constexpr qsizetype PresenceShown = 5;
 QString NameOf(const StatisticsData* entry)
 {
     const QString path = entry->GetPath().isEmpty() ? entry->GetProgramName() : entry->GetPath();
-    return Harmless(QStringLiteral("%1 %2").arg(entry->GetComponent()->GetIdentString(), path));
+    return QStringLiteral("%1 %2").arg(entry->GetComponent()->GetIdentString(), path);
 }
 
 } // namespace

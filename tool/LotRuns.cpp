@@ -2,7 +2,6 @@
 
 #include "FirstFailure.h"
 #include "Inputs.h"
-#include "Terminal.h"
 #include "Texts.h"
 
 #include <ZYNCommon/ProductType.h>
@@ -154,7 +153,7 @@ void LotRuns::Add(const QList<LotRun>& runs, qsizetype input)
         run.input = input;
         if (run.time == std::numeric_limits<qint64>::max() && !run.start.isEmpty())
             m_unreadableStarts.append(Texts::tr("%1: the start '%2' cannot be read; the run comes last")
-                                          .arg(m_inputs.at(input).name, Harmless(run.start)));
+                                          .arg(m_inputs.at(input).name, run.start));
         const auto known = m_indices.constFind(run.key);
         if (known == m_indices.cend()) {
             m_indices.insert(run.key, m_runs.size());
@@ -279,8 +278,8 @@ QStringList LotRuns::RemarksOnSerials() const
     QStringList remarks;
     for (auto it = lots.cbegin(); it != lots.cend(); ++it)
         if (it->size() > 1)
-            remarks += Harmless(Texts::tr("serial number %1 of '%2' is in the lots %3: a unit of each")
-                                    .arg(it.key().second, it.key().first, it->join(QLatin1String(", "))));
+            remarks += Texts::tr("serial number %1 of '%2' is in the lots %3: a unit of each")
+                           .arg(it.key().second, it.key().first, it->join(QLatin1String(", ")));
     return remarks;
 }
 
@@ -292,8 +291,8 @@ QStringList LotRuns::RemarksOnVersions() const
             ++runs[{run.program, run.version}];
     QStringList remarks;
     for (auto it = runs.cbegin(); runs.size() > 1 && it != runs.cend(); ++it)
-        remarks += Harmless(Texts::tr("program '%1' version '%2' in %n runs", nullptr, it.value())
-                                .arg(it.key().first, it.key().second));
+        remarks += Texts::tr("program '%1' version '%2' in %n runs", nullptr, it.value())
+                       .arg(it.key().first, it.key().second);
     return remarks;
 }
 

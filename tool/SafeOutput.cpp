@@ -1,5 +1,6 @@
 #include "SafeOutput.h"
 
+#include "Terminal.h"
 #include "Texts.h"
 
 #include <QtCore/QFile>
@@ -11,6 +12,7 @@
 
 #include <fcntl.h>
 #include <stdio.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -79,9 +81,11 @@ SafeOutput::SafeOutput(const QString& path, bool replace)
     : m_path(path)
     , m_target(QFileInfo(path).exists() ? QFileInfo(path).canonicalFilePath() : path)
     , m_replace(replace)
-    , m_refusal(FindRefusal())
+    , m_refusal(IsStandardOutput(path) ? std::nullopt : FindRefusal())
 {
-    if (!m_refusal)
+    if (IsStandardOutput(path))
+        MakeMemory();
+    else if (!m_refusal)
         MakeTemporaryFile();
 }
 
@@ -105,6 +109,25 @@ void SafeOutput::MakeTemporaryFile()
         m_refusal = About(Texts::tr("could not be written: %1").arg(ErrorText(errno)));
         m_temporary.reset();
     }
+}
+
+void SafeOutput::MakeMemory()
+{
+    m_descriptor = memfd_create("zyn output", MFD_CLOEXEC);
+    if (m_descriptor < 0)
+        m_refusal = Problem{
+            Texts::tr("standard output"), 0, Texts::tr("could not be written: %1").arg(ErrorText(errno)), {}};
+    m_temporaryName = QStringLiteral("/proc/self/fd/%1").arg(m_descriptor);
+}
+
+std::optional<Problem> SafeOutput::CopyToStandardOutput()
+{
+    QFile memory(m_temporaryName);
+    if (!memory.open(QIODevice::ReadOnly))
+        return WriteProblem();
+    for (QByteArray piece = memory.read(1 << 20); !piece.isEmpty(); piece = memory.read(1 << 20))
+        PrintBytes(piece);
+    return std::nullopt; // whether it arrived shows when standard output is flushed
 }
 
 // Whether what has the temporary name is still the file that was made here.
@@ -144,6 +167,9 @@ std::optional<Problem> SafeOutput::FindRefusal() const
 
 Problem SafeOutput::WriteProblem() const
 {
+    if (IsStandardOutput(m_path))
+        return {Texts::tr("standard output"), 0, Texts::tr("there is not enough memory for it"),
+                Texts::tr("name a file")};
     // The file system itself is asked: a table of mounts does not name the root of a container or a chroot.
     struct statvfs system {};
     const QByteArray folder = QFile::encodeName(QFileInfo(m_target).absolutePath());
@@ -162,6 +188,8 @@ Problem SafeOutput::WriteProblem() const
 
 std::optional<Problem> SafeOutput::Commit()
 {
+    if (IsStandardOutput(m_path))
+        return CopyToStandardOutput();
     if (!IsTemporaryFile())
         return About(Texts::tr("somebody removed or replaced its temporary file while it was written"),
                      Texts::tr("try again, or choose a folder that only you can write to"));

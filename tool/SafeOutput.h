@@ -15,9 +15,11 @@ namespace ZYN::Tool {
 /// are right), which is made here and is never one that was there; `Commit` brings it to the disk and gives
 /// it its name in one step. Without `Commit` nothing is left behind and a file that was there before is
 /// untouched. Used by one thread.
+///
+/// Standard output is written to memory first, so that it too gets the whole or nothing.
 class SafeOutput {
 public:
-    /// \param path where the file shall be
+    /// \param path where the file shall be; "-" is standard output
     /// \param replace whether it may take the place of an existing file
     SafeOutput(const QString& path, bool replace);
     ~SafeOutput();
@@ -37,6 +39,8 @@ private:
     Problem About(const QString& what, const QString& remedy = QString()) const;
     std::optional<Problem> FindRefusal() const;
     void MakeTemporaryFile();
+    void MakeMemory();
+    std::optional<Problem> CopyToStandardOutput();
     bool IsTemporaryFile() const;
 
     QString m_path;   ///< as the user gave it
@@ -47,5 +51,10 @@ private:
     std::optional<TemporaryFile> m_temporary;
     int m_descriptor = -1; ///< of the temporary file, by which it is known again
 };
+
+inline bool IsStandardOutput(const QString& path)
+{
+    return path == QLatin1String("-");
+}
 
 } // namespace ZYN::Tool

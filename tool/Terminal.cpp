@@ -137,12 +137,17 @@ QString Paint(const QString& text, Style style)
     return QLatin1String(EscapeOf(style)) + text + QStringLiteral("\x1b[0m");
 }
 
+void PrintBytes(const QByteArray& bytes)
+{
+    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+}
+
 void Print(const QString& text)
 {
     const QByteArray bytes = (separatorIsDue ? QLatin1Char('\n') + text : text).toUtf8();
     separatorIsDue = false;
     hasPrinted = true;
-    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    PrintBytes(bytes);
 }
 
 void PrintJsonLine(const QByteArray& json)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QByteArray>
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
@@ -27,6 +28,8 @@ void Print(const QString& text);
 /// Prints compact JSON for programs, in one line; what would steer a terminal is escaped.
 void PrintJsonLine(const QByteArray& json);
 void PrintJsonLine(const QJsonObject& object);
+/// Writes a file's bytes as they are to standard output.
+void PrintBytes(const QByteArray& bytes);
 /// Prints what a file is called and what it is.
 void PrintTitle(const QString& fileName, const QString& kind);
 /// Puts an empty line between what was printed so far and what is printed next, where there is both.

@@ -6,6 +6,9 @@
 #include <CLI/CLI.hpp>
 
 #include <QtCore/QRegularExpression>
+#include <QtCore/QStringList>
+
+#include <algorithm>
 
 namespace ZYN::Tool {
 
@@ -55,25 +58,95 @@ QString Translated(const QString& message)
     return message;
 }
 
+const CLI::App* ChosenCommand(const CLI::App* app)
+{
+    while (!app->get_subcommands().empty())
+        app = app->get_subcommands().front();
+    return app;
+}
+
+// Steps that make one word of another: a letter more, less, changed, or two that changed places (optimal
+// string alignment; F. J. Damerau, "A technique for computer detection and correction of spelling errors",
+// CACM 7, 1964).
+int Distance(const QString& left, const QString& right)
+{
+    const qsizetype columns = right.size() + 1;
+    QList<int> steps((left.size() + 1) * columns);
+    const auto at = [&](qsizetype row, qsizetype column) -> int& { return steps[row * columns + column]; };
+    for (qsizetype row = 0; row <= left.size(); ++row) {
+        for (qsizetype column = 0; column < columns; ++column) {
+            if (row == 0 || column == 0) {
+                at(row, column) = int(row + column);
+                continue;
+            }
+            const bool same = left.at(row - 1) == right.at(column - 1);
+            at(row, column) = std::min(
+                {at(row - 1, column) + 1, at(row, column - 1) + 1, at(row - 1, column - 1) + (same ? 0 : 1)});
+            if (row > 1 && column > 1 && left.at(row - 1) == right.at(column - 2) &&
+                left.at(row - 2) == right.at(column - 1))
+                at(row, column) = std::min(at(row, column), at(row - 2, column - 2) + 1);
+        }
+    }
+    return steps.last();
+}
+
+// " (did you mean '...'?)" where a known word begins with the given one or is nearly written so.
+QString DidYouMean(const QString& given, const QStringList& known)
+{
+    constexpr qsizetype longest = 40; // no command or option has a name like this
+    constexpr int nearly = 2;
+    if (given.size() > longest)
+        return {};
+    const auto badness = [&](const QString& word) {
+        return word.startsWith(given) ? 0 : Distance(given, word);
+    };
+    const auto best = std::min_element(known.begin(), known.end(), [&](const QString& a, const QString& b) {
+        return badness(a) < badness(b);
+    });
+    if (best == known.end() || badness(*best) > nearly || badness(*best) * 2 > best->size())
+        return {};
+    return Texts::tr(" (did you mean '%1'?)").arg(*best);
+}
+
+QStringList CommandsOf(const CLI::App* app)
+{
+    QStringList names;
+    for (const CLI::App* const command : app->get_subcommands({}))
+        names.append(QString::fromStdString(command->get_name()));
+    return names;
+}
+
+// The long options that may stand behind a command: its own and those of what it is a command of.
+QStringList OptionsOf(const CLI::App* app)
+{
+    QStringList names;
+    for (; app; app = app->get_parent())
+        for (const CLI::Option* const option : app->get_options())
+            for (const std::string& name : option->get_lnames())
+                names.append(QStringLiteral("--") + QString::fromStdString(name));
+    return names;
+}
+
 QString What(const CLI::App* app, const CLI::Error& error)
 {
-    const CLI::App* chosen = app;
-    while (!chosen->get_subcommands().empty())
-        chosen = chosen->get_subcommands().front();
+    const CLI::App* const chosen = ChosenCommand(app);
     const std::vector<std::string> others = app->remaining(true);
-    if (!chosen->get_subcommands({}).empty() && !others.empty() && others.front().front() != '-')
-        return Texts::tr("there is no command '%1'").arg(QString::fromStdString(others.front()));
-    return Translated(QString::fromStdString(error.what()));
+    const QString first = others.empty() ? QString() : QString::fromStdString(others.front());
+    if (!chosen->get_subcommands({}).empty() && !first.isEmpty() && !first.startsWith(QLatin1Char('-')))
+        return NoSuchCommand(chosen, first);
+    const QString what = Translated(QString::fromStdString(error.what()));
+    const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr;
+    return isUnknown && first.startsWith(QLatin1String("--"))
+               ? what + DidYouMean(first.section(QLatin1Char('='), 0, 0), OptionsOf(chosen))
+               : what;
 }
 
 QString SeeHelp(const CLI::App* app)
 {
-    QString help = QStringLiteral("zyn");
-    for (const CLI::App* chosen = app; !chosen->get_subcommands().empty();) {
-        chosen = chosen->get_subcommands().front();
-        help += QLatin1Char(' ') + QString::fromStdString(chosen->get_name());
-    }
-    return Texts::tr("see %1 --help").arg(help);
+    QString help;
+    for (const CLI::App* chosen = ChosenCommand(app); chosen; chosen = chosen->get_parent())
+        help.prepend(QString::fromStdString(chosen->get_name()) + QLatin1Char(' '));
+    return Texts::tr("see %1 --help").arg(help.trimmed());
 }
 
 } // namespace
@@ -94,6 +167,11 @@ void SetHeadings(CLI::App* app)
         command->group(Texts::tr("Commands").toStdString());
         SetHeadings(command);
     }
+}
+
+QString NoSuchCommand(const CLI::App* app, const QString& name)
+{
+    return Texts::tr("there is no command '%1'").arg(name) + DidYouMean(name, CommandsOf(app));
 }
 
 std::string UsageMessage(const CLI::App* app, const CLI::Error& error)

@@ -73,7 +73,7 @@ int Zyn(int argc, char** argv)
         ShowCommand(zyn, manners),     CheckCommand(zyn, manners),    ArchiveCommand(zyn, manners),
         YieldCommand(zyn, manners),    FailuresCommand(zyn, manners), MeasureCommand(zyn, manners),
         UnitsCommand(zyn, manners),    HistoryCommand(zyn, manners),  PageCommand(zyn, manners),
-        FormatsCommand(zyn, manners)};
+        FormatsCommand(zyn, manners),  HelpCommand(zyn, manners)};
     if (const std::optional<int> code = program.Parse(argc, argv))
         return *code == 0 ? Finished(ExitGood) : ExitUsage; // zero: it was the help
     application.reset();

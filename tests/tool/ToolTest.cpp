@@ -39,7 +39,15 @@ private slots:
         row("convert --help", 0, "Examples");
         row("formats", 0, ".zyr");
         row("", 2, "see zyn --help");
-        row("show --frobnicate a.zyr", 2, "see zyn show --help");
+        row("show --frobnicate a.zyr", 2, "expected: --frobnicate; see zyn show --help");
+        row("help", 0, "simulate");
+        row("help convert", 0, "--logo");
+        row("help shwo", 2, "no command 'shwo' (did you mean 'show'?)");
+        row("conv a.zyr", 2, "no command 'conv' (did you mean 'convert'?)");
+        row("show --jsno a.zyr", 2, "expected: --jsno (did you mean '--json'?)");
+        row("show --vrebose a.zyr", 2, "(did you mean '--verbose'?)");
+        row("convert a.zyr -o -", 2, "format is not clear");
+        row("convert a.zyr -o - -f csv --json", 2, "both want standard output");
         row("convert a.zyr -f CSV", 2, "-o FILE or -d FOLDER");
         row("convert a.zyr -f CSV -o a.csv -d out", 2, "-o FILE or -d FOLDER");
         row("convert a.zyr -f DOCX -o a.docx", 2, "no format 'DOCX'");
@@ -133,6 +141,7 @@ private slots:
         QCOMPARE(folder->Zyn("convert - -o b.zyr", report).code, 0);
         QCOMPARE(folder->Zyn("convert a.zyr -o c.zyr").code, 0);
         QCOMPARE(folder->Content("b.zyr"), folder->Content("c.zyr"));
+        QCOMPARE(folder->Zyn("convert - -o - -f xml", report).output, folder->Content("c.zyr"));
         QCOMPARE(folder->Zyn("convert - -o d.zyr").code, 1); // from an empty one
         QVERIFY(!QFileInfo::exists(folder->Path("d.zyr")));
     }

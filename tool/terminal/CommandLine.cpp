@@ -5,6 +5,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
+
 namespace ZYN::Tool {
 
 namespace {
@@ -57,6 +59,13 @@ OptionSetup CommandLine::Inputs(const char* name, std::vector<std::string>& valu
     return setup;
 }
 
+OptionSetup CommandLine::Words(const char* name, std::vector<std::string>& values, const QString& help)
+{
+    OptionSetup setup(m_app->add_option(name, values, help.toStdString()));
+    setup.Named({});
+    return setup;
+}
+
 OptionSetup CommandLine::Argument(const char* name, std::string& value, const QString& help)
 {
     OptionSetup setup(m_app->add_option(name, value, help.toStdString()));
@@ -103,6 +112,22 @@ CommandLine CommandLine::Subcommand(const char* name, const QString& help)
     command->fallthrough(); // -q and -v also behind the command's name
     m_app->require_subcommand(1);
     return CommandLine(command);
+}
+
+std::optional<QString> CommandLine::HelpOf(const std::vector<std::string>& names, QString* unknown) const
+{
+    const CLI::App* app = m_app;
+    for (const std::string& name : names) {
+        const std::vector<const CLI::App*> commands = app->get_subcommands({});
+        const auto command = std::find_if(commands.begin(), commands.end(),
+                                          [&](const CLI::App* each) { return each->get_name() == name; });
+        if (command == commands.end()) {
+            *unknown = NoSuchCommand(app, QString::fromStdString(name));
+            return std::nullopt;
+        }
+        app = *command;
+    }
+    return QString::fromStdString(app->help());
 }
 
 bool CommandLine::IsChosen() const

@@ -48,6 +48,8 @@ public:
 
     /// What is given without a name.
     OptionSetup Inputs(const char* name, std::vector<std::string>& values, const QString& help);
+    /// The same where it may be left out.
+    OptionSetup Words(const char* name, std::vector<std::string>& values, const QString& help);
     OptionSetup Argument(const char* name, std::string& value, const QString& help);
     OptionSetup Value(const char* names, std::string& value, const QString& help);
     OptionSetup Value(const char* names, int& value, const QString& help);
@@ -62,6 +64,10 @@ public:
 
     /// A command of this one, of which then one must be chosen.
     CommandLine Subcommand(const char* name, const QString& help);
+    /// The help of a command below this one.
+    /// \param names of the command and, before it, those that it is a command of; none: this one's own
+    /// \param unknown what to say when there is no such command, and nothing is returned
+    std::optional<QString> HelpOf(const std::vector<std::string>& names, QString* unknown) const;
     /// Whether the user chose it.
     bool IsChosen() const;
     /// Whether a flag of this name is there, here or in the command that was chosen of this one, and was
