@@ -39,7 +39,7 @@ void ReportReader::Begin()
     m_atRoot = true;
     m_parameterDepth = 0;
     m_inProperty = false;
-    m_header = ReportHeader();
+    m_header = RunHeader();
     m_test = &m_header.report;
     m_hasStation = false;
     m_stationDescription.clear();
@@ -315,7 +315,7 @@ bool ReportReader::TakeTestProperty()
 
 bool ReportReader::TakeUnitProperty()
 {
-    ReportHeader::Test& test = *m_test;
+    RunHeader::Test& test = *m_test;
     switch (m_property) {
     case Property::Name:
         test.hasUnit = true;

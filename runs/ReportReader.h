@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ReportHeader.h"
 #include "ReportNames.h"
 #include "ReportTexts.h"
 #include "ReportValues.h"
+#include "RunHeader.h"
 
 #include "runs/Run.h"
 #include "runs/RunBuilder.h"
@@ -63,7 +63,7 @@ private:
     struct Result {
         int code = 0;
         double seconds = 0;
-        ReportValues::Value value;
+        RunValue value;
         std::string unit;
         std::string comment;
         std::string attribute;
@@ -134,8 +134,8 @@ private:
     std::optional<std::string> m_codeAttribute;
     std::optional<std::string> m_factorAttribute;
 
-    ReportHeader m_header;
-    ReportHeader::Test* m_test = nullptr; ///< the report's or that of a panel item
+    RunHeader m_header;
+    RunHeader::Test* m_test = nullptr; ///< the report's or that of a panel item
 
     // Of the current result set.
     bool m_hasStation = false;
@@ -157,8 +157,8 @@ private:
     Component m_value;
     bool m_hasLimits = false;
     Limits m_limits;
-    ReportValues::Value m_lower;
-    ReportValues::Value m_upper;
+    RunValue m_lower;
+    RunValue m_upper;
     RunItemLimits m_itemLimits;
     Result m_result;
 };

@@ -73,7 +73,7 @@ void ReportReader::EndResultSet()
     }
     BeginRun();
     m_builder.SetVersion(m_version);
-    ReportHeader::SetRun& set = m_test->sets.emplace_back();
+    RunHeader::SetRun& set = m_test->sets.emplace_back();
     m_builder.Finish(&set.run);
     set.run.testIndex = m_testIndex;
     if (m_hasStation)
@@ -187,28 +187,25 @@ void ReportReader::EndLimits()
         if (!m_itemLimits.lowerOperator.empty())
             m_itemLimits.lowerText = m_limits.lower;
     } else {
-        const auto read = [&](const std::string& text, ReportValues::Value* value) {
+        const auto read = [&](const std::string& text, RunValue* value) {
             isGood = ReportValues::ReadNumber(text, notation, kind == Kind::Integer, value) && isGood;
         };
-        const auto take = [&](const std::string& text, std::string_view& limitOperator,
-                              ReportValues::Value* value, double& number,
-                              std::optional<std::string_view>& exact) {
+        const auto take = [&](const std::string& text, std::string_view& limitOperator, RunValue* value,
+                              double& number, std::optional<std::string_view>& exact) {
             read(text, value);
             if (text.empty())
                 limitOperator = {};
             if (limitOperator.empty())
                 return;
-            number = value->number;
-            if (!value->text.empty()) {
+            number = value->Nearest();
+            if (!value->text.empty())
                 exact = value->text;
-                number = NumberText::ToReal(value->text, 0).value_or(number);
-            }
         };
         take(m_limits.lower, m_itemLimits.lowerOperator, &m_lower, m_itemLimits.lower,
              m_itemLimits.lowerText);
         take(m_limits.upper, m_itemLimits.upperOperator, &m_upper, m_itemLimits.upper,
              m_itemLimits.upperText);
-        ReportValues::Value nominal;
+        RunValue nominal;
         const bool wasGood = isGood;
         read(m_limits.nominal, &nominal);
         m_itemLimits.nominal = nominal.number;

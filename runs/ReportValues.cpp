@@ -4,18 +4,9 @@
 #include "ReportUnits.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <limits>
 
 namespace ZYN::ReportValues {
-
-namespace {
-
-/// Whole numbers up to this have each a double of their own.
-constexpr std::uint64_t largestExact = std::uint64_t(1) << 53;
-
-} // namespace
 
 Kind KindOf(int dataType)
 {
@@ -34,71 +25,35 @@ Kind KindOf(int dataType)
     }
 }
 
-void Value::SetNone()
+bool ReadNumber(std::string_view text, const Notation& notation, bool isWhole, RunValue* value)
 {
-    number = std::numeric_limits<double>::quiet_NaN();
-    text.clear();
-}
-
-void Value::SetReal(double real)
-{
-    SetNone();
-    if (std::isfinite(real))
-        number = real;
-    else
-        text = std::isnan(real) ? "nan" : real < 0 ? "-inf" : "inf";
-}
-
-void Value::SetInteger(std::int64_t integer)
-{
-    const std::uint64_t magnitude = integer < 0 ? 0 - std::uint64_t(integer) : std::uint64_t(integer);
-    if (magnitude <= largestExact)
-        SetReal(double(integer));
-    else
-        SetWhole(std::to_string(integer));
-}
-
-void Value::SetWhole(std::string digits)
-{
-    const char* const first = digits.data() + digits.starts_with('-');
-    std::uint64_t magnitude = 0;
-    std::from_chars(first, digits.data() + digits.size(), magnitude);
-    SetNone();
-    if (magnitude <= largestExact)
-        number = first == digits.data() ? double(magnitude) : -double(magnitude);
-    else
-        text = std::move(digits);
-}
-
-bool ReadNumber(std::string_view text, const Notation& notation, bool isWhole, Value* value)
-{
+    // From here on not every whole number has a double of its own; up to there a conversion is defined.
+    constexpr double firstInexact = std::uint64_t(1) << 53;
+    constexpr double end = 2.0 * double(std::uint64_t(1) << 62);
     value->SetNone();
     if (text.empty())
         return true;
-    int factor = notation.factor;
-    if (const int base = ReportUnits::DigitBase(notation.unitCode)) {
-        if (const std::optional<std::uint64_t> bits = NumberText::ToBits(text, base)) {
-            value->SetInteger(std::int64_t(*bits));
-            return true;
-        }
-        // What is not whole has no digits and is written as a plain decimal.
-        factor = 0;
-        isWhole = false;
+    const int base = ReportUnits::DigitBase(notation.unitCode);
+    if (const auto bits = base ? NumberText::ToBits(text, base) : std::nullopt) {
+        value->SetInteger(std::int64_t(*bits));
+        return true;
     }
+    // What is not whole has no digits of a base and is written as a plain decimal.
+    const int factor = base ? 0 : notation.factor;
     const std::optional<double> real = NumberText::ToReal(text, factor);
     if (!real)
         return false;
-    if (isWhole && std::abs(*real) >= double(largestExact)) {
-        if (std::optional<std::string> digits = NumberText::ToWholeDigits(text, factor)) {
-            value->SetWhole(std::move(*digits));
-            return true;
-        }
-    }
     value->SetReal(*real);
+    if (!isWhole || !(std::abs(*real) >= firstInexact))
+        return true;
+    if (auto digits = base ? std::nullopt : NumberText::ToWholeDigits(text, factor))
+        value->SetWhole(std::move(*digits));
+    else if (*real >= -end && *real < end)
+        value->SetInteger(std::int64_t(*real));
     return true;
 }
 
-bool ReadValue(std::string_view text, const Notation& notation, int measuredType, Value* value)
+bool ReadValue(std::string_view text, const Notation& notation, int measuredType, RunValue* value)
 {
     const Kind measured = KindOf(measuredType);
     const bool isText = measured == Kind::Text || KindOf(notation.dataType) == Kind::Text;

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <cstdint>
-#include <string>
+#include "RunValue.h"
+
 #include <string_view>
 
 /// Values of a report's texts, in their base unit.
@@ -19,27 +19,15 @@ struct Notation {
     int factor = 0; ///< power of ten that the number is to be multiplied with
 };
 
-/// A value as a run has it: a number, or a text for what is no finite number or does not fit one.
-struct Value {
-    double number = 0; ///< NaN where there is none
-    std::string text;
-
-    void SetNone();
-    void SetReal(double real);
-    void SetInteger(std::int64_t integer);
-    /// \param digits of a whole number, with its sign
-    void SetWhole(std::string digits);
-};
-
 /// A number; an empty text is none.
 /// \param isWhole whether the digits of what is whole count beyond what a real number holds
 /// \return false if it is no number
-bool ReadNumber(std::string_view text, const Notation& notation, bool isWhole, Value* value);
+bool ReadNumber(std::string_view text, const Notation& notation, bool isWhole, RunValue* value);
 
 /// A measured value.
 /// \param measuredType type code of the measurement, where the notation's is that of its limits
 /// \return false if it should be a number and is none
-bool ReadValue(std::string_view text, const Notation& notation, int measuredType, Value* value);
+bool ReadValue(std::string_view text, const Notation& notation, int measuredType, RunValue* value);
 
 /// The operator of a limit, without blanks around it.
 /// \return false for an unknown one

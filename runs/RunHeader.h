@@ -2,6 +2,7 @@
 
 #include "runs/Run.h"
 #include "runs/RunBuilder.h"
+#include "runs/RunsGlobal.h"
 
 #include <list>
 #include <optional>
@@ -12,7 +13,7 @@ namespace ZYN {
 
 /// What a report says about its unit, or panel and items, and the runs that it says it of. Elements may come
 /// in any order, so it is put together at the end.
-class ReportHeader {
+class RunHeader {
 public:
     /// A result set.
     struct SetRun {

@@ -1,4 +1,4 @@
-#include "ReportHeader.h"
+#include "RunHeader.h"
 
 #include "StartText.h"
 
@@ -17,7 +17,7 @@ void TakeIfEmpty(std::string& text, const std::string& other)
 } // namespace
 
 /// What a run has of its test.
-void ReportHeader::CompleteRun(const Test& test, const SetRun& set, Run* run) const
+void RunHeader::CompleteRun(const Test& test, const SetRun& set, Run* run) const
 {
     if (!set.hasCode)
         run->code = test.result.value_or(0);
@@ -35,7 +35,7 @@ void ReportHeader::CompleteRun(const Test& test, const SetRun& set, Run* run) co
 }
 
 /// What a run of a panel item has of the panel.
-void ReportHeader::CompleteItem(const Test& item, int ordinal, Run* run) const
+void RunHeader::CompleteItem(const Test& item, int ordinal, Run* run) const
 {
     TakeIfEmpty(run->product, report.product);
     TakeIfEmpty(run->startText, report.startText);
@@ -45,10 +45,11 @@ void ReportHeader::CompleteItem(const Test& item, int ordinal, Run* run) const
     run->position = item.panelIndex > 0 ? item.panelIndex : ordinal;
 }
 
-void ReportHeader::CompleteTest(Test& test, RunBuilder& builder) const
+void RunHeader::CompleteTest(Test& test, RunBuilder& builder) const
 {
     const bool isPanel = &test == &report && !items.empty();
-    if (test.sets.empty() && test.result && !isPanel) {
+    const bool isSomething = test.hasUnit || test.result.value_or(0) != 0;
+    if (test.sets.empty() && isSomething && !isPanel) {
         builder.Begin({}, {}, {});
         builder.Finish(&test.sets.emplace_back().run);
     }
@@ -60,7 +61,7 @@ void ReportHeader::CompleteTest(Test& test, RunBuilder& builder) const
     }
 }
 
-void ReportHeader::TakeRuns(const std::string& source, RunBuilder& builder, std::vector<Run>* runs)
+void RunHeader::TakeRuns(const std::string& source, RunBuilder& builder, std::vector<Run>* runs)
 {
     CompleteTest(report, builder);
     int ordinal = 0;

@@ -1,0 +1,350 @@
+#include "RunModel.h"
+
+#include "export/ModelAdapter.h"
+
+#include <ZYNCommon/ProductionLot.h>
+#include <ZYNCommon/Station.h>
+#include <ZYNCommon/TestComponentFactory.h>
+#include <ZYNCommon/TestParameter.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResultSet.h>
+#include <ZYNCommon/TestStep.h>
+#include <ZYNCommon/UUTTest.h>
+#include <ZYNCommon/UnitUnderTest.h>
+#include <ZYNCommon/ZYNSession.h>
+#include <ZYNCommon/ZYNUser.h>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <memory>
+
+namespace ZYN {
+
+using namespace Qt::StringLiterals;
+using ModelAdapter::ValueKind;
+
+namespace {
+
+constexpr double twoTo63 = 9223372036854775808.0;
+
+QString Text(const std::string& text)
+{
+    return QString::fromStdString(text);
+}
+
+const std::string* TextAt(const Run::Texts& texts, std::size_t position)
+{
+    const auto at = std::lower_bound(texts.begin(), texts.end(), position,
+                                     [](const auto& text, std::size_t p) { return text.first < p; });
+    return at != texts.end() && at->first == position ? &at->second : nullptr;
+}
+
+/// A number that is a text because a double does not hold it; invalid for another text.
+QVariant NumberOfText(const QString& text)
+{
+    bool ok = false;
+    if (const qlonglong number = text.toLongLong(&ok); ok)
+        return number;
+    if (const qulonglong number = text.toULongLong(&ok); ok)
+        return number;
+    const double real = DecimalText::ToReal(text, 0, &ok);
+    return ok ? QVariant(real) : QVariant();
+}
+
+bool IsWhole(double number)
+{
+    return std::trunc(number) == number && number >= -twoTo63 && number < twoTo63;
+}
+
+/// The code of a unit that has only its text.
+int UnitCodeOf(const RunComponent& component)
+{
+    if (component.unitCode != 0 || component.unit.empty())
+        return component.unitCode;
+    const QString text = Text(component.unit);
+    for (const int code : MeasurementUnit::KnownCodes()) {
+        const MeasurementUnit unit(code);
+        if (text == unit.ToString() || text == unit.ToAsciiString())
+            return code;
+    }
+    return MeasurementUnit::None;
+}
+
+long NumberOfIdent(const std::string& ident, bool* isNumber)
+{
+    const long number = Text(ident).toLong(isNumber);
+    *isNumber = *isNumber && std::to_string(number) == ident;
+    return *isNumber ? number : 0;
+}
+
+/// Gives a component the ident that is no number.
+template <class Component, class... Argument>
+QSharedPointer<Component> WithIdent(const std::string& ident, const std::string& name, Argument... arguments)
+{
+    bool isNumber = false;
+    const long id = NumberOfIdent(ident, &isNumber);
+    const auto component = QSharedPointer<Component>::create(id, Text(name), arguments...);
+    if (!isNumber)
+        component->SetIdentString(Text(ident));
+    return component;
+}
+
+/// Makes the components of a run and their results.
+class ProgramMaker {
+public:
+    explicit ProgramMaker(const Run& run)
+        : m_run(run)
+        , m_layout(*run.layout)
+    {
+    }
+
+    std::unique_ptr<TestResultSet> Make();
+
+private:
+    void Add(std::size_t position);
+    QSharedPointer<TestGroup> GroupOf(int position);
+    QSharedPointer<TestStep> StepOf(int position);
+    void AddResult(const QSharedPointer<TestComponent>& component, std::size_t position);
+    void AddDerivedResult(const QSharedPointer<TestComponent>& component);
+    QVariant ValueAt(std::size_t position) const;
+    QSharedPointer<ValidationInterface> LimitsAt(std::size_t position) const;
+
+    const Run& m_run;
+    const RunLayout& m_layout;
+    QSharedPointer<TestProgram> m_program;
+    std::unique_ptr<TestResultSet> m_set;
+    std::vector<QSharedPointer<TestComponent>> m_made; ///< by position
+    QSharedPointer<TestGroup> m_group;                 ///< of steps that have none
+    QSharedPointer<TestStep> m_step;                   ///< of measurements that have none
+};
+
+std::unique_ptr<TestResultSet> ProgramMaker::Make()
+{
+    m_program = WithIdent<TestProgram>(m_layout.programIdent, m_layout.program, 0UL);
+    m_program->SetVersion(Text(m_layout.version));
+    const auto station = QSharedPointer<Station>::create(0L, QString());
+    station->SetDescription(Text(m_run.station));
+    m_set = std::make_unique<TestResultSet>(m_program, station);
+    m_set->SetTestIndex(m_run.testIndex);
+    auto result = std::make_unique<TestResult>(m_program);
+    result->SetResult(EN_ZYN_RESULT(m_run.code));
+    result->SetDuration(m_run.duration.value_or(0.0));
+    result->SetComment(Text(m_run.comment));
+    m_program->SetResult(result.get());
+    m_set->AddResult(result.release());
+    m_made.resize(m_layout.components.size());
+    for (std::size_t position = 0; position < m_made.size(); ++position)
+        if (m_run.codes[position] != Run::NoCode)
+            Add(position);
+    return std::move(m_set);
+}
+
+void ProgramMaker::Add(std::size_t position)
+{
+    const RunComponent& made = m_layout.components[position];
+    const auto type = EN_ZYN_ADDRESS(made.dataType);
+    QSharedPointer<TestComponent> component;
+    switch (made.kind) {
+    case ComponentKind::Group: {
+        const auto group =
+            WithIdent<TestGroup>(made.ident, made.name, m_program.data(), 0U, -1L, ZYN_GROUP_USER, nullptr);
+        m_program->AddGroup(group);
+        component = group;
+        break;
+    }
+    case ComponentKind::Step: {
+        const auto group = GroupOf(made.parent);
+        const auto step = WithIdent<TestStep>(made.ident, made.name, group.data(), 0U, -1L, QString());
+        group->AddStep(step);
+        component = step;
+        break;
+    }
+    case ComponentKind::Parameter: {
+        const auto group = GroupOf(made.parent);
+        const auto parameter = WithIdent<TestParameter>(made.ident, made.name, type, group.data(), 0U, -1L);
+        group->AddParameter(parameter);
+        component = parameter;
+        break;
+    }
+    case ComponentKind::Measurement: {
+        const auto step = StepOf(made.parent);
+        const auto measurement =
+            WithIdent<TestMeasurement>(made.ident, made.name, type, step.data(), 0U, -1L);
+        step->AddMeasurement(measurement);
+        component = measurement;
+        break;
+    }
+    }
+    m_made[position] = component;
+    AddResult(component, position);
+}
+
+/// The group at a position; where there is none, one that has no name.
+QSharedPointer<TestGroup> ProgramMaker::GroupOf(int position)
+{
+    if (position >= 0)
+        return m_made[std::size_t(position)].staticCast<TestGroup>();
+    if (!m_group) {
+        m_group = QSharedPointer<TestGroup>::create(0L, QString(), m_program.data(), 0U, -1L, ZYN_GROUP_USER,
+                                                    nullptr);
+        m_program->AddGroup(m_group);
+        AddDerivedResult(m_group);
+    }
+    return m_group;
+}
+
+QSharedPointer<TestStep> ProgramMaker::StepOf(int position)
+{
+    const bool isStep =
+        position >= 0 && m_layout.components[std::size_t(position)].kind == ComponentKind::Step;
+    if (isStep)
+        return m_made[std::size_t(position)].staticCast<TestStep>();
+    const auto group = GroupOf(position);
+    if (!m_step || !group->GetStepCount() || group->GetStepForIndex(group->GetStepCount() - 1) != m_step) {
+        m_step = QSharedPointer<TestStep>::create(0L, QString(), group.data(), 0U, -1L, QString());
+        group->AddStep(m_step);
+        AddDerivedResult(m_step);
+    }
+    return m_step;
+}
+
+void ProgramMaker::AddDerivedResult(const QSharedPointer<TestComponent>& component)
+{
+    auto result = std::make_unique<TestResult>(component);
+    component->SetResult(result.get());
+    m_set->AddResult(result.release());
+}
+
+void ProgramMaker::AddResult(const QSharedPointer<TestComponent>& component, std::size_t position)
+{
+    auto result = std::make_unique<TestResult>(component);
+    result->SetResult(EN_ZYN_RESULT(m_run.codes[position]));
+    if (!std::isnan(m_run.seconds[position]))
+        result->SetDuration(DecimalText::ToReal(DecimalText::FromSingle(m_run.seconds[position])));
+    if (const std::string* const comment = TextAt(m_run.comments, position))
+        result->SetComment(Text(*comment));
+    if (const std::string* const attribute = TextAt(m_run.attributes, position))
+        result->SetAttribute(Text(*attribute));
+    if (m_layout.components[position].dataType != 0) {
+        result->SetValue(ValueAt(position));
+        result->SetValidation(LimitsAt(position));
+    }
+    component->SetResult(result.get());
+    m_set->AddResult(result.release());
+}
+
+QVariant ProgramMaker::ValueAt(std::size_t position) const
+{
+    const ValueKind kind = ModelAdapter::KindOfValue(m_layout.components[position].dataType);
+    if (const std::string* const text = TextAt(m_run.texts, position)) {
+        const QVariant number = kind == ValueKind::Text ? QVariant() : NumberOfText(Text(*text));
+        return number.isValid() ? number : QVariant(Text(*text));
+    }
+    const double number = m_run.values[position];
+    if (std::isnan(number))
+        return QVariant();
+    return kind != ValueKind::Real && IsWhole(number) ? QVariant(qlonglong(number)) : QVariant(number);
+}
+
+/// The limits of a value; also what has none takes its unit and scale from them.
+QSharedPointer<ValidationInterface> ProgramMaker::LimitsAt(std::size_t position) const
+{
+    const RunComponent& component = m_layout.components[position];
+    const RunLimits* const limits = m_run.limits.get();
+    const int unit = UnitCodeOf(component);
+    const bool isJudged =
+        limits && (!limits->lowerOperator[position].empty() || !limits->upperOperator[position].empty() ||
+                   !std::isnan(limits->nominal[position]) || limits->inverted[position]);
+    if (!isJudged && unit == MeasurementUnit::None && component.factor == 0)
+        return nullptr;
+    const QByteArray lowerOperator(isJudged ? limits->lowerOperator[position].c_str() : "");
+    const QByteArray upperOperator(isJudged ? limits->upperOperator[position].c_str() : "");
+    const double nominal = isJudged ? limits->nominal[position] : std::numeric_limits<double>::quiet_NaN();
+    const auto limitAt = [&](const std::vector<double>& numbers, const Run::Texts& texts) {
+        const std::string* const text = TextAt(texts, position);
+        const QVariant exact = text ? NumberOfText(Text(*text)) : QVariant();
+        return exact.isValid() ? exact : QVariant(numbers[position]);
+    };
+    const QVariant lower = isJudged ? limitAt(limits->lower, limits->lowerTexts) : QVariant(0.0);
+    const QVariant upper = isJudged ? limitAt(limits->upper, limits->upperTexts) : QVariant(0.0);
+
+    const ValueKind kind = ModelAdapter::KindOfValue(component.dataType);
+    const std::string* const text = isJudged ? TextAt(limits->lowerTexts, position) : nullptr;
+    const bool isText = kind == ValueKind::Text || (text && !NumberOfText(Text(*text)).isValid());
+    const auto isWhole = [](const QByteArray& limitOperator, const QVariant& limit) {
+        return limitOperator.isEmpty() || limit.typeId() == QMetaType::LongLong || IsWhole(limit.toDouble());
+    };
+    QSharedPointer<ValidationInterface> made;
+    if (isText) {
+        made.reset(TestComponentFactory::CreateValidationString(
+            unit, lowerOperator, text ? Text(*text) : QString(), -1, -1, -1, -1));
+    } else if (kind == ValueKind::Integer && isWhole(lowerOperator, lower) && isWhole(upperOperator, upper) &&
+               std::isnan(nominal)) {
+        made.reset(TestComponentFactory::CreateValidationInt(unit, lowerOperator, upperOperator, 0, 0, -1, -1,
+                                                             -1, -1, -1, -1));
+        // Here a limit may have 64 bits.
+        if (!lowerOperator.isEmpty())
+            made->SetProperty(u"Lower"_s, lower.toLongLong());
+        if (!upperOperator.isEmpty())
+            made->SetProperty(u"Upper"_s, upper.toLongLong());
+    } else {
+        made.reset(TestComponentFactory::CreateValidationReal(unit, lowerOperator, upperOperator,
+                                                              lower.toDouble(), upper.toDouble(), -1, -1, -1,
+                                                              -1, -1, -1, component.factor, nominal));
+    }
+    if (isJudged && limits->inverted[position])
+        ModelAdapter::SetResultInverted(made.get(), true);
+    return made;
+}
+
+std::unique_ptr<ZYNSession> SessionOf(const Run& run)
+{
+    auto session = std::make_unique<ZYNSession>();
+    const auto workSpace = QSharedPointer<WorkSpace>::create(0L, QString());
+    workSpace->SetUserList({QSharedPointer<ZYNUser>::create(Text(run.operatorName))});
+    ModelAdapter::LoginFirstUser(workSpace.data(), QString());
+    session->SetMachineName(Text(run.station));
+    session->SetWorkSpace(workSpace);
+    return session;
+}
+
+QSharedPointer<UnitUnderTest> UnitOf(const Run& run)
+{
+    const std::string& name = run.serial.empty() ? run.ident : run.serial;
+    const auto unit = QSharedPointer<UnitUnderTest>::create(0L, Text(name));
+    unit->SetSerialNo(Text(run.serial));
+    unit->SetIdentString(Text(run.ident));
+    unit->SetPanelIndex(run.position.value_or(0));
+    unit->SetProductType(QSharedPointer<ProductType>::create(0L, Text(run.product)));
+    return unit;
+}
+
+} // namespace
+
+QSharedPointer<UUTTest> ModelOfRun(const Run& run)
+{
+    const auto test = QSharedPointer<UUTTest>::create(0L, QString());
+    test->SetUnitUnderTest(UnitOf(run));
+    if (!run.lot.empty())
+        test->SetProductionLot(QSharedPointer<ProductionLot>::create(0L, Text(run.lot)));
+    if (!run.station.empty() || !run.operatorName.empty())
+        test->SetSession(SessionOf(run).release());
+    test->SetResult(EN_ZYN_RESULT(run.code));
+    test->SetResultDescription(Text(run.comment));
+    test->SetStartTimeString(Text(run.startText));
+    test->SetDuration(run.duration.value_or(0.0));
+    if (run.start && run.utcOffset && run.duration && std::abs(*run.duration) < 1e9) {
+        constexpr int secondsPerMinute = 60;
+        const auto end = *run.start + qint64(*run.duration * 1000.0);
+        test->SetStopTime(
+            QDateTime::fromMSecsSinceEpoch(end, Qt::OffsetFromUTC, *run.utcOffset * secondsPerMinute));
+    }
+    const bool hasProgram =
+        !run.layout->program.empty() || !run.layout->programIdent.empty() || !run.layout->components.empty();
+    if (hasProgram)
+        test->AssignResultSet(ProgramMaker(run).Make().release());
+    return test;
+}
+
+} // namespace ZYN
