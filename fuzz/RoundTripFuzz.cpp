@@ -4,6 +4,7 @@
 #include "FuzzedModel.h"
 #include "ReportContents.h"
 #include "ReportGenerations.h"
+#include "ReportRunsCheck.h"
 
 #include "stdf/LotFiles.h"
 
@@ -97,6 +98,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     const QMap<int, QStringList> numbers = NumbersOfXml(second);
     for (const auto& [place, texts] : NumbersOfXml(report).asKeyValueRange())
         RequireSame(texts, numbers.value(place), "no digit is lost");
+
+    CheckReportRuns(report, true);
 
     const bool isPanel = !test->GetUUTTests().isEmpty();
     RequireSame(Components(isPanel ? LastOfEachItem(programs, test->GetUUTTests().size()) : programs),

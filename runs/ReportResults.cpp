@@ -4,6 +4,7 @@
 #include "ReportReader.h"
 #include "ReportUnits.h"
 
+#include <cmath>
 #include <cstring>
 
 namespace ZYN {
@@ -81,7 +82,8 @@ void ReportReader::EndResultSet()
     if (m_programCode) {
         set.hasCode = true;
         set.run.code = *m_programCode;
-        set.run.duration = m_programSeconds;
+        if (!std::isnan(m_programSeconds))
+            set.run.duration = m_programSeconds;
         set.run.comment = m_programComment;
     }
 }

@@ -88,16 +88,16 @@ void ReportRuns::Private::Stop(Private* d)
 
 void ReportRuns::Private::StartElement(void* user, const XML_Char* name, const XML_Char** attributes)
 {
-    auto* const d = static_cast<Private*>(user);
-    d->reader.Start(LocalName(name), attributes);
-    Stop(d);
+    auto* const self = static_cast<Private*>(user);
+    self->reader.Start(LocalName(name), attributes);
+    Stop(self);
 }
 
 void ReportRuns::Private::EndElement(void* user, const XML_Char* name)
 {
-    auto* const d = static_cast<Private*>(user);
-    d->reader.End(LocalName(name));
-    Stop(d);
+    auto* const self = static_cast<Private*>(user);
+    self->reader.End(LocalName(name));
+    Stop(self);
 }
 
 void ReportRuns::Private::Prepare()
@@ -107,9 +107,9 @@ void ReportRuns::Private::Prepare()
     XML_SetUserData(p, this);
     XML_SetElementHandler(p, &StartElement, &EndElement);
     XML_SetCharacterDataHandler(p, [](void* user, const XML_Char* text, int size) {
-        auto* const d = static_cast<Private*>(user);
-        d->reader.Text({text, std::size_t(size)});
-        Stop(d);
+        auto* const self = static_cast<Private*>(user);
+        self->reader.Text({text, std::size_t(size)});
+        Stop(self);
     });
     XML_SetCommentHandler(p, [](void* user, const XML_Char*) { Reader(user).Divide(); });
     XML_SetProcessingInstructionHandler(
@@ -119,14 +119,14 @@ void ReportRuns::Private::Prepare()
     // A few kilobytes of entities grow to many megabytes, and a report needs none.
     XML_SetEntityDeclHandler(p, [](void* user, const XML_Char*, int, const XML_Char*, int, const XML_Char*,
                                    const XML_Char*, const XML_Char*, const XML_Char*) {
-        auto* const d = static_cast<Private*>(user);
-        d->reader.SetFault(ReportTexts::Entities);
-        Stop(d);
+        auto* const self = static_cast<Private*>(user);
+        self->reader.SetFault(ReportTexts::Entities);
+        Stop(self);
     });
     XML_SetSkippedEntityHandler(p, [](void* user, const XML_Char* name, int) {
-        auto* const d = static_cast<Private*>(user);
-        d->reader.SetFault(ReportTexts::UnknownEntity, name);
-        Stop(d);
+        auto* const self = static_cast<Private*>(user);
+        self->reader.SetFault(ReportTexts::UnknownEntity, name);
+        Stop(self);
     });
     reader.Begin();
 }

@@ -32,17 +32,19 @@ void RunHeader::CompleteRun(const Test& test, const SetRun& set, Run* run) const
     run->product = test.product;
     run->serial = test.serial;
     run->ident = test.ident;
+    if (test.panelIndex > 0)
+        run->position = test.panelIndex;
 }
 
 /// What a run of a panel item has of the panel.
-void RunHeader::CompleteItem(const Test& item, int ordinal, Run* run) const
+void RunHeader::CompleteItem(int ordinal, Run* run) const
 {
     TakeIfEmpty(run->product, report.product);
     TakeIfEmpty(run->startText, report.startText);
     if (run->station.empty() && !report.sets.empty())
         run->station = report.sets.front().run.station;
     run->panel = report.serial.empty() ? report.ident : report.serial;
-    run->position = item.panelIndex > 0 ? item.panelIndex : ordinal;
+    run->position = run->position.value_or(ordinal);
 }
 
 void RunHeader::CompleteTest(Test& test, RunBuilder& builder) const
@@ -69,7 +71,7 @@ void RunHeader::TakeRuns(const std::string& source, RunBuilder& builder, std::ve
         ++ordinal;
         CompleteTest(item, builder);
         for (SetRun& set : item.sets)
-            CompleteItem(item, ordinal, &set.run);
+            CompleteItem(ordinal, &set.run);
     }
     const auto take = [&](Test& test) {
         for (SetRun& set : test.sets) {

@@ -11,9 +11,9 @@
 
 namespace ZYN {
 
-/// What a report says about its unit, or panel and items, and the runs that it says it of. Elements may come
-/// in any order, so it is put together at the end.
-class RunHeader {
+/// What a source says about a unit, or a panel and its items, and the runs that it says it of. It may come in
+/// any order, so it is put together at the end.
+class ZYNRUNS_EXPORT RunHeader {
 public:
     /// A result set.
     struct SetRun {
@@ -49,7 +49,7 @@ public:
 private:
     void CompleteTest(Test& test, RunBuilder& builder) const;
     void CompleteRun(const Test& test, const SetRun& set, Run* run) const;
-    void CompleteItem(const Test& item, int ordinal, Run* run) const;
+    void CompleteItem(int ordinal, Run* run) const;
 };
 
 } // namespace ZYN

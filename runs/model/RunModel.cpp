@@ -127,6 +127,10 @@ std::unique_ptr<TestResultSet> ProgramMaker::Make()
     station->SetDescription(Text(m_run.station));
     m_set = std::make_unique<TestResultSet>(m_program, station);
     m_set->SetTestIndex(m_run.testIndex);
+    const bool hasProgram =
+        !m_layout.program.empty() || !m_layout.programIdent.empty() || !m_layout.components.empty();
+    if (!hasProgram)
+        return std::move(m_set);
     auto result = std::make_unique<TestResult>(m_program);
     result->SetResult(EN_ZYN_RESULT(m_run.code));
     result->SetDuration(m_run.duration.value_or(0.0));
@@ -340,10 +344,7 @@ QSharedPointer<UUTTest> ModelOfRun(const Run& run)
         test->SetStopTime(
             QDateTime::fromMSecsSinceEpoch(end, Qt::OffsetFromUTC, *run.utcOffset * secondsPerMinute));
     }
-    const bool hasProgram =
-        !run.layout->program.empty() || !run.layout->programIdent.empty() || !run.layout->components.empty();
-    if (hasProgram)
-        test->AssignResultSet(ProgramMaker(run).Make().release());
+    test->AssignResultSet(ProgramMaker(run).Make().release());
     return test;
 }
 

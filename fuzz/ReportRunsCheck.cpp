@@ -1,0 +1,74 @@
+#include "ReportRunsCheck.h"
+
+#include "FuzzSupport.h"
+#include "ReportGenerations.h"
+
+#include "runs/ReportRuns.h"
+#include "runs/RunBuilder.h"
+#include "runs/RunComparison.h"
+#include "runs/RunText.h"
+#include "runs/model/ModelRuns.h"
+#include "runs/model/RunModel.h"
+
+#include <ZYNCommon/UUTTest.h>
+
+namespace ZYN::Fuzz {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A run that goes through the model comes back.
+void CheckModel(const Run& run)
+{
+    RunBuilder builder;
+    std::vector<Run> back;
+    AddRunsOfModel(*ModelOfRun(run), std::string(), builder, &back);
+    Require(back.size() == 1, "a run becomes one run");
+    back[0].isPanel = run.isPanel;
+    back[0].panel = run.panel;
+    back[0].runIndex = run.runIndex;
+    const QString expected = RunText(std::span(&run, 1));
+    const QString actual = RunText(back);
+    Require(expected == actual, "a run goes through the model", expected + u"\nbecame\n"_s + actual);
+}
+
+} // namespace
+
+void CheckReportRuns(const QByteArray& bytes, bool isOwn)
+{
+    // The import drops every carriage return, where XML knows a line end.
+    const QByteArray report = QByteArray(bytes).replace('\r', QByteArray());
+    static ReportRuns reader;
+    std::vector<Run> runs;
+    const std::optional<RunFault> fault = reader.Read(report.toStdString(), std::string(), &runs);
+    const QString faultText = fault ? QString::fromStdString(fault->text) : QString();
+    Reading reading = Imported(report);
+    const auto hasLoss = [&](QStringView text) { return !reading.errors.filter(text.toString()).isEmpty(); };
+    const bool hasOthersLimits = hasLoss(u"has no limits, takes those of the one before");
+    reading.errors.removeIf([](const QString& error) {
+        return error.contains(u"has no limits, takes those of the one before"_s);
+    });
+    if (fault) {
+        Require(runs.empty() && !fault->text.empty(), "a refused report has no runs and a reason");
+        const bool isCompressed = report.startsWith("\x1f\x8b");
+        Require(isCompressed || (fault->line > 0 && fault->column > 0), "a fault has a place", faultText);
+        Require(!isOwn && !reading.errors.isEmpty(), "what the import takes is not refused", faultText);
+        return;
+    }
+    Require(reading.errors.isEmpty() || hasOthersLimits, "what is an error to the import is refused",
+            reading.errors.join(u'\n'));
+    if (!reading.errors.isEmpty() || !HasUsualOrder(report))
+        return;
+    RunBuilder builder;
+    std::vector<Run> imported;
+    AddRunsOfModel(*reading.test, std::string(), builder, &imported);
+    const QString difference = DifferenceToImport(runs, imported, isOwn);
+    Require(difference.isEmpty(), "runs are those of the import", difference);
+    if (isOwn) {
+        for (const Run& run : runs)
+            CheckModel(run);
+    }
+}
+
+} // namespace ZYN::Fuzz
