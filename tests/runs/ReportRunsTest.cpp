@@ -1,8 +1,17 @@
+#include "RunComparison.h"
 #include "RunText.h"
+#include "import/ReportPieces.h"
 #include "support/Golden.h"
 #include "support/Test.h"
 
 #include "runs/ReportRuns.h"
+#include "runs/RunBuilder.h"
+#include "runs/model/ModelRuns.h"
+#include "runs/model/RunModel.h"
+
+#include <ZYNCommon/UUTTest.h>
+
+#include <QtCore/QStringConverter>
 
 using namespace ZYN;
 
@@ -21,6 +30,27 @@ QString Reading(ReportRuns& reader, const QByteArray& report, std::vector<Run>* 
     if (!fault)
         return RunText(std::span(*runs).subspan(before));
     return QStringLiteral("%1:%2: %3").arg(fault->line).arg(fault->column).arg(fault->text.c_str());
+}
+
+QByteArray Wide(const QByteArray& report, QStringConverter::Encoding encoding)
+{
+    QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
+    return encoder(QString::fromUtf8(report).replace("encoding=\"UTF-8\"", "encoding=\"UTF-16\""));
+}
+
+/// A report of the sample, changed.
+QByteArray Changed(const char* name, const QByteArray& from, const QByteArray& to)
+{
+    QByteArray report = Report(name);
+    const qsizetype at = report.indexOf(from);
+    return at < 0 ? QByteArray() : report.replace(at, from.size(), to);
+}
+
+/// The report without what stands from a text to another, that included.
+QByteArray Without(QByteArray report, const QByteArray& from, const QByteArray& to)
+{
+    const qsizetype begin = report.indexOf(from);
+    return report.remove(begin, report.indexOf(to, begin) + to.size() - begin);
 }
 
 } // namespace
@@ -42,6 +72,135 @@ private slots:
         const QString text = Reading(reader, Report(name), &runs);
         const QString difference = Golden::Difference(name, QStringLiteral("runs.txt"), text.toUtf8());
         QVERIFY2(difference.isEmpty(), qPrintable(difference));
+
+        // The same from the model that the import makes of it.
+        const ReportFiles::Reading imported = ReportFiles::Read(Report(name));
+        RunBuilder builder;
+        std::vector<Run> ofModel;
+        AddRunsOfModel(*imported.test, std::string(), builder, &ofModel);
+        QCOMPARE(DifferenceToImport(runs, ofModel, true), QString());
+
+        // And as a report of the model that is made of a run.
+        for (Run& run : runs) {
+            run.isPanel = false;
+            run.panel.clear();
+            std::vector<Run> again;
+            const QString back = Reading(reader, ReportFiles::Write(*ModelOfRun(run)), &again);
+            QCOMPARE(back, RunText(std::span(&run, 1)));
+        }
+    }
+
+    void Refused_data()
+    {
+        const Rows<QByteArray, QByteArray, QString> row;
+        row("cut off", "</TestReport>", "", "126:1: no well-formed XML: no element found");
+    }
+    void Refused()
+    {
+        const auto [from, to, expected] = CurrentRow<QByteArray, QByteArray, QString>();
+        ReportRuns reader;
+        std::vector<Run> runs;
+        QCOMPARE(Reading(reader, Changed("passed-unit", from, to), &runs), expected);
+        QVERIFY(runs.empty());
+        QVERIFY(!Reading(reader, Report("passed-unit"), &runs).isEmpty());
+        QCOMPARE(runs.size(), 1);
+    }
+
+    void OtherBytes_data()
+    {
+        const Rows<QByteArray> row;
+        const QByteArray report = Report("hostile-names");
+        row("a control character from a bar code", QByteArray(report).replace("Property", "Prop\x12\x12" "erty"));
+        row("UTF-16", Wide(report, QStringConverter::Utf16LE));
+        row("UTF-16, high byte first", Wide(report, QStringConverter::Utf16BE));
+        row("compressed", Program::Run("gzip", {"-c"}, {}, report).output);
+        row("compressed in two pieces", Program::Run("gzip", {"-c"}, {}, report.first(999)).output +
+                                            Program::Run("gzip", {"-c"}, {}, report.sliced(999)).output);
+    }
+    void OtherBytes()
+    {
+        const auto [bytes] = CurrentRow<QByteArray>();
+        ReportRuns reader;
+        std::vector<Run> runs;
+        QCOMPARE(Reading(reader, bytes, &runs), Reading(reader, Report("hostile-names"), &runs));
+        QTemporaryDir folder;
+        const QString path = Files::Write(folder.filePath("report.zyr"), bytes);
+        QVERIFY(!reader.ReadFile(path.toStdString(), &runs));
+        QCOMPARE(RunText(std::span(runs).last(1)), RunText(std::span(runs).first(1)));
+        QCOMPARE(runs.back().source, path.toStdString());
+    }
+
+    void Files_data()
+    {
+        const QByteArray gzip = Program::Run("gzip", {"-c"}, {}, Report("panel")).output;
+        const Rows<QByteArray, QString> row;
+        row("missing", QByteArray(), "the file cannot be opened: No such file or directory");
+        row("cut off", gzip.chopped(9), "the compressed file is cut off");
+        row("damaged", QByteArray(gzip).replace(100, 4, "junk"), "the compressed file is damaged: invalid");
+        row("empty", QByteArray(""), "no well-formed XML: no element found");
+    }
+    void Files()
+    {
+        const auto [bytes, expected] = CurrentRow<QByteArray, QString>();
+        QTemporaryDir folder;
+        const QString path = folder.filePath("report.zyr.gz");
+        if (!bytes.isNull())
+            Files::Write(path, bytes);
+        std::vector<Run> runs;
+        const std::optional<RunFault> fault = ReportRuns().ReadFile(path.toStdString(), &runs);
+        QVERIFY(fault && runs.empty());
+        QVERIFY2(QString::fromStdString(fault->text).startsWith(expected), fault->text.c_str());
+    }
+
+    void Sharing()
+    {
+        ReportRuns reader;
+        std::vector<Run> runs;
+        const auto read = [&](const QByteArray& report) {
+            return Reading(reader, report, &runs).contains("program") ? runs.back() : Run();
+        };
+        const QByteArray whole = Report("failed-unit");
+        const QByteArray stopped = Without(whole, "<TestGroup ID=\"520\"", "</TestGroup>");
+        const QByteArray skipped = Without(whole, "<TestMeasurement ID=\"3\"", "</TestMeasurement>");
+        const QByteArray renamed = QByteArray(whole).replace("Negative, huge", "New");
+        const QByteArray otherLimit = QByteArray(whole).replace(">10.1<", ">10.2<");
+
+        const Run first = read(stopped);
+        const Run second = read(whole);
+        QVERIFY(first.layout != second.layout);
+        QCOMPARE(first.codes.size(), first.layout->components.size());
+        for (const QByteArray& fitting : {stopped, whole, skipped}) {
+            const Run run = read(fitting);
+            QCOMPARE(run.layout, second.layout);
+            QCOMPARE(run.limits, second.limits);
+        }
+        const Run changed = read(otherLimit);
+        QCOMPARE(changed.layout, second.layout);
+        QVERIFY(changed.limits != second.limits && changed.limits->hash != second.limits->hash);
+        QCOMPARE(read(whole).limits, second.limits);
+        QCOMPARE(read(otherLimit).limits, changed.limits);
+
+        // One layout for both, whichever comes from now on.
+        const Run added = read(renamed);
+        QCOMPARE(added.layout->components.size(), second.layout->components.size() + 1);
+        QCOMPARE(read(whole).layout, added.layout);
+        QCOMPARE(RunText(std::span(&runs.back(), 1)), RunText(std::span(&second, 1)));
+    }
+
+    void Repeated()
+    {
+        QByteArray report = Report("passed-unit");
+        const qsizetype begin = report.indexOf("<TestStep");
+        const QByteArray end = "</TestStep>";
+        const QByteArray step = report.mid(begin, report.indexOf(end, begin) + end.size() - begin);
+        const QByteArray twice = QByteArray(report).insert(begin, step);
+        ReportRuns reader;
+        std::vector<Run> runs;
+        for (const QByteArray& one : {report, twice, report, twice})
+            Reading(reader, one, &runs);
+        QCOMPARE(RunText(std::span(&runs[2], 1)), RunText(std::span(&runs[0], 1)));
+        QCOMPARE(RunText(std::span(&runs[3], 1)), RunText(std::span(&runs[1], 1)));
+        QCOMPARE(RunText(std::span(&runs[1], 1)).count("#2 |"), 1);
     }
 };
 
