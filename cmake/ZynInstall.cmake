@@ -46,17 +46,17 @@ function(zyn_install_package package)
 endfunction()
 
 if(NOT ZYN_USE_EXTERNAL_MODEL)
-  zyn_install_package(ZYNCommon Common=ZYNCommon Ini=ZYNIni)
+  zyn_install_package(ZYNCommon "" Common=ZYNCommon Ini=ZYNIni)
   install(DIRECTORY model/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
 endif()
-zyn_install_package(ZYNPersistence Persistence=ZYNPersistence)
+zyn_install_package(ZYNPersistence "" Persistence=ZYNPersistence)
 install(DIRECTORY include/ZYNPersistence ${ZYN_GENERATED_INCLUDE_DIR}/ZYNPersistence
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT Development)
 
 if(NOT ZYN_USE_EXTERNAL_MODEL)
   # Headers are included by their folder: "runs/Run.h".
   zyn_install_package(ZYNRuns Runs=ZYNRuns COMPONENT Runs)
-  install(FILES runs/ReportRuns.h runs/Run.h runs/RunsGlobal.h
+  install(FILES runs/ReportRuns.h runs/Run.h runs/RunBuilder.h runs/RunsGlobal.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZYNRuns/runs COMPONENT RunsDevelopment)
   zyn_install_package(ZYNArchive Archive=ZYNArchive COMPONENT Archive)
   install(FILES archive/Archive.h archive/ArchiveGlobal.h archive/ArchiveInfo.h archive/Questions.h

@@ -13,7 +13,8 @@ namespace ZYN {
 
 namespace {
 
-constexpr std::size_t bufferSize = 256 * 1024;
+/// Bytes that are not compressed are read past the buffer, but for the first.
+constexpr std::size_t bufferSize = 16 * 1024;
 constexpr std::string_view gzipMark = "\x1f\x8b";
 
 } // namespace
@@ -28,15 +29,14 @@ ByteSource::~ByteSource()
         close(m_file);
 }
 
-bool ByteSource::OpenFile(const std::string& path)
+void ByteSource::OpenFile(const std::string& path)
 {
     m_file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (m_file < 0) {
         m_error = ReportTexts::Filled(ReportTexts::CannotOpen, std::strerror(errno));
-        return false;
+        return;
     }
     Begin();
-    return m_error.empty();
 }
 
 void ByteSource::OpenMemory(std::string_view bytes)
@@ -48,7 +48,7 @@ void ByteSource::OpenMemory(std::string_view bytes)
 /// Looks at the first bytes.
 void ByteSource::Begin()
 {
-    m_buffer.resize(bufferSize);
+    m_buffer = std::make_unique_for_overwrite<char[]>(bufferSize);
     if (!Refill())
         return;
     // A device may give a single byte at first.
@@ -57,7 +57,7 @@ void ByteSource::Begin()
         if (ReadRaw(&byte, 1) == 0)
             break;
         m_buffer[m_raw.size()] = byte;
-        m_raw = std::string_view(m_buffer.data(), m_raw.size() + 1);
+        m_raw = std::string_view(m_buffer.get(), m_raw.size() + 1);
     }
     if (!m_raw.starts_with(gzipMark))
         return;
@@ -89,7 +89,7 @@ std::size_t ByteSource::ReadRaw(char* to, std::size_t size)
 
 bool ByteSource::Refill()
 {
-    m_raw = std::string_view(m_buffer.data(), ReadRaw(m_buffer.data(), m_buffer.size()));
+    m_raw = std::string_view(m_buffer.get(), ReadRaw(m_buffer.get(), bufferSize));
     return !m_raw.empty();
 }
 

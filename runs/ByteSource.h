@@ -17,8 +17,8 @@ public:
     ByteSource(const ByteSource&) = delete;
     ByteSource& operator=(const ByteSource&) = delete;
 
-    /// \return whether the file could be opened; else there is an error
-    bool OpenFile(const std::string& path);
+    /// Where the file cannot be opened there is an error.
+    void OpenFile(const std::string& path);
     /// \param bytes borrowed until everything is read
     void OpenMemory(std::string_view bytes);
 
@@ -36,7 +36,7 @@ private:
 
     int m_file = -1;
     std::string_view m_memory;
-    std::string m_buffer;                   ///< of what was read and not yet handed out
+    std::unique_ptr<char[]> m_buffer;       ///< of what was read and not yet handed out
     std::string_view m_raw;                 ///< the rest of it
     std::unique_ptr<z_stream_s> m_inflater; ///< null: the bytes are not compressed
     bool m_inMember = false;                ///< of compressed bytes

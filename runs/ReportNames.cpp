@@ -14,28 +14,25 @@ struct Row {
     Name name;
 };
 
-/// Rows by the length of their texts.
+/// Rows by a hash of their texts that is another for each of them.
 template <class Name, std::size_t count>
 class Table {
 public:
     constexpr explicit Table(std::array<Row<Name>, count> rows)
         : m_rows(rows)
     {
-        std::sort(m_rows.begin(), m_rows.end(),
-                  [](const Row<Name>& a, const Row<Name>& b) { return a.text.size() < b.text.size(); });
-        for (std::size_t length = 0; length < m_first.size(); ++length)
-            while (m_first[length] < count && m_rows[m_first[length]].text.size() < length)
-                ++m_first[length];
+        for (std::size_t row = 0; row < count; ++row) {
+            std::size_t& place = m_places[HashOf(m_rows[row].text)];
+            if (place != 0)
+                throw "two names have the same hash: choose other factors";
+            place = row + 1;
+        }
     }
 
     Name Find(std::string_view text) const
     {
-        if (text.size() + 1 >= m_first.size())
-            return Name::Unknown;
-        for (std::size_t row = m_first[text.size()]; row < m_first[text.size() + 1]; ++row)
-            if (m_rows[row].text.front() == text.front() && m_rows[row].text == text)
-                return m_rows[row].name;
-        return Name::Unknown;
+        const std::size_t place = text.empty() ? 0 : m_places[HashOf(text)];
+        return place != 0 && m_rows[place - 1].text == text ? m_rows[place - 1].name : Name::Unknown;
     }
 
     std::string_view TextOf(Name name) const
@@ -46,10 +43,19 @@ public:
     }
 
 private:
-    static constexpr std::size_t longest = 18;
+    static constexpr std::size_t size = 128;
+
+    /// With factors that were found by trying.
+    static constexpr std::size_t HashOf(std::string_view text)
+    {
+        const auto letter = [&](std::size_t at) { return std::size_t(static_cast<unsigned char>(text[at])); };
+        return (text.size() * 1 + letter(0) * 27 + letter(text.size() / 2) * 8 +
+                letter(text.size() - 1) * 9) %
+               size;
+    }
 
     std::array<Row<Name>, count> m_rows;
-    std::array<std::size_t, longest + 2> m_first{}; ///< row of the first text of a length
+    std::array<std::size_t, size> m_places{}; ///< row of a hash, from 1
 };
 
 constexpr Table elements(std::to_array<Row<Element>>({

@@ -15,10 +15,28 @@ namespace {
 
 constexpr std::string_view knownVersion = "1.4.0";
 
+/// Mostly a text is the line feed or the indentation between two elements.
 bool IsBlank(std::string_view text)
 {
+    static constexpr std::string_view indentation =
+        "                                                                ";
+    if (text == "\n" || (text.size() <= indentation.size() && indentation.starts_with(text)))
+        return true;
     return std::all_of(text.begin(), text.end(),
                        [](char c) { return c == ' ' || c == '\n' || c == '\t' || c == '\r'; });
+}
+
+/// A name without the namespace that it is in.
+std::string_view LocalName(std::string_view name)
+{
+    const std::size_t mark = name.rfind(ReportReader::NamespaceMark);
+    return mark == std::string_view::npos ? name : name.substr(mark + 1);
+}
+
+ReportNames::Element ElementOf(std::string_view name)
+{
+    const ReportNames::Element element = ReportNames::ElementOf(name);
+    return element == ReportNames::Element::Unknown ? ReportNames::ElementOf(LocalName(name)) : element;
 }
 
 /// An attribute's value; null where it is missing.
@@ -57,16 +75,16 @@ void ReportReader::Start(std::string_view name, const char* const* attributes)
         if (isFirst)
             return; // stands where the property's text would be, and counts as one that cannot be read
     }
-    const Element element = ReportNames::ElementOf(name);
+    const Element element = ElementOf(name);
     if (m_atRoot) {
         m_atRoot = false;
         const char* const version = ValueOf(attributes, "Version");
         if (element != Element::TestReport)
-            SetFault(WrongRoot, name);
+            Refuse(WrongRoot, LocalName(name));
         else if (!version || !*version)
-            SetFault(NoVersion);
+            Refuse(NoVersion);
         else if (version != knownVersion)
-            SetFault(UnknownVersion, version, knownVersion);
+            Refuse(UnknownVersion, version, knownVersion);
     }
     if (m_parameterDepth > 0)
         StartInParameter(element, attributes);
@@ -75,7 +93,7 @@ void ReportReader::Start(std::string_view name, const char* const* attributes)
     else if (element == Element::Property)
         StartProperty(attributes);
     else if (!StartChild(element, attributes))
-        SetFault(Unexpected, name, ReportNames::NameOf(m_open.back()));
+        Refuse(Unexpected, LocalName(name), ReportNames::NameOf(m_open.back()));
 }
 
 void ReportReader::StartTop(Element element, std::string_view name)
@@ -87,7 +105,7 @@ void ReportReader::StartTop(Element element, std::string_view name)
         return;
     case Element::ProductType:
         if (!m_header.product)
-            SetFault(ProductTooEarly);
+            Refuse(ProductTooEarly);
         break;
     case Element::UUTTest:
     case Element::UnitUnderTest:
@@ -99,7 +117,7 @@ void ReportReader::StartTop(Element element, std::string_view name)
         m_hasStation = false;
         break;
     default:
-        SetFault(UnexpectedHere, name);
+        Refuse(UnexpectedHere, LocalName(name));
         return;
     }
     Open(element);
@@ -150,7 +168,7 @@ void ReportReader::End(std::string_view name)
 {
     if (m_inProperty)
         EndProperty();
-    const Element element = ReportNames::ElementOf(name);
+    const Element element = ElementOf(name);
     if (m_parameterDepth > 0)
         EndInParameter(element);
     else if (element == m_open.back() && m_open.size() > 1)
@@ -234,7 +252,7 @@ void ReportReader::Text(std::string_view text)
         m_hasText = true;
         m_text += text;
     } else if (m_open.back() != Element::TestReport && !IsBlank(text)) {
-        SetFault(StrayText, ReportNames::NameOf(m_open.back()));
+        Refuse(StrayText, ReportNames::NameOf(m_open.back()));
     }
 }
 
@@ -255,10 +273,10 @@ void ReportReader::EndProperty()
 {
     m_inProperty = false;
     if (!TakeProperty())
-        SetFault(UnknownProperty,
-                 m_property == Property::Unknown ? std::string_view(m_propertyName)
-                                                 : ReportNames::NameOf(m_property),
-                 ReportNames::NameOf(m_open.back()));
+        Refuse(UnknownProperty,
+               m_property == Property::Unknown ? std::string_view(m_propertyName)
+                                               : ReportNames::NameOf(m_property),
+               ReportNames::NameOf(m_open.back()));
 }
 
 /// \return false for a property that the element does not have
@@ -335,7 +353,7 @@ bool ReportReader::TakeUnitProperty()
         return false;
     }
     if (!test.hasUnit)
-        SetFault(UnitWithoutName, ReportNames::NameOf(m_property));
+        Refuse(UnitWithoutName, ReportNames::NameOf(m_property));
     else if (m_property == Property::SerialNo)
         test.serial = m_text;
     else if (m_property == Property::Ident)
@@ -378,7 +396,7 @@ bool ReportReader::TakeLotProperty()
     } else if (m_property != Property::OrderCode) {
         return false;
     } else if (!m_header.hasLot) {
-        SetFault(LotWithoutNumber);
+        Refuse(LotWithoutNumber);
     }
     return true;
 }
@@ -398,7 +416,7 @@ int ReportReader::Integer(std::string_view text, bool emptyIsGood)
 {
     const std::optional<int> number = NumberText::ToInteger(text);
     if (!number && !(emptyIsGood && text.empty()))
-        SetFault(NoInteger, text);
+        Refuse(NoInteger, text);
     return number.value_or(0);
 }
 
@@ -406,7 +424,7 @@ double ReportReader::Milliseconds(std::string_view text)
 {
     const std::optional<double> seconds = NumberText::ToReal(text, -3);
     if (!seconds)
-        SetFault(NoDuration, text);
+        Refuse(NoDuration, text);
     return seconds.value_or(0);
 }
 

@@ -22,6 +22,9 @@ namespace ZYN {
 /// element of its name. So the report import reads, and both take and refuse the same.
 class ReportReader {
 public:
+    /// Stands between the name of a namespace and that of an element in it.
+    static constexpr char NamespaceMark = '\n';
+
     explicit ReportReader(RunBuilder& builder)
         : m_builder(builder)
     {
@@ -45,11 +48,19 @@ public:
     template <class... Text>
     void SetFault(const ReportTexts::Pattern& pattern, const Text&... texts)
     {
-        if (m_fault.empty() && m_parameterDepth == 0)
+        if (m_fault.empty())
             m_fault = ReportTexts::Filled(pattern, texts...);
     }
 
 private:
+    /// Something is wrong with the content, which is of no matter in a test parameter.
+    template <class... Text>
+    void Refuse(const ReportTexts::Pattern& pattern, const Text&... texts)
+    {
+        if (m_parameterDepth == 0)
+            SetFault(pattern, texts...);
+    }
+
     using Element = ReportNames::Element;
     using Property = ReportNames::Property;
 

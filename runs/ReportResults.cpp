@@ -215,7 +215,7 @@ void ReportReader::EndLimits()
             isGood = wasGood; // the report import does not look at that of an integer
     }
     if (!isGood)
-        SetFault(NoLimits);
+        Refuse(NoLimits);
 }
 
 void ReportReader::StartResult(const char* const* attributes)
@@ -267,7 +267,7 @@ void ReportReader::TakeValue()
         notation.dataType = m_value.type;
     if (ReportValues::ReadValue(m_text, notation, isValue ? m_value.type : 0, &m_result.value))
         return;
-    SetFault(NoNumber, m_text);
+    Refuse(NoNumber, m_text);
     m_result.value.text = m_text;
 }
 
@@ -282,7 +282,7 @@ void ReportReader::EndResult()
         break;
     case Element::TestStep:
         if (!m_anyGroup)
-            SetFault(StepWithoutGroup, m_step.name);
+            Refuse(StepWithoutGroup, m_step.name);
         m_anyStep = true;
         AddGroup(ComponentKind::Step, m_step);
         break;
@@ -315,7 +315,7 @@ void ReportReader::AddGroup(ComponentKind kind, const Component& component)
 void ReportReader::AddValue(ComponentKind kind)
 {
     if (kind == ComponentKind::Measurement && !m_anyStep)
-        SetFault(ValueWithoutStep, m_value.name);
+        Refuse(ValueWithoutStep, m_value.name);
     RunItem item;
     item.kind = kind;
     item.ident = m_value.ident;

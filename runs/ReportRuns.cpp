@@ -1,11 +1,10 @@
 #include "ReportRuns.h"
 
 #include "ByteSource.h"
+#include "ReportBytes.h"
 #include "ReportReader.h"
 #include "RunBuilder.h"
 
-#include <algorithm>
-#include <cstring>
 #include <expat.h>
 #include <memory>
 
@@ -14,48 +13,25 @@ namespace ZYN {
 namespace {
 
 constexpr int pieceSize = 64 * 1024;
-/// Between the name of a namespace and that of an element or attribute in it.
-constexpr XML_Char namespaceMark = '\n';
-
-/// Bytes of a document as its parser wants them: without the control character 0x12, which some testers let
-/// through from a bar code and for which a parser rejects the whole document.
-class CleanBytes {
-public:
-    /// \return how many are left
-    std::size_t Clean(char* bytes, std::size_t size)
-    {
-        if (m_isFirst && size >= 2) {
-            const auto first = static_cast<unsigned char>(bytes[0]);
-            const auto second = static_cast<unsigned char>(bytes[1]);
-            m_isFirst = false;
-            m_isWide =
-                (first == 0xff && second == 0xfe) || (first == 0xfe && second == 0xff) || !first || !second;
-        }
-        // In UTF-16 the byte is half of some letter.
-        if (m_isWide || !std::memchr(bytes, stray, size))
-            return size;
-        return std::size_t(std::remove(bytes, bytes + size, stray) - bytes);
-    }
-
-private:
-    static constexpr char stray = 0x12;
-    bool m_isFirst = true;
-    bool m_isWide = false;
-};
+/// More than a report has in one tag; the report import says the same.
+constexpr int mostAttributes = 64;
 
 } // namespace
 
 class ReportRuns::Private {
 public:
     Private()
-        : parser(XML_ParserCreateNS(nullptr, namespaceMark), &XML_ParserFree)
+        : parser(XML_ParserCreateNS(nullptr, ReportReader::NamespaceMark), &XML_ParserFree)
         , reader(builder)
     {
     }
 
-    std::optional<RunFault> Read(ByteSource& bytes, const std::string& source, std::vector<Run>* runs);
+    /// \param openBytes opens what is read, as often as it is called
+    template <class Open>
+    std::optional<RunFault> Read(const Open& openBytes, const std::string& source, std::vector<Run>* runs);
 
 private:
+    std::optional<RunFault> ReadOnce(ByteSource& bytes, bool keepIndentation);
     void Prepare();
     std::optional<RunFault> FaultHere() const;
 
@@ -69,17 +45,6 @@ private:
     ReportReader reader;
 };
 
-namespace {
-
-/// A name without the namespace that it is in.
-std::string_view LocalName(std::string_view name)
-{
-    const std::size_t mark = name.rfind(namespaceMark);
-    return mark == std::string_view::npos ? name : name.substr(mark + 1);
-}
-
-} // namespace
-
 void ReportRuns::Private::Stop(Private* d)
 {
     if (d->reader.HasFault())
@@ -89,14 +54,16 @@ void ReportRuns::Private::Stop(Private* d)
 void ReportRuns::Private::StartElement(void* user, const XML_Char* name, const XML_Char** attributes)
 {
     auto* const self = static_cast<Private*>(user);
-    self->reader.Start(LocalName(name), attributes);
+    if (XML_GetSpecifiedAttributeCount(self->parser.get()) > 2 * mostAttributes)
+        self->reader.SetFault(ReportTexts::CrowdedTag, std::to_string(mostAttributes));
+    self->reader.Start(name, attributes);
     Stop(self);
 }
 
 void ReportRuns::Private::EndElement(void* user, const XML_Char* name)
 {
     auto* const self = static_cast<Private*>(user);
-    self->reader.End(LocalName(name));
+    self->reader.End(name);
     Stop(self);
 }
 
@@ -123,6 +90,12 @@ void ReportRuns::Private::Prepare()
         self->reader.SetFault(ReportTexts::Entities);
         Stop(self);
     });
+    XML_SetAttlistDeclHandler(
+        p, [](void* user, const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*, int) {
+            auto* const self = static_cast<Private*>(user);
+            self->reader.SetFault(ReportTexts::Attributes);
+            Stop(self);
+        });
     XML_SetSkippedEntityHandler(p, [](void* user, const XML_Char* name, int) {
         auto* const self = static_cast<Private*>(user);
         self->reader.SetFault(ReportTexts::UnknownEntity, name);
@@ -143,18 +116,37 @@ std::optional<RunFault> ReportRuns::Private::FaultHere() const
     return fault;
 }
 
-std::optional<RunFault> ReportRuns::Private::Read(ByteSource& bytes, const std::string& source,
+/// Columns are right only where indentation is kept, so a report that is refused is read once more.
+template <class Open>
+std::optional<RunFault> ReportRuns::Private::Read(const Open& openBytes, const std::string& source,
                                                   std::vector<Run>* runs)
 {
-    const auto noMemory = [] { return RunFault{0, 0, ReportTexts::Filled(ReportTexts::NoMemory)}; };
+    std::optional<RunFault> fault;
+    for (const bool keepIndentation : {false, true}) {
+        ByteSource bytes;
+        openBytes(bytes);
+        std::optional<RunFault> found = ReadOnce(bytes, keepIndentation);
+        const bool hasPlace = found && found->line > 0;
+        if (!fault || hasPlace) // else it can be read only once
+            fault = std::move(found);
+        if (!hasPlace)
+            break;
+    }
+    if (!fault)
+        reader.Finish(source, runs);
+    return fault;
+}
+
+std::optional<RunFault> ReportRuns::Private::ReadOnce(ByteSource& bytes, bool keepIndentation)
+{
     if (!parser)
-        return noMemory();
+        return RunFault{0, 0, ReportTexts::Filled(ReportTexts::NoMemory)};
     Prepare();
-    CleanBytes clean;
+    ReportBytes clean(keepIndentation);
     for (bool isLast = false; !isLast;) {
         auto* const piece = static_cast<char*>(XML_GetBuffer(parser.get(), pieceSize));
         if (!piece)
-            return noMemory();
+            return RunFault{0, 0, ReportTexts::Filled(ReportTexts::NoMemory)};
         const std::size_t size = bytes.Read(piece, pieceSize);
         if (!bytes.Error().empty())
             return RunFault{0, 0, bytes.Error()};
@@ -163,7 +155,6 @@ std::optional<RunFault> ReportRuns::Private::Read(ByteSource& bytes, const std::
         if (XML_ParseBuffer(parser.get(), left, isLast) != XML_STATUS_OK)
             return FaultHere();
     }
-    reader.Finish(source, runs);
     return std::nullopt;
 }
 
@@ -176,18 +167,13 @@ ReportRuns::~ReportRuns() = default;
 
 std::optional<RunFault> ReportRuns::ReadFile(const std::string& path, std::vector<Run>* runs)
 {
-    ByteSource bytes;
-    if (!bytes.OpenFile(path))
-        return RunFault{0, 0, bytes.Error()};
-    return d->Read(bytes, path, runs);
+    return d->Read([&](ByteSource& bytes) { bytes.OpenFile(path); }, path, runs);
 }
 
-std::optional<RunFault> ReportRuns::Read(const std::string& text, const std::string& source,
+std::optional<RunFault> ReportRuns::Read(const std::string& bytes, const std::string& source,
                                          std::vector<Run>* runs)
 {
-    ByteSource bytes;
-    bytes.OpenMemory(text);
-    return d->Read(bytes, source, runs);
+    return d->Read([&](ByteSource& opened) { opened.OpenMemory(bytes); }, source, runs);
 }
 
 } // namespace ZYN

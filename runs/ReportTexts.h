@@ -29,6 +29,10 @@ inline constexpr Pattern NoMemory{
 inline constexpr Pattern NoXml{"ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "no well-formed XML: %1")};
 inline constexpr Pattern Entities{
     "QObject", QT_TRANSLATE_NOOP("QObject", "Documents that declare entities are not supported")};
+inline constexpr Pattern Attributes{
+    "QObject", QT_TRANSLATE_NOOP("QObject", "Documents that declare attributes are not supported")};
+inline constexpr Pattern CrowdedTag{
+    "ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "a start tag with more than %1 attributes")};
 inline constexpr Pattern UnknownEntity{"ReportRuns",
                                        QT_TRANSLATE_NOOP("ReportRuns", "entity '%1' is not declared")};
 inline constexpr Pattern WrongRoot{

@@ -46,6 +46,14 @@ QByteArray Changed(const char* name, const QByteArray& from, const QByteArray& t
     return at < 0 ? QByteArray() : report.replace(at, from.size(), to);
 }
 
+QByteArray Attributes(int count)
+{
+    QByteArray attributes;
+    for (int i = 0; i < count; ++i)
+        attributes += " a" + QByteArray::number(i) + "=''";
+    return attributes;
+}
+
 /// The report without what stands from a text to another, that included.
 QByteArray Without(QByteArray report, const QByteArray& from, const QByteArray& to)
 {
@@ -93,7 +101,27 @@ private slots:
     void Refused_data()
     {
         const Rows<QByteArray, QByteArray, QString> row;
-        row("cut off", "</TestReport>", "", "126:1: no well-formed XML: no element found");
+        row("cut off", "</TestReport>", "", "");
+        row("no XML", "<UnitUnderTest>", "<UnitUnderTest", "");
+        row("other root", "TestReport", "Report", "");
+        row("no version", " Version=\"1.4.0\"", "", "");
+        row("unknown version", "1.4.0", "1.5.0", "");
+        row("entities", "<TestReport", "<!DOCTYPE a [<!ENTITY b \"bb\"><!ENTITY c \"&b;&b;\">]><TestReport",
+            "");
+        row("declared attributes", "<TestReport", "<!DOCTYPE a [<!ATTLIST b c CDATA 'd'>]><TestReport", "");
+        row("undeclared entity", "SN", "&unit;", "");
+        row("crowded tag", "<UUTTest", "<UUTTest" + Attributes(65), "");
+        row("unknown element", "<ProductionLot", "<Lot/><ProductionLot", "");
+        row("unknown element in another", "<Limits", "<Bounds/><Limits", "");
+        row("unknown property", "SourceLine", "Line", "");
+        row("stray text", "</Limits>", "text</Limits>", "");
+        row("text in pieces", "</Property>", "<!-- -->text</Property>", "");
+        row("no integer", "Type=\"8\"", "Type=\"real\"", "");
+        row("no duration", "12.5</Property>", "12,5</Property>", "");
+        row("no value", "Value\">1", "Value\">one", "");
+        row("limits", "&lt;=", "=&lt;", "");
+        row("unit without a name", "Name=\"Name\"", "Name=\"SerialNo\"", "");
+        row("lot without a number", "LotNumber", "OrderCode", "");
     }
     void Refused()
     {
@@ -110,7 +138,8 @@ private slots:
     {
         const Rows<QByteArray> row;
         const QByteArray report = Report("hostile-names");
-        row("a control character from a bar code", QByteArray(report).replace("Property", "Prop\x12\x12" "erty"));
+        row("a control character from a bar code", QByteArray(report).replace("Property", "Prop\x12\x12"
+                                                                                          "erty"));
         row("UTF-16", Wide(report, QStringConverter::Utf16LE));
         row("UTF-16, high byte first", Wide(report, QStringConverter::Utf16BE));
         row("compressed", Program::Run("gzip", {"-c"}, {}, report).output);
