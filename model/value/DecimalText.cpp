@@ -1,6 +1,6 @@
 #include <ZYNCommon/DecimalText.h>
 
-#include <QtCore/QVarLengthArray>
+#include "../../text/DecimalReader.h"
 
 #include <algorithm>
 #include <charconv>
@@ -15,8 +15,6 @@ namespace {
 
 constexpr qint64 SmallestPlainExponent = -7;
 constexpr qint64 LargestPlainExponent = 15;
-/// Beyond this an exponent in a text says nothing more; sums of a few of them stay far inside 64 bits.
-constexpr qint64 ExponentBound = 1'000'000'000'000;
 
 /// A decimal number taken apart: the digits without a point and the power of ten of the first one.
 struct Decimal {
@@ -148,119 +146,6 @@ QString FromIntegerOf(Integer value, int shift)
     return Compose(number);
 }
 
-bool IsDigit(char16_t c)
-{
-    return c >= u'0' && c <= u'9';
-}
-
-/// A decimal text that is being read: a cursor over it and the characters kept for the conversion.
-class Scanner {
-public:
-    explicit Scanner(QStringView text)
-        : m_at(text.utf16())
-        , m_end(m_at + text.size())
-    {
-        // The kept characters are those of the text with another exponent.
-        m_kept.reserve(text.size() + 24);
-    }
-
-    bool AtEnd() const { return m_at == m_end; }
-    bool Take(char16_t c)
-    {
-        if (AtEnd() || *m_at != c)
-            return false;
-        ++m_at;
-        return true;
-    }
-    /// Keeps sign, digits and point. \return false when there is no digit
-    bool TakeMantissa();
-    /// Reads an exponent with its sign. \return false when there is no digit
-    bool TakeExponent(qint64& exponent);
-    double Convert(qint64 exponent, bool& ok);
-    void Negate() { m_kept.append('-'); }
-
-private:
-    const char16_t* m_at;
-    const char16_t* m_end;
-    QVarLengthArray<char, 96> m_kept;
-    bool m_significant = false;
-    qint64 m_leading = 0; ///< power of ten of the first significant digit
-};
-
-bool Scanner::TakeMantissa()
-{
-    bool digits = false;
-    bool point = false;
-    for (; !AtEnd(); ++m_at) {
-        if (IsDigit(*m_at)) {
-            digits = true;
-            if (m_significant) {
-                m_leading += point ? 0 : 1;
-            } else {
-                m_leading -= point ? 1 : 0;
-                m_significant = *m_at != u'0';
-            }
-        } else if (*m_at == u'.' && !point) {
-            point = true;
-        } else {
-            break;
-        }
-        m_kept.append(char(*m_at));
-    }
-    return digits;
-}
-
-bool Scanner::TakeExponent(qint64& exponent)
-{
-    const bool negative = Take(u'-');
-    if (!negative)
-        Take(u'+');
-    bool digits = false;
-    for (; !AtEnd() && IsDigit(*m_at); ++m_at) {
-        digits = true;
-        exponent = std::min(exponent * 10 + (*m_at - u'0'), ExponentBound);
-    }
-    if (negative)
-        exponent = -exponent;
-    return digits;
-}
-
-double Scanner::Convert(qint64 exponent, bool& ok)
-{
-    if (exponent != 0) {
-        char text[24];
-        const auto end = std::to_chars(text, text + sizeof text, exponent).ptr;
-        m_kept.append('e');
-        m_kept.append(text, end - text);
-    }
-    double value = 0.0;
-    const auto result = std::from_chars(m_kept.cbegin(), m_kept.cend(), value);
-    ok = true;
-    if (result.ec == std::errc())
-        return value;
-    // Out of range at the small end is a number that rounds to zero; at the large end it is none.
-    ok = !m_significant || m_leading + exponent < 0;
-    return ok && m_kept.front() == '-' ? -0.0 : 0.0;
-}
-
-double Parse(QStringView text, int shift, bool& ok)
-{
-    Scanner scanner(text);
-    const bool negative = scanner.Take(u'-');
-    if (negative)
-        scanner.Negate();
-    else
-        scanner.Take(u'+');
-    if (!scanner.TakeMantissa())
-        return 0.0;
-    qint64 exponent = 0;
-    if ((scanner.Take(u'e') || scanner.Take(u'E')) && !scanner.TakeExponent(exponent))
-        return 0.0;
-    if (!scanner.AtEnd())
-        return 0.0;
-    return scanner.Convert(exponent + shift, ok);
-}
-
 } // namespace
 
 QString FromReal(double value, int shift)
@@ -286,22 +171,11 @@ QString FromInteger(quint64 value, int shift)
 double ToReal(QStringView text, int shift, bool* ok)
 {
     const QStringView trimmed = text.trimmed();
-    bool isNumber = false;
-    double value = Parse(trimmed, shift, isNumber);
-    if (!isNumber) {
-        const bool negative = trimmed.startsWith(u'-');
-        const QStringView name = negative || trimmed.startsWith(u'+') ? trimmed.mid(1) : trimmed;
-        if (name.compare(u"nan", Qt::CaseInsensitive) == 0) {
-            value = std::numeric_limits<double>::quiet_NaN();
-            isNumber = true;
-        } else if (name.compare(u"inf", Qt::CaseInsensitive) == 0) {
-            value = std::numeric_limits<double>::infinity() * (negative ? -1 : 1);
-            isNumber = true;
-        }
-    }
+    const std::u16string_view view(trimmed.utf16(), std::size_t(trimmed.size()));
+    const std::optional<double> number = DecimalReader::ToReal(view, shift);
     if (ok)
-        *ok = isNumber;
-    return value;
+        *ok = number.has_value();
+    return number.value_or(0.0);
 }
 
 // The quotient of two exact numbers is the double nearest to that decimal, and no two decimals of up to 15
