@@ -18,7 +18,8 @@ constexpr int mostAttributes = 64;
 
 } // namespace
 
-class ReportRuns::Private {
+class [[gnu::visibility("hidden")]] ReportRuns::Private
+{
 public:
     Private()
         : parser(XML_ParserCreateNS(nullptr, ReportReader::NamespaceMark), &XML_ParserFree)
@@ -31,14 +32,17 @@ public:
     std::optional<RunFault> Read(const Open& openBytes, const std::string& source, std::vector<Run>* runs);
 
 private:
-    std::optional<RunFault> ReadOnce(ByteSource& bytes, bool keepIndentation);
+    std::optional<RunFault> ReadOnce(ByteSource & bytes, bool keepIndentation);
     void Prepare();
     std::optional<RunFault> FaultHere() const;
 
-    static ReportReader& Reader(void* user) { return static_cast<Private*>(user)->reader; }
+    static ReportReader& Reader(void* user)
+    {
+        return static_cast<Private*>(user)->reader;
+    }
     static void StartElement(void* user, const XML_Char* name, const XML_Char** attributes);
     static void EndElement(void* user, const XML_Char* name);
-    static void Stop(Private* d);
+    static void Stop(Private * d);
 
     std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser;
     RunBuilder builder;

@@ -24,19 +24,20 @@ std::int16_t CodeOf(int code)
 /// A run that is being made. As long as its components stand in a known layout, one behind the other, its
 /// arrays are by position in that; the first one that does not makes it a run with a list of its own, which
 /// looks for its layout at the end.
-class RunBuilder::Private {
+class [[gnu::visibility("hidden")]] RunBuilder::Private
+{
 public:
     void Begin(std::string_view program, std::string_view ident, std::string_view version);
     void SetVersion(std::string_view version);
     void Add(const RunItem& item);
-    void Finish(Run* run);
+    void Finish(Run * run);
 
 private:
     bool FindPlace(const RunItem& item, int parent);
     void GoOwnWay();
     void Put(const RunItem& item, std::size_t position);
     void NoteLimits(const RunItem& item, std::size_t position);
-    KnownLayout& FindLayout(std::vector<std::uint32_t>* places);
+    KnownLayout& FindLayout(std::vector<std::uint32_t> * places);
     KnownLayout& Keep(RunLayout made, std::size_t longest);
     void Resize(std::size_t size);
     int ParentOf(ComponentKind kind) const;

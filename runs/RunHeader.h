@@ -2,7 +2,6 @@
 
 #include "runs/Run.h"
 #include "runs/RunBuilder.h"
-#include "runs/RunsGlobal.h"
 
 #include <list>
 #include <optional>
@@ -13,7 +12,7 @@ namespace ZYN {
 
 /// What a source says about a unit, or a panel and its items, and the runs that it says it of. It may come in
 /// any order, so it is put together at the end.
-class ZYNRUNS_EXPORT RunHeader {
+class RunHeader {
 public:
     /// A result set.
     struct SetRun {

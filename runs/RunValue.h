@@ -1,14 +1,12 @@
 #pragma once
 
-#include "runs/RunsGlobal.h"
-
 #include <cstdint>
 #include <string>
 
 namespace ZYN {
 
 /// A value as a run has it: a number, or a text for what is no finite number or does not fit one.
-struct ZYNRUNS_EXPORT RunValue {
+struct RunValue {
     double number = 0; ///< NaN where there is none
     std::string text;
 

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "runs/RunsGlobal.h"
-
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -17,6 +15,6 @@ struct StartTime {
 /// Reads a time in the extended format of ISO 8601: date, "T" or a blank, hours and minutes, with or without
 /// seconds, their fraction and an offset. A date alone is its first moment.
 /// \return nothing for another text
-ZYNRUNS_EXPORT std::optional<StartTime> ReadStartTime(std::string_view text);
+std::optional<StartTime> ReadStartTime(std::string_view text);
 
 } // namespace ZYN
