@@ -20,8 +20,9 @@ bool ReportReader::TakeSetProperty()
         m_stationDescription.clear();
         return true;
     case Property::StationDescription:
-        if (m_hasStation)
-            m_stationDescription = m_text;
+        if (!m_hasStation)
+            return false;
+        m_stationDescription = m_text;
         return true;
     case Property::TestIndex:
         m_testIndex = Integer(m_text, true);
