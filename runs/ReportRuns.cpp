@@ -18,10 +18,10 @@ constexpr int mostAttributes = 64;
 
 } // namespace
 
-class [[gnu::visibility("hidden")]] ReportRuns::Private
+class [[gnu::visibility("hidden")]] ReportRuns_Private
 {
 public:
-    Private()
+    ReportRuns_Private()
         : parser(XML_ParserCreateNS(nullptr, ReportReader::NamespaceMark), &XML_ParserFree)
         , reader(builder)
     {
@@ -36,82 +36,77 @@ private:
     void Prepare();
     std::optional<RunFault> FaultHere() const;
 
-    static ReportReader& Reader(void* user)
-    {
-        return static_cast<Private*>(user)->reader;
-    }
-    static void StartElement(void* user, const XML_Char* name, const XML_Char** attributes);
-    static void EndElement(void* user, const XML_Char* name);
-    static void Stop(Private * d);
+    /// What a callback of the parser does. The parser is no C++: nothing may be thrown through it.
+    template <class Work>
+    static void Do(void* user, const Work& work) noexcept;
 
     std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser;
     RunBuilder builder;
     ReportReader reader;
+    bool isOutOfMemory = false;
 };
 
-void ReportRuns::Private::Stop(Private* d)
+template <class Work>
+void ReportRuns_Private::Do(void* user, const Work& work) noexcept
 {
-    if (d->reader.HasFault())
-        XML_StopParser(d->parser.get(), XML_FALSE);
+    auto* const self = static_cast<ReportRuns_Private*>(user);
+    try {
+        work(self->reader);
+    } catch (...) {
+        self->isOutOfMemory = true;
+    }
+    if (self->isOutOfMemory || self->reader.HasFault())
+        XML_StopParser(self->parser.get(), XML_FALSE);
 }
 
-void ReportRuns::Private::StartElement(void* user, const XML_Char* name, const XML_Char** attributes)
+void ReportRuns_Private::Prepare()
 {
-    auto* const self = static_cast<Private*>(user);
-    if (XML_GetSpecifiedAttributeCount(self->parser.get()) > 2 * mostAttributes)
-        self->reader.SetFault(ReportTexts::CrowdedTag, std::to_string(mostAttributes));
-    self->reader.Start(name, attributes);
-    Stop(self);
-}
-
-void ReportRuns::Private::EndElement(void* user, const XML_Char* name)
-{
-    auto* const self = static_cast<Private*>(user);
-    self->reader.End(name);
-    Stop(self);
-}
-
-void ReportRuns::Private::Prepare()
-{
+    using Name = const XML_Char*;
     XML_Parser const p = parser.get();
     XML_ParserReset(p, nullptr);
     XML_SetUserData(p, this);
-    XML_SetElementHandler(p, &StartElement, &EndElement);
-    XML_SetCharacterDataHandler(p, [](void* user, const XML_Char* text, int size) {
-        auto* const self = static_cast<Private*>(user);
-        self->reader.Text({text, std::size_t(size)});
-        Stop(self);
-    });
-    XML_SetCommentHandler(p, [](void* user, const XML_Char*) { Reader(user).Divide(); });
-    XML_SetProcessingInstructionHandler(
-        p, [](void* user, const XML_Char*, const XML_Char*) { Reader(user).Divide(); });
-    XML_SetCdataSectionHandler(
-        p, [](void* user) { Reader(user).StartSection(); }, [](void* user) { Reader(user).Divide(); });
-    // A few kilobytes of entities grow to many megabytes, and a report needs none.
-    XML_SetEntityDeclHandler(p, [](void* user, const XML_Char*, int, const XML_Char*, int, const XML_Char*,
-                                   const XML_Char*, const XML_Char*, const XML_Char*) {
-        auto* const self = static_cast<Private*>(user);
-        self->reader.SetFault(ReportTexts::Entities);
-        Stop(self);
-    });
-    XML_SetAttlistDeclHandler(
-        p, [](void* user, const XML_Char*, const XML_Char*, const XML_Char*, const XML_Char*, int) {
-            auto* const self = static_cast<Private*>(user);
-            self->reader.SetFault(ReportTexts::Attributes);
-            Stop(self);
+    XML_SetStartElementHandler(p, [](void* user, Name name, Name* attributes) {
+        const int count =
+            XML_GetSpecifiedAttributeCount(static_cast<ReportRuns_Private*>(user)->parser.get());
+        Do(user, [&](ReportReader& to) {
+            if (count > 2 * mostAttributes)
+                to.SetFault(ReportTexts::CrowdedTag, std::to_string(mostAttributes));
+            to.Start(name, attributes);
         });
-    XML_SetSkippedEntityHandler(p, [](void* user, const XML_Char* name, int) {
-        auto* const self = static_cast<Private*>(user);
-        self->reader.SetFault(ReportTexts::UnknownEntity, name);
-        Stop(self);
+    });
+    XML_SetEndElementHandler(
+        p, [](void* user, Name name) { Do(user, [&](ReportReader& to) { to.End(name); }); });
+    XML_SetCharacterDataHandler(p, [](void* user, Name text, int size) {
+        Do(user, [&](ReportReader& to) { to.Text({text, std::size_t(size)}); });
+    });
+    XML_SetCommentHandler(p, [](void* user, Name) { Do(user, [](ReportReader& to) { to.Divide(); }); });
+    XML_SetProcessingInstructionHandler(
+        p, [](void* user, Name, Name) { Do(user, [](ReportReader& to) { to.Divide(); }); });
+    XML_SetCdataSectionHandler(
+        p, [](void* user) { Do(user, [](ReportReader& to) { to.StartSection(); }); },
+        [](void* user) { Do(user, [](ReportReader& to) { to.Divide(); }); });
+    // A few kilobytes of entities grow to many megabytes, and a report needs none.
+    XML_SetEntityDeclHandler(p, [](void* user, Name, int, Name, int, Name, Name, Name, Name) {
+        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::Entities); });
+    });
+    XML_SetAttlistDeclHandler(p, [](void* user, Name, Name, Name, Name, int) {
+        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::Attributes); });
+    });
+    XML_SetSkippedEntityHandler(p, [](void* user, Name name, int) {
+        Do(user, [&](ReportReader& to) { to.SetFault(ReportTexts::UnknownEntity, name); });
     });
     reader.Begin();
+    isOutOfMemory = false;
 }
 
-std::optional<RunFault> ReportRuns::Private::FaultHere() const
+std::optional<RunFault> ReportRuns_Private::FaultHere() const
 {
     XML_Parser const p = parser.get();
     RunFault fault;
+    if (isOutOfMemory || XML_GetErrorCode(p) == XML_ERROR_NO_MEMORY) {
+        fault.text = ReportTexts::Filled(ReportTexts::NoMemory);
+        return fault;
+    }
     fault.line = std::int64_t(XML_GetCurrentLineNumber(p));
     fault.column = std::int64_t(XML_GetCurrentColumnNumber(p)) + 1;
     fault.text = reader.HasFault()
@@ -122,8 +117,8 @@ std::optional<RunFault> ReportRuns::Private::FaultHere() const
 
 /// Columns are right only where indentation is kept, so a report that is refused is read once more.
 template <class Open>
-std::optional<RunFault> ReportRuns::Private::Read(const Open& openBytes, const std::string& source,
-                                                  std::vector<Run>* runs)
+std::optional<RunFault> ReportRuns_Private::Read(const Open& openBytes, const std::string& source,
+                                                 std::vector<Run>* runs)
 {
     std::optional<RunFault> fault;
     for (const bool keepIndentation : {false, true}) {
@@ -141,7 +136,7 @@ std::optional<RunFault> ReportRuns::Private::Read(const Open& openBytes, const s
     return fault;
 }
 
-std::optional<RunFault> ReportRuns::Private::ReadOnce(ByteSource& bytes, bool keepIndentation)
+std::optional<RunFault> ReportRuns_Private::ReadOnce(ByteSource& bytes, bool keepIndentation)
 {
     if (!parser)
         return RunFault{0, 0, ReportTexts::Filled(ReportTexts::NoMemory)};
@@ -163,7 +158,7 @@ std::optional<RunFault> ReportRuns::Private::ReadOnce(ByteSource& bytes, bool ke
 }
 
 ReportRuns::ReportRuns()
-    : d(std::make_unique<Private>())
+    : d(std::make_unique<ReportRuns_Private>())
 {
 }
 

@@ -11,6 +11,8 @@
 
 namespace ZYN {
 
+class ReportRuns_Private;
+
 /// Why a source gave no runs, and where it says so.
 struct RunFault {
     std::int64_t line = 0;   ///< from 1; 0 when it concerns the whole file
@@ -38,8 +40,7 @@ public:
     std::optional<RunFault> Read(const std::string& bytes, const std::string& source, std::vector<Run>* runs);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<ReportRuns_Private> d;
 };
 
 } // namespace ZYN

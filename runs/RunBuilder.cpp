@@ -24,7 +24,7 @@ std::int16_t CodeOf(int code)
 /// A run that is being made. As long as its components stand in a known layout, one behind the other, its
 /// arrays are by position in that; the first one that does not makes it a run with a list of its own, which
 /// looks for its layout at the end.
-class [[gnu::visibility("hidden")]] RunBuilder::Private
+class [[gnu::visibility("hidden")]] RunBuilder_Private
 {
 public:
     void Begin(std::string_view program, std::string_view ident, std::string_view version);
@@ -57,7 +57,7 @@ private:
     Run m_run;                          ///< its arrays and texts
 };
 
-void RunBuilder::Private::Begin(std::string_view program, std::string_view ident, std::string_view version)
+void RunBuilder_Private::Begin(std::string_view program, std::string_view ident, std::string_view version)
 {
     m_program = program;
     m_ident = ident;
@@ -78,28 +78,28 @@ void RunBuilder::Private::Begin(std::string_view program, std::string_view ident
     Resize(m_known->layout->components.size());
 }
 
-void RunBuilder::Private::SetVersion(std::string_view version)
+void RunBuilder_Private::SetVersion(std::string_view version)
 {
     if (m_known && m_version != version)
         GoOwnWay();
     m_version = version;
 }
 
-void RunBuilder::Private::Resize(std::size_t size)
+void RunBuilder_Private::Resize(std::size_t size)
 {
     m_run.values.resize(size, noNumber);
     m_run.codes.resize(size, Run::NoCode);
     m_run.seconds.resize(size, std::numeric_limits<float>::quiet_NaN());
 }
 
-int RunBuilder::Private::ParentOf(ComponentKind kind) const
+int RunBuilder_Private::ParentOf(ComponentKind kind) const
 {
     if (kind == ComponentKind::Group)
         return -1;
     return kind == ComponentKind::Measurement && m_step >= 0 ? m_step : m_group;
 }
 
-void RunBuilder::Private::Add(const RunItem& item)
+void RunBuilder_Private::Add(const RunItem& item)
 {
     const int parent = ParentOf(item.kind);
     if (m_known && !FindPlace(item, parent))
@@ -121,7 +121,7 @@ void RunBuilder::Private::Add(const RunItem& item)
 
 /// Moves to the position of a component. One that stands twice in the program is its first occurrence, unless
 /// the run has that already.
-bool RunBuilder::Private::FindPlace(const RunItem& item, int parent)
+bool RunBuilder_Private::FindPlace(const RunItem& item, int parent)
 {
     const std::size_t end = m_run.codes.size();
     for (std::size_t place = m_next; place < end; ++place) {
@@ -136,7 +136,7 @@ bool RunBuilder::Private::FindPlace(const RunItem& item, int parent)
     return false;
 }
 
-void RunBuilder::Private::GoOwnWay()
+void RunBuilder_Private::GoOwnWay()
 {
     std::vector<std::uint32_t> positions;
     std::vector<std::uint32_t> indexes(m_next);
@@ -169,14 +169,14 @@ void RunBuilder::Private::GoOwnWay()
     m_run.seconds.resize(positions.size());
 }
 
-void RunBuilder::Private::NoteLimits(const RunItem& item, std::size_t position)
+void RunBuilder_Private::NoteLimits(const RunItem& item, std::size_t position)
 {
     if (m_known && m_known->limits.Matches(std::uint32_t(position), item.limits))
         return;
     m_limits.push_back({std::uint32_t(position), item.limits ? KeptLimits(*item.limits) : KeptLimits()});
 }
 
-void RunBuilder::Private::Put(const RunItem& item, std::size_t position)
+void RunBuilder_Private::Put(const RunItem& item, std::size_t position)
 {
     const auto place = std::uint32_t(position);
     m_run.values[position] = item.number;
@@ -192,7 +192,7 @@ void RunBuilder::Private::Put(const RunItem& item, std::size_t position)
 
 /// The layout of a run that went its own way.
 /// \param places receives where its components stand in it
-KnownLayout& RunBuilder::Private::FindLayout(std::vector<std::uint32_t>* places)
+KnownLayout& RunBuilder_Private::FindLayout(std::vector<std::uint32_t>* places)
 {
     const auto isOf = [&](const auto& layout) { return layout->IsOf(m_program, m_ident, m_version); };
     for (auto& known : m_layouts) {
@@ -223,7 +223,7 @@ KnownLayout& RunBuilder::Private::FindLayout(std::vector<std::uint32_t>* places)
     return kept;
 }
 
-KnownLayout& RunBuilder::Private::Keep(RunLayout made, std::size_t longest)
+KnownLayout& RunBuilder_Private::Keep(RunLayout made, std::size_t longest)
 {
     m_layouts.insert(m_layouts.begin(), std::make_unique<KnownLayout>(std::move(made)));
     m_layouts.front()->longest = longest;
@@ -232,7 +232,7 @@ KnownLayout& RunBuilder::Private::Keep(RunLayout made, std::size_t longest)
     return *m_layouts.front();
 }
 
-void RunBuilder::Private::Finish(Run* run)
+void RunBuilder_Private::Finish(Run* run)
 {
     if (!m_known) {
         std::vector<std::uint32_t> places;
@@ -268,7 +268,7 @@ void RunBuilder::Private::Finish(Run* run)
 }
 
 RunBuilder::RunBuilder()
-    : d(std::make_unique<Private>())
+    : d(std::make_unique<RunBuilder_Private>())
 {
 }
 

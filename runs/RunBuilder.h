@@ -10,6 +10,8 @@
 
 namespace ZYN {
 
+class RunBuilder_Private;
+
 /// What one value is judged by. The texts are borrowed for the call.
 struct RunItemLimits {
     static constexpr double None = std::numeric_limits<double>::quiet_NaN();
@@ -66,8 +68,7 @@ public:
     void Finish(Run* run);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<RunBuilder_Private> d;
 };
 
 } // namespace ZYN
