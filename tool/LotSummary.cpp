@@ -58,6 +58,8 @@ QString CpkText(double cpk)
 
 QString DescribeYield(const LotRuns::Yield& figures)
 {
+    if (figures.units == 0) // a program for panels, which are no units
+        return {};
     const QString yield = Texts::tr("Yield");
     const QString firstPass = Texts::tr("First-pass yield");
     const int width = qMax(Columns(yield), Columns(firstPass));
