@@ -308,10 +308,208 @@
     </message>
 </context>
 <context>
+    <name>ReportRuns</name>
+    <message>
+        <source>the file cannot be opened: %1</source>
+        <translation>die Datei lässt sich nicht öffnen: %1</translation>
+    </message>
+    <message>
+        <source>the compressed file is cut off</source>
+        <translation>die komprimierte Datei ist abgeschnitten</translation>
+    </message>
+    <message>
+        <source>the compressed file is damaged: %1</source>
+        <translation>die komprimierte Datei ist beschädigt: %1</translation>
+    </message>
+    <message>
+        <source>no well-formed XML: %1</source>
+        <translation>kein wohlgeformtes XML: %1</translation>
+    </message>
+    <message>
+        <source>a start tag with more than %1 attributes</source>
+        <translation>ein Start-Tag mit mehr als %1 Attributen</translation>
+    </message>
+    <message>
+        <source>entity &apos;%1&apos; is not declared</source>
+        <translation>Entität &apos;%1&apos; ist nicht deklariert</translation>
+    </message>
+    <message>
+        <source>element &apos;%1&apos; is not expected here</source>
+        <translation>Element &apos;%1&apos; wird hier nicht erwartet</translation>
+    </message>
+    <message>
+        <source>element &apos;%1&apos; is not expected in &apos;%2&apos;</source>
+        <translation>Element &apos;%1&apos; wird in &apos;%2&apos; nicht erwartet</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is not an integer of 32 bits</source>
+        <translation>&apos;%1&apos; ist keine ganze Zahl mit 32 Bit</translation>
+    </message>
+    <message>
+        <source>duration &apos;%1&apos; is not a number</source>
+        <translation>Dauer &apos;%1&apos; ist keine Zahl</translation>
+    </message>
+    <message>
+        <source>property &apos;%1&apos; of &apos;%2&apos; is unknown</source>
+        <translation>Eigenschaft &apos;%1&apos; von &apos;%2&apos; ist unbekannt</translation>
+    </message>
+    <message>
+        <source>text in &apos;%1&apos; outside of a property or behind its first piece</source>
+        <translation>Text in &apos;%1&apos; außerhalb einer Eigenschaft oder hinter ihrem ersten Stück</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; of a unit that has no name yet</source>
+        <translation>&apos;%1&apos; eines Prüflings, der noch keinen Namen hat</translation>
+    </message>
+    <message>
+        <source>order code of a lot that has no number yet</source>
+        <translation>Auftrag eines Loses, das noch keine Nummer hat</translation>
+    </message>
+    <message>
+        <source>&apos;ProductType&apos; before any &apos;UnitUnderTest&apos;</source>
+        <translation>&apos;ProductType&apos; vor dem ersten &apos;UnitUnderTest&apos;</translation>
+    </message>
+    <message>
+        <source>value &apos;%1&apos; is not a number</source>
+        <translation>Wert &apos;%1&apos; ist keine Zahl</translation>
+    </message>
+</context>
+<context>
     <name>Texts</name>
     <message>
         <source>Examples:</source>
-        <translation type="unfinished">Beispiele:</translation>
+        <translation>Beispiele:</translation>
+    </message>
+</context>
+<context>
+    <name>ZYNArchive</name>
+    <message>
+        <source>%1: there is no such archive; make one with zyn archive create</source>
+        <translation>%1: dieses Archiv gibt es nicht; zyn archive create legt eines an</translation>
+    </message>
+    <message>
+        <source>%1: already exists; choose another name</source>
+        <translation>%1: gibt es schon; einen anderen Namen wählen</translation>
+    </message>
+    <message>
+        <source>No archive is open</source>
+        <translation>Kein Archiv ist geöffnet</translation>
+    </message>
+    <message>
+        <source>A password does not belong into an address; put it into the file ~/.pgpass (HOST:PORT:DATABASE:USER:PASSWORD) and leave it out</source>
+        <translation>Ein Passwort gehört nicht in eine Adresse; in die Datei ~/.pgpass schreiben (HOST:PORT:DATABASE:USER:PASSWORD) und weglassen</translation>
+    </message>
+    <message>
+        <source>The address of the server cannot be read; write postgresql://USER@HOST:PORT/DATABASE</source>
+        <translation>Die Adresse des Servers ist nicht lesbar; postgresql://USER@HOST:PORT/DATABASE schreiben</translation>
+    </message>
+    <message>
+        <source>%1: the parameter &quot;%2&quot; is not understood; there are host, port, user, %3</source>
+        <translation>%1: der Parameter &quot;%2&quot; ist unbekannt; es gibt host, port, user, %3</translation>
+    </message>
+    <message>
+        <source>%1 names no database; write postgresql://USER@HOST:PORT/DATABASE</source>
+        <translation>%1 nennt keine Datenbank; postgresql://USER@HOST:PORT/DATABASE schreiben</translation>
+    </message>
+    <message>
+        <source>temporary archive</source>
+        <translation>vorübergehendes Archiv</translation>
+    </message>
+    <message>
+        <source>Qt&apos;s driver %1 is missing; install the package %2</source>
+        <translation>Der Treiber %1 von Qt fehlt; das Paket %2 installieren</translation>
+    </message>
+    <message>
+        <source>%1: its folder is read-only, and runs wait in %1-wal; copy both files to a folder that can be written</source>
+        <translation>%1: der Ordner ist nur lesbar, und in %1-wal warten Läufe; beide Dateien in einen beschreibbaren Ordner kopieren</translation>
+    </message>
+    <message>
+        <source>another program has been writing into it for a minute; wait for it and try again</source>
+        <translation>ein anderes Programm schreibt seit einer Minute hinein; abwarten und noch einmal versuchen</translation>
+    </message>
+    <message>
+        <source>check the permissions of the file and its folder</source>
+        <translation>die Rechte der Datei und ihres Ordners prüfen</translation>
+    </message>
+    <message>
+        <source>the disk or network drive reports a fault; check it</source>
+        <translation>die Platte oder das Netzlaufwerk meldet einen Fehler; prüfen</translation>
+    </message>
+    <message>
+        <source>restore it from a backup, or make a new archive from the reports</source>
+        <translation>aus einer Sicherung wiederherstellen oder aus den Berichten ein neues Archiv anlegen</translation>
+    </message>
+    <message>
+        <source>what was added before is there, so make room and try again</source>
+        <translation>was vorher aufgenommen wurde, ist da; Platz schaffen und noch einmal versuchen</translation>
+    </message>
+    <message>
+        <source>check its name and the permissions of file and folder</source>
+        <translation>den Namen und die Rechte von Datei und Ordner prüfen</translation>
+    </message>
+    <message>
+        <source>members of zyn_writer may add, those of zyn_viewer may ask, and the owner of the database may create</source>
+        <translation>Mitglieder von zyn_writer dürfen aufnehmen, die von zyn_viewer fragen, und der Eigentümer der Datenbank darf anlegen</translation>
+    </message>
+    <message>
+        <source>make the database first: createdb NAME</source>
+        <translation>zuerst die Datenbank anlegen: createdb NAME</translation>
+    </message>
+    <message>
+        <source>the server is short of disk, memory or connections; what was added before is there, so mend that and try again</source>
+        <translation>dem Server fehlen Platz, Speicher oder Verbindungen; was vorher aufgenommen wurde, ist da; das beheben und noch einmal versuchen</translation>
+    </message>
+    <message>
+        <source>check that the server runs, its address, and the password in ~/.pgpass</source>
+        <translation>prüfen, ob der Server läuft, ob die Adresse stimmt und das Passwort in ~/.pgpass</translation>
+    </message>
+    <message>
+        <source>the connection to the server was lost; what was added before is there, so try again</source>
+        <translation>die Verbindung zum Server ging verloren; was vorher aufgenommen wurde, ist da; noch einmal versuchen</translation>
+    </message>
+    <message>
+        <source>%1: the start &apos;%2&apos; of unit &apos;%3&apos; cannot be read; its run comes last</source>
+        <translation>%1: der Beginn &apos;%2&apos; von Prüfling &apos;%3&apos; ist nicht lesbar; sein Lauf kommt zuletzt</translation>
+    </message>
+    <message>
+        <source>serial &apos;%1&apos; of product &apos;%2&apos; stands in several lots (%3) and counts as several units; --across-lots joins them</source>
+        <translation>Seriennummer &apos;%1&apos; des Produkts &apos;%2&apos; steht in mehreren Losen (%3) und zählt als mehrere Prüflinge; --across-lots verbindet sie</translation>
+    </message>
+    <message>
+        <source>the database is encoded in %1; make one with createdb -E UTF8 -T template0</source>
+        <translation>die Datenbank ist in %1 kodiert; eine mit createdb -E UTF8 -T template0 anlegen</translation>
+    </message>
+    <message>
+        <source>is an archive already</source>
+        <translation>ist schon ein Archiv</translation>
+    </message>
+    <message>
+        <source>the database holds tables already; make an empty one with createdb</source>
+        <translation>die Datenbank enthält schon Tabellen; mit createdb eine leere anlegen</translation>
+    </message>
+    <message>
+        <source>this user may not make the roles that an archive needs; let an administrator do it: CREATE ROLE zyn_writer; CREATE ROLE zyn_viewer</source>
+        <translation>dieser Benutzer darf die Rollen nicht anlegen, die ein Archiv braucht; ein Verwalter kann es: CREATE ROLE zyn_writer; CREATE ROLE zyn_viewer</translation>
+    </message>
+    <message>
+        <source>holds no archive; make one with zyn archive create</source>
+        <translation>enthält kein Archiv; zyn archive create legt eines an</translation>
+    </message>
+    <message>
+        <source>is empty; remove it and make an archive with zyn archive create</source>
+        <translation>ist leer; entfernen und mit zyn archive create ein Archiv anlegen</translation>
+    </message>
+    <message>
+        <source>is a database of another program; choose another name</source>
+        <translation>ist eine Datenbank eines anderen Programms; einen anderen Namen wählen</translation>
+    </message>
+    <message>
+        <source>is an archive of version %1, and this program knows version %2; install a newer one</source>
+        <translation>ist ein Archiv der Version %1, und dieses Programm kennt Version %2; ein neueres installieren</translation>
+    </message>
+    <message>
+        <source>is an archive of version %1, and this program needs version %2; bring it up to date with zyn archive upgrade %3</source>
+        <translation>ist ein Archiv der Version %1, und dieses Programm braucht Version %2; mit zyn archive upgrade %3 auf den Stand bringen</translation>
     </message>
 </context>
 <context>
@@ -774,10 +972,6 @@ endet mit 1, wenn einer davon ein Fehler ist.</translation>
         <translation>Berichte, Ordner mit Berichten oder - für die Standardeingabe</translation>
     </message>
     <message>
-        <source>File to write; its extension chooses the format</source>
-        <translation>Ausgabedatei; ihre Endung bestimmt das Format</translation>
-    </message>
-    <message>
         <source>Folder to write into, one file for each report</source>
         <translation>Ausgabeordner, eine Datei je Bericht</translation>
     </message>
@@ -956,17 +1150,6 @@ endet mit 1, wenn einer davon ein Fehler ist.</translation>
         <source>is damaged at offset %1: %2</source>
         <translation>ist ab Byte %1 beschädigt: %2</translation>
     </message>
-    <message>
-        <source>&apos;%1&apos; version &apos;%2&apos;</source>
-        <translation>»%1« Version »%2«</translation>
-    </message>
-    <message numerus="yes">
-        <source>program %1 in %n runs</source>
-        <translation>
-            <numerusform>Programm %1 in %n Lauf</numerusform>
-            <numerusform>Programm %1 in %n Läufen</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>%n components are in some of %1 runs only, %2 in %3; -v lists them</source>
         <translation>
@@ -979,10 +1162,6 @@ endet mit 1, wenn einer davon ein Fehler ist.</translation>
         <translation>%1 ist nur in %2 von %3 Läufen</translation>
     </message>
     <message>
-        <source>the limits of %1 changed within the lot; the newest count</source>
-        <translation>die Grenzen von %1 haben sich im Los geändert; die neuesten zählen</translation>
-    </message>
-    <message>
         <source>%1 % (%2 of %3)</source>
         <translation>%1 % (%2 von %3)</translation>
     </message>
@@ -993,14 +1172,6 @@ endet mit 1, wenn einer davon ein Fehler ist.</translation>
     <message>
         <source>First-pass yield</source>
         <translation>Ausbeute im ersten Durchgang</translation>
-    </message>
-    <message>
-        <source>Steps that failed most</source>
-        <translation>Schritte mit den meisten Fehlern</translation>
-    </message>
-    <message>
-        <source>Smallest CPK</source>
-        <translation>Kleinste CPK</translation>
     </message>
     <message>
         <source>standard output</source>
@@ -1255,12 +1426,6 @@ Rückgabewerte: 0 gut, 1 etwas ist gescheitert (der Rest ist getan), 2 falscher 
         <translation>Vorhandene Datei ersetzen</translation>
     </message>
     <message>
-        <source>Prints the yield, the first-pass yield, the steps that failed most and the smallest CPK;
-what is odd about the lot goes to standard error.</source>
-        <translation>Gibt die Ausbeute, die des ersten Durchgangs, die Schritte mit den meisten Fehlern und die
-kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</translation>
-    </message>
-    <message>
         <source>%1 (behind the end of the plan)</source>
         <translation>%1 (hinter dem Ende des Plans)</translation>
     </message>
@@ -1392,10 +1557,6 @@ kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</tra
         <translation>Für Programme: je Eingabe eine Zeile mit einem JSON-Objekt</translation>
     </message>
     <message>
-        <source>For programs: the summary as a JSON object</source>
-        <translation>Für Programme: die Zusammenfassung als JSON-Objekt</translation>
-    </message>
-    <message>
         <source>look at the disk&apos;s space, quota and file size limit, and at the permissions of the folder</source>
         <translation>Platz, Kontingent und Größengrenze der Platte und Rechte des Ordners prüfen</translation>
     </message>
@@ -1405,97 +1566,99 @@ kleinsten CPK aus; was am Los auffällt, geht in die Standardfehlerausgabe.</tra
     </message>
     <message>
         <source>&apos;%1&apos; names no archive</source>
-        <translation type="unfinished"></translation>
+        <translation>&apos;%1&apos; nennt kein Archiv</translation>
     </message>
     <message>
         <source>name a file that ends in .zya, or postgresql://USER@HOST/DATABASE</source>
-        <translation type="unfinished"></translation>
+        <translation>eine Datei nennen, die auf .zya endet, oder postgresql://USER@HOST/DATABASE</translation>
     </message>
     <message>
         <source>%1: a new archive</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: ein neues Archiv</translation>
     </message>
     <message>
         <source>runs: %1 added, %2 there already, %3 revised; inputs that failed: %4</source>
-        <translation type="unfinished"></translation>
+        <translation>Läufe: %1 aufgenommen, %2 schon da, %3 ersetzt; fehlgeschlagene Eingaben: %4</translation>
     </message>
     <message>
         <source>%1 archive, version %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1-Archiv, Version %2</translation>
     </message>
     <message>
         <source>runs</source>
-        <translation type="unfinished"></translation>
+        <translation>Läufe</translation>
     </message>
     <message>
         <source>%1, and %2 that were replaced</source>
-        <translation type="unfinished"></translation>
+        <translation>%1, und %2, die ersetzt wurden</translation>
     </message>
     <message>
         <source>units</source>
-        <translation type="unfinished"></translation>
+        <translation>Prüflinge</translation>
     </message>
     <message>
         <source>%1 of %2 products in %3 lots</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 von %2 Produkten in %3 Losen</translation>
     </message>
     <message>
         <source>time</source>
-        <translation type="unfinished"></translation>
+        <translation>Zeit</translation>
     </message>
     <message>
         <source>%1 to %2</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bis %2</translation>
     </message>
     <message>
         <source>values</source>
-        <translation type="unfinished"></translation>
+        <translation>Werte</translation>
     </message>
     <message>
         <source>size</source>
-        <translation type="unfinished"></translation>
+        <translation>Größe</translation>
     </message>
     <message>
         <source>%1: is up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: ist auf dem Stand</translation>
     </message>
     <message>
         <source>File that ends in .zya, or postgresql://USER@HOST:PORT/DATABASE</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei, die auf .zya endet, oder postgresql://USER@HOST:PORT/DATABASE</translation>
     </message>
     <message>
         <source>Keep results in a database that answers questions</source>
-        <translation type="unfinished"></translation>
+        <translation>Ergebnisse in einer Datenbank halten, die Fragen beantwortet</translation>
     </message>
     <message>
         <source>Make a new, empty archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Ein neues, leeres Archiv anlegen</translation>
     </message>
     <message>
         <source>The database of a server must be there already, and be empty. A password is taken
 from ~/.pgpass.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Datenbank eines Servers muss es schon geben, und sie muss leer sein. Ein Passwort kommt
+aus ~/.pgpass.</translation>
     </message>
     <message>
         <source>Put the runs of reports into an archive</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Läufe von Berichten in ein Archiv aufnehmen</translation>
     </message>
     <message>
         <source>What is there already is not added again. Of a run that is there with another content
 the later one counts; the other is kept.</source>
-        <translation type="unfinished"></translation>
+        <translation>Was schon da ist, wird nicht noch einmal aufgenommen. Von einem Lauf, der mit anderem Inhalt da ist,
+gilt der spätere; der andere bleibt erhalten.</translation>
     </message>
     <message>
         <source>Say what an archive holds</source>
-        <translation type="unfinished"></translation>
+        <translation>Sagen, was ein Archiv enthält</translation>
     </message>
     <message>
         <source>For programs: one JSON object</source>
-        <translation type="unfinished"></translation>
+        <translation>Für Programme: ein JSON-Objekt</translation>
     </message>
     <message>
         <source>Bring the tables of an older archive up to date</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Tabellen eines älteren Archivs auf den Stand bringen</translation>
     </message>
     <message>
         <source>files are written as they are, not compressed</source>
@@ -1535,16 +1698,16 @@ the later one counts; the other is kept.</source>
     </message>
     <message numerus="yes">
         <source>%1: %n runs are copies of runs read before; they count once</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n Lauf ist eine Kopie eines früher gelesenen und zählt einmal</numerusform>
+            <numerusform>%1: %n Läufe sind Kopien früher gelesener und zählen einmal</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1: %n runs differ from what was read before, and replace it</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n Lauf weicht vom früher Gelesenen ab und ersetzt es</numerusform>
+            <numerusform>%1: %n Läufe weichen vom früher Gelesenen ab und ersetzen es</numerusform>
         </translation>
     </message>
     <message>
@@ -1631,23 +1794,23 @@ the later one counts; the other is kept.</source>
     </message>
     <message>
         <source>column %1: %2</source>
-        <translation type="unfinished"></translation>
+        <translation>Spalte %1: %2</translation>
     </message>
     <message>
         <source>an archive cannot be asked together with other inputs</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Archiv lässt sich nicht zusammen mit anderen Eingaben befragen</translation>
     </message>
     <message>
         <source>put them into it with zyn archive add</source>
-        <translation type="unfinished"></translation>
+        <translation>sie mit zyn archive add aufnehmen</translation>
     </message>
     <message>
         <source>there is no run in what was read</source>
-        <translation type="unfinished"></translation>
+        <translation>im Gelesenen ist kein Lauf</translation>
     </message>
     <message>
         <source>name reports of units</source>
-        <translation type="unfinished"></translation>
+        <translation>Berichte von Prüflingen nennen</translation>
     </message>
     <message>
         <source>somebody removed or replaced its temporary file while it was written</source>
@@ -1660,6 +1823,714 @@ the later one counts; the other is kept.</source>
     <message>
         <source>the file system does not tell its free space; look at the disk&apos;s space, quota and file size limit</source>
         <translation>das Dateisystem nennt seinen freien Platz nicht; Platz, Kontingent und Größengrenze der Platte prüfen</translation>
+    </message>
+    <message>
+        <source>Failed first</source>
+        <translation>Zuerst fehlerhaft</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehler</translation>
+    </message>
+    <message>
+        <source>Ident</source>
+        <translation>Kennung</translation>
+    </message>
+    <message>
+        <source>Path</source>
+        <translation>Pfad</translation>
+    </message>
+    <message>
+        <source>Tell what failed, and how often</source>
+        <translation>Sagen, was fehlerhaft war und wie oft</translation>
+    </message>
+    <message>
+        <source>Every measurement that failed, not only what failed first in a run</source>
+        <translation>Jede fehlerhafte Messung, nicht nur die erste eines Laufs</translation>
+    </message>
+    <message>
+        <source>Counts runs. What failed first is the first measurement that failed in the first step that
+failed; shares are of all first failures.</source>
+        <translation>Zählt Läufe. Zuerst fehlerhaft ist die erste fehlerhafte Messung im ersten fehlerhaften Schritt;
+Anteile beziehen sich auf alle ersten Fehler.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Beginn</translation>
+    </message>
+    <message>
+        <source>Product</source>
+        <translation>Produkt</translation>
+    </message>
+    <message>
+        <source>Lot</source>
+        <translation>Los</translation>
+    </message>
+    <message>
+        <source>Station</source>
+        <translation>Station</translation>
+    </message>
+    <message>
+        <source>Program</source>
+        <translation>Programm</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>Lauf</translation>
+    </message>
+    <message>
+        <source>Verdict</source>
+        <translation>Ergebnis</translation>
+    </message>
+    <message>
+        <source>Value</source>
+        <translation>Wert</translation>
+    </message>
+    <message>
+        <source>Limits</source>
+        <translation>Grenzen</translation>
+    </message>
+    <message>
+        <source>no run of unit &apos;%1&apos; is among those that were chosen</source>
+        <translation>kein Lauf des Prüflings &apos;%1&apos; ist unter den gewählten</translation>
+    </message>
+    <message>
+        <source>choose more of them</source>
+        <translation>mehr davon wählen</translation>
+    </message>
+    <message>
+        <source>there is no unit &apos;%1&apos;</source>
+        <translation>es gibt keinen Prüfling &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>Tell all that happened to a unit</source>
+        <translation>Alles erzählen, was einem Prüfling geschah</translation>
+    </message>
+    <message>
+        <source>Serial of a unit or panel; its ident where it has none</source>
+        <translation>Seriennummer eines Prüflings oder Nutzens; seine Kennung, wo er keine hat</translation>
+    </message>
+    <message>
+        <source>there is no measurement &apos;%1&apos;</source>
+        <translation>es gibt keine Messung &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>Tell mean, sigma, CPK and drift of measurements</source>
+        <translation>Mittelwert, Sigma, CPK und Drift von Messungen nennen</translation>
+    </message>
+    <message>
+        <source>Name, ident or path of measurements that are shown with histogram and limits; may be given several times</source>
+        <translation>Name, Kennung oder Pfad von Messungen, die mit Histogramm und Grenzen gezeigt werden; mehrmals möglich</translation>
+    </message>
+    <message>
+        <source>NAME</source>
+        <translation>NAME</translation>
+    </message>
+    <message>
+        <source>With every value</source>
+        <translation>Mit jedem Wert</translation>
+    </message>
+    <message>
+        <source>Without a name all measurements are listed, the lowest CPK first. A drift is a trend or a step
+that is significant at 1 % after a correction for all measurements of the question, and at
+least half a sigma; rules (Nelson, 1984) only mark points.</source>
+        <translation>Ohne Namen werden alle Messungen aufgeführt, der kleinste CPK zuerst. Eine Drift ist ein Trend oder
+Sprung, der nach Korrektur für alle Messungen der Frage auf 1 % signifikant und mindestens ein halbes
+Sigma groß ist; Regeln (Nelson, 1984) kennzeichnen nur Punkte.</translation>
+    </message>
+    <message>
+        <source>%1: the format is not clear</source>
+        <translation>%1: das Format ist unklar</translation>
+    </message>
+    <message>
+        <source>give it a name that ends in .html</source>
+        <translation>einen Namen geben, der auf .html endet</translation>
+    </message>
+    <message>
+        <source>%1: open it in a browser</source>
+        <translation>%1: im Browser öffnen</translation>
+    </message>
+    <message>
+        <source>Make a page about lots, to look at, print and mail</source>
+        <translation>Eine Seite über Lose machen, zum Ansehen, Drucken und Verschicken</translation>
+    </message>
+    <message>
+        <source>File to write, which ends in .html</source>
+        <translation>Zu schreibende Datei, die auf .html endet</translation>
+    </message>
+    <message>
+        <source>One file without scripts: yield, failures, every measurement with its pictures, what drifts
+on top.</source>
+        <translation>Eine Datei ohne Skripte: Ausbeute, Fehler, jede Messung mit ihren Bildern, was driftet
+zuoberst.</translation>
+    </message>
+    <message>
+        <source>Serial</source>
+        <translation>Seriennummer</translation>
+    </message>
+    <message>
+        <source>Runs</source>
+        <translation>Läufe</translation>
+    </message>
+    <message>
+        <source>First run</source>
+        <translation>Erster Lauf</translation>
+    </message>
+    <message>
+        <source>Last run</source>
+        <translation>Letzter Lauf</translation>
+    </message>
+    <message>
+        <source>List units with the verdicts of their first and last run</source>
+        <translation>Prüflinge mit den Ergebnissen ihres ersten und letzten Laufs aufführen</translation>
+    </message>
+    <message>
+        <source>Only units whose last run did not pass</source>
+        <translation>Nur Prüflinge, deren letzter Lauf nicht bestanden ist</translation>
+    </message>
+    <message>
+        <source>Only units with several runs</source>
+        <translation>Nur Prüflinge mit mehreren Läufen</translation>
+    </message>
+    <message>
+        <source>--by: there are no groups by &apos;%1&apos;</source>
+        <translation>--by: es gibt keine Gruppen nach &apos;%1&apos;</translation>
+    </message>
+    <message>
+        <source>choose of %1</source>
+        <translation>aus %1 wählen</translation>
+    </message>
+    <message>
+        <source>Not passed</source>
+        <translation>Nicht bestanden</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Errors</source>
+        <translation>Störungen</translation>
+    </message>
+    <message>
+        <source>Not tested</source>
+        <translation>Nicht geprüft</translation>
+    </message>
+    <message>
+        <source>(none)</source>
+        <translation>(keine)</translation>
+    </message>
+    <message>
+        <source>Tell how many units passed, and how many at once</source>
+        <translation>Sagen, wie viele Prüflinge bestanden, und wie viele auf Anhieb</translation>
+    </message>
+    <message>
+        <source>A line for each %1; several, also separated by commas</source>
+        <translation>Eine Zeile für jedes %1; mehrere, auch durch Kommas getrennt</translation>
+    </message>
+    <message>
+        <source>GROUP</source>
+        <translation>GRUPPE</translation>
+    </message>
+    <message>
+        <source>A unit passed when its last run did, and at once when its first run did. Times are in their
+order, other groups with the worst on top: 1 of 2 is not worse than 80 of 200.</source>
+        <translation>Ein Prüfling bestand, wenn sein letzter Lauf bestand, und auf Anhieb, wenn sein erster bestand. Zeiten
+stehen der Reihe nach, andere Gruppen mit der schlechtesten oben: 1 von 2 ist nicht schlechter als 80 von 200.</translation>
+    </message>
+    <message>
+        <source>-o - and --json both want standard output</source>
+        <translation>-o - und --json wollen beide die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>leave one of them away</source>
+        <translation>eines davon weglassen</translation>
+    </message>
+    <message>
+        <source>File to write; its extension chooses the format; - for standard output</source>
+        <translation>Zu schreibende Datei; ihre Endung wählt das Format; - für die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>Explain the tool or a command</source>
+        <translation>Das Werkzeug oder einen Befehl erklären</translation>
+    </message>
+    <message>
+        <source>The command to explain</source>
+        <translation>Der Befehl, der erklärt werden soll</translation>
+    </message>
+    <message>
+        <source>the limits of %1 changed within the lot; the file&apos;s figures are by the newest</source>
+        <translation>die Grenzen von %1 änderten sich im Los; die Zahlen der Datei gelten für die neuesten</translation>
+    </message>
+    <message>
+        <source>%1: the start &apos;%2&apos; cannot be read; the run comes last</source>
+        <translation>%1: der Beginn &apos;%2&apos; ist nicht lesbar; der Lauf kommt zuletzt</translation>
+    </message>
+    <message>
+        <source>%1: is a copy of %2; its runs are counted once</source>
+        <translation>%1: ist eine Kopie von %2; ihre Läufe zählen einmal</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: has %n runs of %2 with other contents; these count</source>
+        <translation>
+            <numerusform>%1: hat %n Lauf von %2 mit anderem Inhalt; dieser gilt</numerusform>
+            <numerusform>%1: hat %n Läufe von %2 mit anderem Inhalt; diese gelten</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>serial number %1 of &apos;%2&apos; is in the lots %3: a unit of each</source>
+        <translation>Seriennummer %1 von &apos;%2&apos; ist in den Losen %3: ein Prüfling in jedem</translation>
+    </message>
+    <message numerus="yes">
+        <source>program &apos;%1&apos; version &apos;%2&apos; in %n runs</source>
+        <translation>
+            <numerusform>Programm &apos;%1&apos; Version &apos;%2&apos; in %n Lauf</numerusform>
+            <numerusform>Programm &apos;%1&apos; Version &apos;%2&apos; in %n Läufen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>First failures, and in how many runs</source>
+        <translation>Erste Fehler, und in wie vielen Läufen</translation>
+    </message>
+    <message>
+        <source>Smallest CPK: of all values, of those that passed</source>
+        <translation>Kleinster CPK: über alle Werte, über die bestandenen</translation>
+    </message>
+    <message>
+        <source>Without a program</source>
+        <translation>Ohne Programm</translation>
+    </message>
+    <message>
+        <source>Program %1</source>
+        <translation>Programm %1</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>Site</source>
+        <translation>Platz</translation>
+    </message>
+    <message>
+        <source>Wafer</source>
+        <translation>Wafer</translation>
+    </message>
+    <message>
+        <source>Bin</source>
+        <translation>Bin</translation>
+    </message>
+    <message>
+        <source>Hour</source>
+        <translation>Stunde</translation>
+    </message>
+    <message>
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message>
+        <source>Week</source>
+        <translation>Woche</translation>
+    </message>
+    <message>
+        <source>Month</source>
+        <translation>Monat</translation>
+    </message>
+    <message>
+        <source>unit %1 at %2</source>
+        <translation>Prüfling %1 um %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weiterer</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, failed %2</source>
+        <translation>%1, fehlerhaft %2</translation>
+    </message>
+    <message>
+        <source>, not a number or infinite %1</source>
+        <translation>, keine Zahl oder unendlich %1</translation>
+    </message>
+    <message>
+        <source>%1, of those that passed %2</source>
+        <translation>%1, der bestandenen %2</translation>
+    </message>
+    <message>
+        <source>Values</source>
+        <translation>Werte</translation>
+    </message>
+    <message>
+        <source>CPK</source>
+        <translation>CPK</translation>
+    </message>
+    <message>
+        <source>, sigma %1</source>
+        <translation>, Sigma %1</translation>
+    </message>
+    <message>
+        <source>Mean</source>
+        <translation>Mittelwert</translation>
+    </message>
+    <message>
+        <source>Range</source>
+        <translation>Bereich</translation>
+    </message>
+    <message>
+        <source>Drift</source>
+        <translation>Drift</translation>
+    </message>
+    <message>
+        <source>%1 since %2 (p = %3)</source>
+        <translation>%1 seit %2 (p = %3)</translation>
+    </message>
+    <message>
+        <source>Beyond three sigma</source>
+        <translation>Jenseits von drei Sigma</translation>
+    </message>
+    <message>
+        <source>Nine on one side of the mean</source>
+        <translation>Neun auf einer Seite des Mittelwerts</translation>
+    </message>
+    <message>
+        <source>Six rising or falling</source>
+        <translation>Sechs steigend oder fallend</translation>
+    </message>
+    <message>
+        <source>Over time</source>
+        <translation>Zeitlicher Verlauf</translation>
+    </message>
+    <message>
+        <source>trend</source>
+        <translation>Trend</translation>
+    </message>
+    <message>
+        <source>step</source>
+        <translation>Sprung</translation>
+    </message>
+    <message>
+        <source>Sigma</source>
+        <translation>Sigma</translation>
+    </message>
+    <message>
+        <source>Rules</source>
+        <translation>Regeln</translation>
+    </message>
+    <message>
+        <source>did you mean %1?</source>
+        <translation>war %1 gemeint?</translation>
+    </message>
+    <message>
+        <source>did you mean %1 or %2?</source>
+        <translation>war %1 oder %2 gemeint?</translation>
+    </message>
+    <message>
+        <source>TEXT</source>
+        <translation>TEXT</translation>
+    </message>
+    <message>
+        <source>Reports, folders, - for standard input, or one archive: a file that ends in .zya or postgresql://USER@HOST/DATABASE</source>
+        <translation>Berichte, Ordner, - für die Standardeingabe, oder ein Archiv: eine Datei, die auf .zya endet, oder postgresql://USER@HOST/DATABASE</translation>
+    </message>
+    <message>
+        <source>Only runs of this product</source>
+        <translation>Nur Läufe dieses Produkts</translation>
+    </message>
+    <message>
+        <source>Only runs of this production lot</source>
+        <translation>Nur Läufe dieses Fertigungsloses</translation>
+    </message>
+    <message>
+        <source>Only runs of this station</source>
+        <translation>Nur Läufe dieser Station</translation>
+    </message>
+    <message>
+        <source>Only runs of this test program</source>
+        <translation>Nur Läufe dieses Prüfprogramms</translation>
+    </message>
+    <message>
+        <source>Only runs of the unit with this serial</source>
+        <translation>Nur Läufe des Prüflings mit dieser Seriennummer</translation>
+    </message>
+    <message>
+        <source>Only runs that started then or later: 2026-11-24, 2026-11-24T13:00</source>
+        <translation>Nur Läufe, die dann oder später begannen: 2026-11-24, 2026-11-24T13:00</translation>
+    </message>
+    <message>
+        <source>TIME</source>
+        <translation>ZEIT</translation>
+    </message>
+    <message>
+        <source>Only runs that started before; a day means its beginning</source>
+        <translation>Nur Läufe, die vorher begannen; ein Tag meint seinen Anfang</translation>
+    </message>
+    <message>
+        <source>A serial of one product in several lots is one unit</source>
+        <translation>Eine Seriennummer eines Produkts in mehreren Losen ist ein Prüfling</translation>
+    </message>
+    <message>
+        <source>Write the answer into a file that ends in .csv</source>
+        <translation>Die Antwort in eine Datei schreiben, die auf .csv endet</translation>
+    </message>
+    <message>
+        <source>%1: &apos;%2&apos; is no time</source>
+        <translation>%1: &apos;%2&apos; ist keine Zeit</translation>
+    </message>
+    <message>
+        <source>write a day as 2026-11-24, a time as 2026-11-24T13:00 or, with an offset, 2026-11-24T13:00+01:00</source>
+        <translation>einen Tag als 2026-11-24 schreiben, eine Zeit als 2026-11-24T13:00 oder mit Zeitzone 2026-11-24T13:00+01:00</translation>
+    </message>
+    <message>
+        <source>give it a name that ends in .csv</source>
+        <translation>einen Namen geben, der auf .csv endet</translation>
+    </message>
+    <message>
+        <source>-o and --json exclude each other</source>
+        <translation>-o und --json schließen einander aus</translation>
+    </message>
+    <message>
+        <source>choose one of them</source>
+        <translation>eines davon wählen</translation>
+    </message>
+    <message>
+        <source>there is nothing to tell about the runs that were chosen</source>
+        <translation>über die gewählten Läufe gibt es nichts zu sagen</translation>
+    </message>
+    <message>
+        <source>there is not enough memory for it</source>
+        <translation>dafür reicht der Speicher nicht</translation>
+    </message>
+    <message>
+        <source>-f, --scaled and --force are for a file with the figures</source>
+        <translation>-f, --scaled und --force gelten für eine Datei mit den Zahlen</translation>
+    </message>
+    <message>
+        <source>add -o FILE, or -o - for standard output</source>
+        <translation>-o FILE ergänzen, oder -o - für die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>File for the figures; its extension chooses the format; - for standard output</source>
+        <translation>Datei für die Zahlen; ihre Endung wählt das Format; - für die Standardausgabe</translation>
+    </message>
+    <message>
+        <source>For programs: the summary as a JSON object a program and line</source>
+        <translation>Für Programme: die Zusammenfassung als ein JSON-Objekt je Programm und Zeile</translation>
+    </message>
+    <message>
+        <source>Prints the yield, the first-pass yield, what failed first and the smallest CPK; what is odd
+about the lot goes to standard error.</source>
+        <translation>Gibt die Ausbeute, die Ausbeute auf Anhieb, die ersten Fehler und die kleinsten CPK aus; was am Los
+auffällt, geht auf die Standardfehlerausgabe.</translation>
+    </message>
+    <message>
+        <source> (did you mean &apos;%1&apos;?)</source>
+        <translation> (war &apos;%1&apos; gemeint?)</translation>
+    </message>
+    <message>
+        <source>%1 (%2 of %3)</source>
+        <translation>%1 (%2 von %3)</translation>
+    </message>
+    <message>
+        <source>en</source>
+        <comment>language of the page</comment>
+        <translation>de</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lots</source>
+        <translation>
+            <numerusform>%n Los</numerusform>
+            <numerusform>%n Lose</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Lot %1 · %2</source>
+        <translation>Los %1 · %2</translation>
+    </message>
+    <message>
+        <source>Made from %1</source>
+        <translation>Erstellt aus %1</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>First pass</source>
+        <translation>Auf Anhieb</translation>
+    </message>
+    <message>
+        <source>Units</source>
+        <translation>Prüflinge</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n Lauf</numerusform>
+            <numerusform>%n Läufe</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Units failed</source>
+        <translation>Fehlerhafte Prüflinge</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed runs</source>
+        <translation>
+            <numerusform>%n fehlerhafter Lauf</numerusform>
+            <numerusform>%n fehlerhafte Läufe</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Yield over time</source>
+        <translation>Ausbeute im Verlauf</translation>
+    </message>
+    <message>
+        <source>From %1 to %2</source>
+        <translation>Von %1 bis %2</translation>
+    </message>
+    <message>
+        <source>Solid: yield; dashed: first pass; bars: units.</source>
+        <translation>Durchgezogen: Ausbeute; gestrichelt: auf Anhieb; Balken: Prüflinge.</translation>
+    </message>
+    <message>
+        <source>Yield by station</source>
+        <translation>Ausbeute nach Station</translation>
+    </message>
+    <message>
+        <source>The worst first, by what is sure of its failure rate.</source>
+        <translation>Die schlechteste zuerst, nach dem, was an ihrer Fehlerrate sicher ist.</translation>
+    </message>
+    <message>
+        <source>Yield by position on the panel</source>
+        <translation>Ausbeute nach Position auf dem Nutzen</translation>
+    </message>
+    <message>
+        <source>Share of units that passed</source>
+        <translation>Anteil bestandener Prüflinge</translation>
+    </message>
+    <message>
+        <source>all others</source>
+        <translation>alle anderen</translation>
+    </message>
+    <message>
+        <source>What failed first</source>
+        <translation>Was zuerst fehlerhaft war</translation>
+    </message>
+    <message>
+        <source>Share of all failed runs, and how many.</source>
+        <translation>Anteil an allen fehlerhaften Läufen, und wie viele.</translation>
+    </message>
+    <message>
+        <source>First failure</source>
+        <translation>Erster Fehler</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more: zyn units</source>
+        <translation>
+            <numerusform>und %n weiterer: zyn units</numerusform>
+            <numerusform>und %n weitere: zyn units</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Failed units</source>
+        <translation>Fehlerhafte Prüflinge</translation>
+    </message>
+    <message>
+        <source>Units whose last run did not pass</source>
+        <translation>Prüflinge, deren letzter Lauf nicht bestanden ist</translation>
+    </message>
+    <message>
+        <source>Units tested more than once</source>
+        <translation>Mehrmals geprüfte Prüflinge</translation>
+    </message>
+    <message>
+        <source>Of one program</source>
+        <translation>Mit demselben Programm</translation>
+    </message>
+    <message>
+        <source>LL</source>
+        <translation>UG</translation>
+    </message>
+    <message>
+        <source>UL</source>
+        <translation>OG</translation>
+    </message>
+    <message>
+        <source>rule %1</source>
+        <translation>Regel %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values, mean %1, sigma %2, limits %3</source>
+        <translation>
+            <numerusform>%n Wert, Mittelwert %1, Sigma %2, Grenzen %3</numerusform>
+            <numerusform>%n Werte, Mittelwert %1, Sigma %2, Grenzen %3</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>How often: %1</source>
+        <translation>Häufigkeit: %1</translation>
+    </message>
+    <message>
+        <source>In order of time: %1</source>
+        <translation>Zeitlicher Verlauf: %1</translation>
+    </message>
+    <message>
+        <source>unit %1, %2</source>
+        <translation>Prüfling %1, %2</translation>
+    </message>
+    <message>
+        <source>A step down of %1 sigma since %2.</source>
+        <translation>Ein Sprung um %1 Sigma nach unten seit %2.</translation>
+    </message>
+    <message>
+        <source>A step up of %1 sigma since %2.</source>
+        <translation>Ein Sprung um %1 Sigma nach oben seit %2.</translation>
+    </message>
+    <message>
+        <source>A trend down of %1 sigma, begun at %2.</source>
+        <translation>Ein Trend um %1 Sigma nach unten, begonnen bei %2.</translation>
+    </message>
+    <message>
+        <source>A trend up of %1 sigma, begun at %2.</source>
+        <translation>Ein Trend um %1 Sigma nach oben, begonnen bei %2.</translation>
+    </message>
+    <message>
+        <source>rule %1, first at %2</source>
+        <translation>Regel %1, zuerst bei %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values are no finite number</source>
+        <translation>
+            <numerusform>%n Wert ist keine endliche Zahl</numerusform>
+            <numerusform>%n Werte sind keine endlichen Zahlen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Look at this</source>
+        <translation>Hier lohnt ein Blick</translation>
+    </message>
+    <message>
+        <source>Measurements</source>
+        <translation>Messungen</translation>
+    </message>
+    <message>
+        <source>Lowest CPK first; each name leads to its pictures.</source>
+        <translation>Der kleinste CPK zuerst; jeder Name führt zu seinen Bildern.</translation>
+    </message>
+    <message>
+        <source>Measurement</source>
+        <translation>Messung</translation>
+    </message>
+    <message>
+        <source>CPK of passed</source>
+        <translation>CPK bestanden</translation>
+    </message>
+    <message>
+        <source>Distributions and trends</source>
+        <translation>Verteilungen und Verläufe</translation>
     </message>
 </context>
 </TS>

@@ -98,13 +98,6 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>program %1 in %n runs</source>
-        <translation>
-            <numerusform>program %1 in %n run</numerusform>
-            <numerusform>program %1 in %n runs</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>%n components are in some of %1 runs only, %2 in %3; -v lists them</source>
         <translation>
             <numerusform>%n component is in some of %1 runs only, %2 in %3; -v lists them</numerusform>
@@ -134,16 +127,16 @@
     </message>
     <message numerus="yes">
         <source>%1: %n runs are copies of runs read before; they count once</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n run is a copy of one read before; it counts once</numerusform>
+            <numerusform>%1: %n runs are copies of runs read before; they count once</numerusform>
         </translation>
     </message>
     <message numerus="yes">
         <source>%1: %n runs differ from what was read before, and replace it</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
+        <translation>
+            <numerusform>%1: %n run differs from what was read before, and replaces it</numerusform>
+            <numerusform>%1: %n runs differ from what was read before, and replace it</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -158,6 +151,69 @@
         <translation>
             <numerusform>%n part stands there already and is left out; --again adds it all the same</numerusform>
             <numerusform>%n parts stand there already and are left out; --again adds them all the same</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: has %n runs of %2 with other contents; these count</source>
+        <translation>
+            <numerusform>%1: has %n run of %2 with other contents; it counts</numerusform>
+            <numerusform>%1: has %n runs of %2 with other contents; these count</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>program &apos;%1&apos; version &apos;%2&apos; in %n runs</source>
+        <translation>
+            <numerusform>program &apos;%1&apos; version &apos;%2&apos; in %n run</numerusform>
+            <numerusform>program &apos;%1&apos; version &apos;%2&apos; in %n runs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n lots</source>
+        <translation>
+            <numerusform>%n lot</numerusform>
+            <numerusform>%n lots</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n runs</source>
+        <translation>
+            <numerusform>%n run</numerusform>
+            <numerusform>%n runs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n failed runs</source>
+        <translation>
+            <numerusform>%n failed run</numerusform>
+            <numerusform>%n failed runs</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more: zyn units</source>
+        <translation>
+            <numerusform>and %n more: zyn units</numerusform>
+            <numerusform>and %n more: zyn units</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values, mean %1, sigma %2, limits %3</source>
+        <translation>
+            <numerusform>%n value, mean %1, sigma %2, limits %3</numerusform>
+            <numerusform>%n values, mean %1, sigma %2, limits %3</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values are no finite number</source>
+        <translation>
+            <numerusform>%n value is no finite number</numerusform>
+            <numerusform>%n values are no finite number</numerusform>
         </translation>
     </message>
 </context>
