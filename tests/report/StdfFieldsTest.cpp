@@ -331,7 +331,7 @@ private slots:
         // Without a program there is no header: nothing but counts.
         QCOMPARE(actual.join('\n'), ExpectedFile(unit, test.get()).mid(program ? 0 : 2).join('\n'));
         if (program)
-            QVERIFY2(contents.findings.isEmpty(), qPrintable(contents.Faults()));
+            QVERIFY2(contents.Faults().isEmpty(), qPrintable(contents.Faults()));
     }
 
 private:
