@@ -124,7 +124,9 @@ QStringList WithoutLosses(const QStringList& statements, const QStringList& with
     QStringList kept;
     for (const QString& line : statements) {
         const bool isBorrowed = std::ranges::any_of(withoutLimits, [&](const QString& place) {
-            return line.startsWith(place + "Limits") || line.startsWith(place + "Result/Unit");
+            // A text is read as a number where the limits before were of numbers, or there were none.
+            return line.startsWith(place + "Limits") || line.startsWith(place + "Result/Unit") ||
+                   line.startsWith(place + "Result/Value");
         });
         if (isBorrowed)
             continue;

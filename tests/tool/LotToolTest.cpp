@@ -42,8 +42,9 @@ struct Report {
                 property("SerialNo", serial) + "<Property Name=\"ProductType\" Code=\"1\">" + product +
                 "</Property></UnitUnderTest><ProductionLot>" + property("LotNumber", lot) +
                 "</ProductionLot><TestResults><TestResultSet><Testprogram ID=\"9\" Name=\"" + program +
-                "\">" + result(good, 0) + "<TestGroup ID=\"1\" Name=\"G\">" + result(good, 0) +
-                "<TestStep ID=\"2\" Name=\"S\">" + result(good, 0) + judged(3, "a", a) + judged(4, "b", b) +
+                "\" Type=\"1\">" + result(good, 0) + "<TestGroup ID=\"1\" Name=\"G\" Type=\"2\">" +
+                result(good, 0) + "<TestStep ID=\"2\" Name=\"S\" Type=\"3\">" + result(good, 0) +
+                judged(3, "a", a) + judged(4, "b", b) +
                 "</TestStep></TestGroup></Testprogram></TestResultSet></TestResults></TestReport>")
             .toUtf8();
     }
@@ -108,7 +109,7 @@ private slots:
             "the start 'noon' cannot be read");
         row("a copy", QList<Report>{{}, {.serial = "2"}, {}}, "2 2 2 2", "3.zyr: is a copy of lot1/1.zyr");
         row("other contents", QList<Report>{{.a = 99}, {.a = 98}, {.a = 10}}, "1 1 1 1",
-            "3.zyr: has 1 run of lot1/2.zyr with other contents");
+            "3.zyr: has 1 runs of lot1/2.zyr with other contents");
         row("units without a name", QList<Report>{{.serial = ""}, {.serial = "", .a = 11}, {.serial = ""}},
             "2 2 2 2", "3.zyr: is a copy of lot1/1.zyr");
         row("two programs", QList<Report>{{.program = "ICT"}, {.a = 99, .program = "FCT"}},
@@ -195,18 +196,19 @@ private slots:
     {
         const QByteArray report = folder.Content("lot/panel-0001.zyr");
         folder.Write("odd/1.zyr", report);
-        // The same panel again: another program version, one limit moved, one component renamed.
+        // The same panel in another lot: another program version, one limit moved, one component renamed.
         static const QRegularExpression version("(<Property Name=\"Version\">)[^<]*");
         static const QRegularExpression upper("(Name=\"R13\".*?<Property Name=\"Upper\">)[^<]*",
                                               QRegularExpression::DotMatchesEverythingOption);
         QString other = report;
         other.replace(version, "\\1changed")
+            .replace(">L00001<", ">L00002<")
             .replace("Name=\"R12\"", "Name=\"R99\"")
             .replace(upper, "\\1 777");
         folder.Write("odd/2.zyr", other.toUtf8());
         const auto outcome = folder.Zyn("statistics -v odd -o odd.csv");
         QCOMPARE(outcome.code, 0);
-        for (const char* text : {"version 'changed' in ", "211 Analog / Shunts / R99 is in 5 of 10 runs only",
+        for (const char* text : {"version 'changed' in ", "211 Passive parts / Shunts / R99 is in 5 of 10 runs only",
                                  "the limits of 212 "})
             QVERIFY2(outcome.errors.contains(text), outcome.errors);
     }
