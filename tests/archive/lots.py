@@ -21,30 +21,30 @@ UNITS = [(0, 0, "", ""), (1, 0, "V", "V"), (2, -3, "mA", "A"), (3, 3, "kOhm", "O
 def value(rng, name):
     """A measurement or parameter of a program: how it is named, judged, and what it tends to measure."""
     kind = rng.choice(["real"] * 9 + ["integer", "hex", "binary", "text", "boolean", "huge"])
-    spec = {"id": str(rng.randrange(5)), "name": name, "kind": kind, "limits": None, "type": 7}
+    plan = {"id": str(rng.randrange(5)), "name": name, "kind": kind, "limits": None, "type": 7}
     sides = rng.choice([("<=", "<="), ("<", "<="), ("<=", "<"), ("<=", None), (None, "<="), ("==", None), None])
     if kind == "real":
         code, factor, unit, _ = rng.choice(UNITS)
-        spec.update(type=8, middle=rng.choice([0, 5, 12.5, -3, 1e6, 1e-7]), spread=rng.choice([1e-4, 0.02, 1]),
+        plan.update(type=8, middle=rng.choice([0, 5, 12.5, -3, 1e6, 1e-7]), spread=rng.choice([1e-4, 0.02, 1]),
                     drift=rng.choice([0, 0, 2, -4]), step=rng.choice([0, 0, 3]))
         if sides:
-            width = spec["spread"] * rng.choice([1.5, 3, 6])
-            spec["limits"] = {"unit": (code, factor, unit), "low": spec["middle"] - width,
-                              "high": spec["middle"] + width}
+            width = plan["spread"] * rng.choice([1.5, 3, 6])
+            plan["limits"] = {"unit": (code, factor, unit), "low": plan["middle"] - width,
+                              "high": plan["middle"] + width}
     elif kind != "text":
         code = {"hex": 25, "binary": 26}.get(kind, 0)
         sides = sides or ((None, None) if code else None)  # the digits' base is told with the limits
         if sides:
-            spec["limits"] = {"unit": (code, 0, ""), "low": 1, "high": 2**60 if kind == "huge" else 200}
+            plan["limits"] = {"unit": (code, 0, ""), "low": 1, "high": 2**60 if kind == "huge" else 200}
     else:
-        spec["type"] = 9
+        plan["type"] = 9
         if sides:
-            spec["limits"] = {"unit": (0, 0, ""), "low": "ok", "high": "zz"}
+            plan["limits"] = {"unit": (0, 0, ""), "low": "ok", "high": "zz"}
             sides = ("==", None)
-    if spec["limits"]:
-        spec["limits"].update(lower=sides[0], upper=sides[1], inverted=int(rng.random() < 0.1),
+    if plan["limits"]:
+        plan["limits"].update(lower=sides[0], upper=sides[1], inverted=int(rng.random() < 0.1),
                               nominal=rng.random() < 0.3)
-    return spec
+    return plan
 
 
 def program(rng, number):
@@ -64,9 +64,9 @@ def number_text(number):
     return text[:-2] if text.endswith(".0") else text
 
 
-def measured(rng, spec, time, scale):
+def measured(rng, plan, time, scale):
     """A value and its code; time runs from 0 to 1 over the lot, scale widens the limits."""
-    kind, limits = spec["kind"], spec["limits"]
+    kind, limits = plan["kind"], plan["limits"]
     if rng.random() < 0.03:
         return "", rng.choice([0, -1, -3, 6])
     if kind == "text":
@@ -74,8 +74,8 @@ def measured(rng, spec, time, scale):
     if kind == "real" and rng.random() < 0.03:
         return rng.choice(["nan", "inf", "-inf"]), rng.choice([1, -1])
     if kind == "real":
-        number = rng.gauss(0, 1) + spec["drift"] * time + (spec["step"] if time > 0.6 else 0)
-        text = number_text(spec["middle"] + spec["spread"] * number)
+        number = rng.gauss(0, 1) + plan["drift"] * time + (plan["step"] if time > 0.6 else 0)
+        text = number_text(plan["middle"] + plan["spread"] * number)
         number = float(text)
     else:
         number = rng.randrange(2**53, 2**62) if kind == "huge" else rng.randrange(2) if kind == "boolean" else \
@@ -86,12 +86,12 @@ def measured(rng, spec, time, scale):
     return text, rng.choice([1, 1, 1, 6]) if inside != bool(limits and limits["inverted"]) else -1
 
 
-def written(rng, spec, time, scale):
+def written(rng, plan, time, scale):
     """A value as a report holds it; its limits are those of the day."""
-    text, code = measured(rng, spec, time, scale)
-    limits = dict(spec["limits"] or {}, scale=scale)
-    return {**{k: spec[k] for k in ("id", "name", "type", "kind")}, "value": text, "code": code,
-            "limits": limits if spec["limits"] else None}
+    text, code = measured(rng, plan, time, scale)
+    limits = dict(plan["limits"] or {}, scale=scale)
+    return {**{k: plan[k] for k in ("id", "name", "type", "kind")}, "value": text, "code": code,
+            "limits": limits if plan["limits"] else None}
 
 
 def run(rng, tree, time, scale, index):

@@ -208,8 +208,9 @@ private slots:
         folder.Write("odd/2.zyr", other.toUtf8());
         const auto outcome = folder.Zyn("statistics -v odd -o odd.csv");
         QCOMPARE(outcome.code, 0);
-        for (const char* text : {"version 'changed' in ", "211 Passive parts / Shunts / R99 is in 5 of 10 runs only",
-                                 "the limits of 212 "})
+        for (const char* text :
+             {"version 'changed' in ", "211 Passive parts / Shunts / R99 is in 5 of 10 runs only",
+              "the limits of 212 "})
             QVERIFY2(outcome.errors.contains(text), outcome.errors);
     }
 

@@ -130,7 +130,7 @@ private:
     double m_minimum = 0.0;
     double m_maximum = 0.0;
     bool m_isOwned = false; ///< by a report
-    QStringList m_names; ///< shared with those of other entries, unlike a joined path
+    QStringList m_names;    ///< shared with those of other entries, unlike a joined path
     int m_ordinal = 1;
 };
 
