@@ -153,9 +153,8 @@ QString ItemDifference(const Item& a, const Item& b, bool unitTexts)
         return u"result"_s;
     if (read.dataType == 0)
         return {};
-    constexpr int text = 9;
     if (HasNoLimits(a))
-        return read.dataType != text || a.text == b.text ? QString() : u"text"_s;
+        return {}; // the import reads it by the limits before it, and as a number where there were none
     if (!(IsNothing(a) && IsNothing(b)) && (!IsSame(a.value, b.value) || a.text != b.text))
         return u"value"_s;
     if (!IsKnownType(read.dataType))

@@ -117,6 +117,7 @@ CommandLine CommandLine::Subcommand(const char* name, const QString& help)
 std::optional<QString> CommandLine::HelpOf(const std::vector<std::string>& names, QString* unknown) const
 {
     const CLI::App* app = m_app;
+    std::string path = app->get_name();
     for (const std::string& name : names) {
         const std::vector<const CLI::App*> commands = app->get_subcommands({});
         const auto command = std::find_if(commands.begin(), commands.end(),
@@ -126,8 +127,10 @@ std::optional<QString> CommandLine::HelpOf(const std::vector<std::string>& names
             return std::nullopt;
         }
         app = *command;
+        path += ' ' + name;
     }
-    return QString::fromStdString(app->help());
+    // Not `help`, which explains the command that was chosen: this one.
+    return QString::fromStdString(app->get_formatter()->make_help(app, path, CLI::AppFormatMode::Normal));
 }
 
 bool CommandLine::IsChosen() const
