@@ -48,7 +48,7 @@ def value(rng, name):
 
 
 def program(rng, number):
-    """A tree of specifications: groups, steps, values. Some names stand twice, some under another id."""
+    """A tree of what a program measures: groups, steps, values. Some names stand twice, some under another id."""
     def component(**more):
         return {"id": str(rng.randrange(100, 103)), "name": rng.choice(WORDS[:6]), **more}
     groups = [component(parameters=[value(rng, rng.choice(WORDS)) for _ in range(rng.choice([0, 0, 1]))],
