@@ -48,7 +48,7 @@ QByteArray Narrowed(const QByteArray& document, int width)
 qsizetype EndOf(const QByteArray& markup, const char* text, qsizetype from)
 {
     const qsizetype found = markup.indexOf(text, from);
-    return found < 0 ? markup.size() : found + qstrlen(text);
+    return found < 0 ? markup.size() : found + qsizetype(qstrlen(text));
 }
 
 /// Moves from the "<" of a tag to its end, or of a document type to the declarations in it.

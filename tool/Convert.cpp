@@ -230,7 +230,7 @@ int Run(const Arguments& arguments, const Manners& manners)
 
     QList<Conversion> conversions;
     for (const Problem& problem : std::as_const(unreadable))
-        conversions.append({problem.file, {}, problem});
+        conversions.append(Conversion{.input = problem.file, .output = {}, .problem = problem});
     const bool isLot = IsLotFile(arguments, format);
     if (isLot) {
         if (const std::optional<Problem> refusal = InputFiles(inputs).Refusal(PathOf(arguments.file))) {
