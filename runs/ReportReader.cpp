@@ -200,6 +200,17 @@ void ReportReader::EndInParameter(Element element)
     }
 }
 
+void ReportReader::Open(Element element)
+{
+    m_open.push_back(element);
+    m_hasName = false;
+    // What stands there twice is what the last one says.
+    if (element == Element::TestEnvironment) {
+        m_header.machineName.clear();
+        m_header.user.clear();
+    }
+}
+
 void ReportReader::Close()
 {
     const Element ended = m_open.back();
@@ -215,7 +226,7 @@ void ReportReader::Close()
         EndResultSet();
         break;
     case Element::UnitUnderTest:
-        if (m_test->hasUnit)
+        if (m_hasName)
             m_test->product = m_header.product.value_or(std::string());
         break;
     case Element::SubUnitTest:
@@ -336,7 +347,7 @@ bool ReportReader::TakeUnitProperty()
     RunHeader::Test& test = *m_test;
     switch (m_property) {
     case Property::Name:
-        test.hasUnit = true;
+        m_hasName = test.hasUnit = true;
         test.serial.clear();
         test.ident.clear();
         test.panelIndex = 0;
@@ -352,7 +363,7 @@ bool ReportReader::TakeUnitProperty()
     default:
         return false;
     }
-    if (!test.hasUnit)
+    if (!m_hasName)
         Refuse(UnitWithoutName, ReportNames::NameOf(m_property));
     else if (m_property == Property::SerialNo)
         test.serial = m_text;
@@ -392,10 +403,10 @@ bool ReportReader::TakeLotProperty()
 {
     if (m_property == Property::LotNumber) {
         m_header.lot = m_text;
-        m_header.hasLot = true;
+        m_hasName = true;
     } else if (m_property != Property::OrderCode) {
         return false;
-    } else if (!m_header.hasLot) {
+    } else if (!m_hasName) {
         Refuse(LotWithoutNumber);
     }
     return true;

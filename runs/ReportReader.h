@@ -97,7 +97,7 @@ private:
     void StartProperty(const char* const* attributes);
     void StartInParameter(Element element, const char* const* attributes);
     void EndInParameter(Element element);
-    void Open(Element element) { m_open.push_back(element); }
+    void Open(Element element);
     void Close();
     void EndProperty();
     bool TakeProperty();
@@ -134,6 +134,7 @@ private:
     std::string m_fault;
     std::vector<Element> m_open; ///< whose readers are open; the document's is the first
     bool m_atRoot = true;
+    bool m_hasName = false;   ///< the unit or lot whose element is open
     int m_parameterDepth = 0; ///< elements that are open in a test parameter, itself among them; 0 outside
 
     // The property that is being read.

@@ -39,7 +39,6 @@ public:
 
     Test report;
     std::list<Test> items;
-    bool hasLot = false;
     std::string lot;
     std::string machineName;
     std::string user;

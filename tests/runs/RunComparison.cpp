@@ -224,8 +224,8 @@ bool HasUsualOrder(const QByteArray& report)
         reader.readNext();
         if (reader.isEndElement()) {
             const Open& ended = open.back();
-            const bool isComponent = ended.name == "TestGroup"_L1 || ended.name == "TestStep"_L1 ||
-                                     ended.name == "TestMeasurement"_L1;
+            const bool isComponent = ended.name == "Testprogram"_L1 || ended.name == "TestGroup"_L1 ||
+                                     ended.name == "TestStep"_L1 || ended.name == "TestMeasurement"_L1;
             if ((isComponent && ended.results != 1) || (ended.name == "Limits"_L1 && !ended.hasFactor) ||
                 (ended.name == "Result"_L1 && !ended.hasDuration) ||
                 (ended.name == "TestResultSet"_L1 && ended.programs > 1))
