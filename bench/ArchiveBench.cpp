@@ -29,7 +29,9 @@ constexpr std::int64_t Pause = 25'000; // ms between two runs
 
 std::string Name(const char* kind, std::size_t number)
 {
-    return kind + std::to_string(number);
+    std::string name = kind;
+    name += std::to_string(number);
+    return name;
 }
 
 RunLayout MakeLayout()

@@ -229,8 +229,11 @@ int Run(const Arguments& arguments, const Manners& manners)
         return usage;
 
     QList<Conversion> conversions;
-    for (const Problem& problem : std::as_const(unreadable))
-        conversions.append(Conversion{.input = problem.file, .output = {}, .problem = problem});
+    for (const Problem& problem : std::as_const(unreadable)) {
+        Conversion& unread = conversions.emplaceBack();
+        unread.input = problem.file;
+        unread.problem = problem;
+    }
     const bool isLot = IsLotFile(arguments, format);
     if (isLot) {
         if (const std::optional<Problem> refusal = InputFiles(inputs).Refusal(PathOf(arguments.file))) {
