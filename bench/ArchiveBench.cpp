@@ -47,7 +47,7 @@ RunLayout MakeLayout()
         component.name = name;
         component.path = component.identity = above + name;
         component.dataType = kind == ComponentKind::Measurement ? 8 : 0;
-        component.unit = kind == ComponentKind::Measurement ? "V" : "";
+        component.unit = std::string(kind == ComponentKind::Measurement ? 1 : 0, 'V');
         component.hash[0] = layout.components.size();
         layout.components.push_back(component);
         return int(layout.components.size()) - 1;
