@@ -1,8 +1,8 @@
-#include "Command.h"
-#include "Problem.h"
-#include "Terminal.h"
-#include "Texts.h"
-#include "Translation.h"
+#include "commands/Command.h"
+#include "terminal/Problem.h"
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
+#include "terminal/Translation.h"
 
 #include <QtGui/QGuiApplication>
 

@@ -1,9 +1,9 @@
-#include "Command.h"
-#include "Texts.h"
+#include "commands/Command.h"
 #include "questions/FigureText.h"
 #include "questions/QuestionOptions.h"
 #include "terminal/Blocks.h"
 #include "terminal/Table.h"
+#include "terminal/Texts.h"
 
 namespace ZYN::Tool {
 

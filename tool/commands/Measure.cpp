@@ -1,10 +1,10 @@
-#include "Command.h"
-#include "Terminal.h"
-#include "Texts.h"
+#include "commands/Command.h"
 #include "questions/MeasureDetail.h"
 #include "questions/MeasureList.h"
 #include "questions/Nearest.h"
 #include "questions/QuestionOptions.h"
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
 
 #include <QtCore/QJsonArray>
 

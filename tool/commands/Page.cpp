@@ -1,9 +1,9 @@
-#include "Command.h"
-#include "Inputs.h"
-#include "RunSource.h"
-#include "SafeOutput.h"
-#include "Texts.h"
+#include "commands/Command.h"
+#include "files/Inputs.h"
+#include "files/SafeOutput.h"
+#include "loading/RunSource.h"
 #include "questions/QuestionOptions.h"
+#include "terminal/Texts.h"
 
 #include "page/LotPage.h"
 

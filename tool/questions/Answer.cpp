@@ -1,7 +1,7 @@
-#include "Answer.h"
+#include "questions/Answer.h"
 
-#include "SafeOutput.h"
-#include "Terminal.h"
+#include "files/SafeOutput.h"
+#include "terminal/Terminal.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>

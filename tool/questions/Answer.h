@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Problem.h"
+#include "terminal/Problem.h"
 
 #include "archive/Questions.h"
 

@@ -1,7 +1,7 @@
-#include "FigureText.h"
+#include "questions/FigureText.h"
 
-#include "Terminal.h"
-#include "Texts.h"
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
 
 #include <cmath>
 

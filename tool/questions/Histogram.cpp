@@ -1,4 +1,4 @@
-#include "Histogram.h"
+#include "questions/Histogram.h"
 
 #include "terminal/Blocks.h"
 

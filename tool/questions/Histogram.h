@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FigureText.h"
+#include "questions/FigureText.h"
 
 #include "archive/Questions.h"
 

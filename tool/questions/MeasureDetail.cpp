@@ -1,12 +1,12 @@
-#include "MeasureDetail.h"
+#include "questions/MeasureDetail.h"
 
-#include "FigureText.h"
-#include "Histogram.h"
-#include "MeasureList.h"
-#include "Terminal.h"
-#include "Texts.h"
-#include "VerdictCell.h"
+#include "questions/FigureText.h"
+#include "questions/Histogram.h"
+#include "questions/MeasureList.h"
+#include "questions/VerdictCell.h"
 #include "terminal/Blocks.h"
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
 
 #include <QtCore/QRegularExpression>
 

@@ -1,8 +1,8 @@
-#include "MeasureList.h"
+#include "questions/MeasureList.h"
 
-#include "FigureText.h"
-#include "Texts.h"
+#include "questions/FigureText.h"
 #include "terminal/Table.h"
+#include "terminal/Texts.h"
 
 namespace ZYN::Tool {
 

@@ -1,7 +1,7 @@
-#include "Nearest.h"
+#include "questions/Nearest.h"
 
-#include "Terminal.h"
-#include "Texts.h"
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
 
 #include <algorithm>
 #include <numeric>

@@ -1,9 +1,9 @@
-#include "QuestionOptions.h"
+#include "questions/QuestionOptions.h"
 
-#include "Inputs.h"
-#include "Terminal.h"
-#include "Texts.h"
-#include "TimeArgument.h"
+#include "files/Inputs.h"
+#include "questions/TimeArgument.h"
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
 
 #include <QtCore/QFileInfo>
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Answer.h"
-#include "Command.h"
-#include "RunSource.h"
+#include "loading/RunSource.h"
+#include "questions/Answer.h"
 #include "terminal/CommandLine.h"
+#include "terminal/Manners.h"
 
 #include "archive/Questions.h"
 

@@ -1,4 +1,4 @@
-#include "TimeArgument.h"
+#include "questions/TimeArgument.h"
 
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>

@@ -1,4 +1,4 @@
-#include "Blocks.h"
+#include "terminal/Blocks.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #include "terminal/CommandLine.h"
 
-#include "Texts.h"
-#include "Usage.h"
+#include "terminal/Texts.h"
+#include "terminal/Usage.h"
 
 #include <CLI/CLI.hpp>
 

@@ -1,4 +1,4 @@
-#include "Table.h"
+#include "terminal/Table.h"
 
 #include <utility>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Terminal.h"
+#include "terminal/Terminal.h"
 
 #include <QtCore/QList>
 #include <QtCore/QString>

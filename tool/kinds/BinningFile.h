@@ -1,0 +1,15 @@
+#pragma once
+
+#include "kinds/FileKind.h"
+
+namespace ZYN::Tool {
+
+/// Whether a file that begins so is a binning definition.
+bool LooksLikeBinning(const QByteArray& head);
+/// Prints the bins as a table.
+std::optional<Problem> ShowBinning(const QString& path, const QString& name, const ShowOptions& options);
+std::optional<Problem> BinningToJson(const QString& path, const QString& name, const ShowOptions& options,
+                                     QJsonObject* object);
+QList<Finding> CheckBinning(const QString& path);
+
+} // namespace ZYN::Tool

@@ -1,0 +1,97 @@
+#include "kinds/LotFile.h"
+
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
+
+#include "stdf/Checker.h"
+#include "stdf/JsonPrinter.h"
+#include "stdf/TextPrinter.h"
+
+#include <QtCore/QBuffer>
+#include <QtCore/QFile>
+#include <QtCore/QJsonArray>
+#include <QtCore/QJsonDocument>
+
+namespace ZYN::Tool {
+
+namespace {
+
+Problem CannotRead(const QString& name, const QFile& file)
+{
+    return {name, 0, Texts::tr("cannot be read: %1").arg(file.errorString()), {}};
+}
+
+Problem Damaged(const QString& name, const Stdf::Fault& fault)
+{
+    return {name, 0, Texts::tr("is damaged at offset %1: %2").arg(QString::number(fault.offset), fault.text),
+            Texts::tr("what can be read was shown; zyn check finds all that is wrong")};
+}
+
+} // namespace
+
+bool LooksLikeLot(const QByteArray& head)
+{
+    QBuffer buffer;
+    buffer.setData(head);
+    buffer.open(QIODevice::ReadOnly);
+    Stdf::RawRecord first;
+    return Stdf::Reader(&buffer).Next(first) && first.type == 0 && first.subType == 10 &&
+           first.body.size() == 2;
+}
+
+std::optional<Problem> ShowLot(const QString& path, const QString& name, const ShowOptions& options)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return CannotRead(name, file);
+    Print(Paint(Harmless(name), Style::Bold) + QLatin1Char('\n'));
+    Stdf::TextPrinter printer([](const QString& line) { Print(Harmless(line) + QLatin1Char('\n')); },
+                              options.failedOnly);
+    Stdf::Reader reader(&file);
+    for (Stdf::RawRecord raw; reader.Next(raw);)
+        printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
+    printer.Finish(reader);
+    return printer.GetDamage() ? std::optional(Damaged(name, *printer.GetDamage())) : std::nullopt;
+}
+
+std::optional<Problem> PrintLotJson(const QString& path, const QString& name, const ShowOptions& options)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return CannotRead(name, file);
+    const QByteArray quoted = QJsonDocument(QJsonArray{name}).toJson(QJsonDocument::Compact);
+    const QByteArray start = "{\"file\":" + quoted.sliced(1, quoted.size() - 2) + ',';
+    const auto print = [&](const QByteArray& line) { PrintJsonLine(start + line.sliced(1)); };
+    std::optional<Stdf::Fault> damage;
+    Stdf::Reader reader(&file);
+    for (Stdf::RawRecord raw; reader.Next(raw);) {
+        const Stdf::Record record = Stdf::Decode(raw, reader.IsBigEndian());
+        if (!damage)
+            damage = record.Damage();
+        if (!options.failedOnly || record.HasFailed())
+            print(Stdf::ToJsonLine(raw, record));
+    }
+    if (const auto& fault = reader.GetFault()) {
+        print(Stdf::ToJsonLine(*fault));
+        damage = damage ? damage : fault;
+    }
+    return damage ? std::optional(Damaged(name, *damage)) : std::nullopt;
+}
+
+QList<Finding> CheckLot(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {{.text = Texts::tr("cannot be read: %1").arg(file.errorString())}};
+    Stdf::Checker checker;
+    Stdf::Reader reader(&file);
+    for (Stdf::RawRecord raw; reader.Next(raw);)
+        checker.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
+    checker.Finish(reader);
+    QList<Finding> findings;
+    for (const Stdf::Finding& finding : checker.GetFindings())
+        findings.append({.isError = finding.fault, .text = finding.text, .offset = finding.offset});
+    return findings;
+}
+
+} // namespace ZYN::Tool

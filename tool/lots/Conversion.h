@@ -1,0 +1,23 @@
+#pragma once
+
+#include "lots/LotWriter.h"
+#include "terminal/Problem.h"
+
+#include <QtCore/QMap>
+#include <QtCore/QString>
+
+#include <optional>
+
+namespace ZYN::Tool {
+
+/// What became of a report.
+struct Conversion {
+    QString input;
+    QString output; ///< file that was written, where there is no problem
+    std::optional<Problem> problem;
+    std::optional<LotEntry> lot = {}; ///< what a lot took
+    QMap<QString, int> without = {};  ///< units that gave no part to the lot, by the reason
+    QString beyondAscii = {};         ///< the first such text of the report's parts
+};
+
+} // namespace ZYN::Tool

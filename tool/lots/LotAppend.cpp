@@ -1,0 +1,158 @@
+#include "lots/LotAppend.h"
+
+#include "files/Parallel.h"
+#include "kinds/ReportFile.h"
+#include "terminal/Progress.h"
+#include "terminal/Texts.h"
+
+#include "stdf/Reader.h"
+
+#include <ZYNCommon/UUTTest.h>
+
+#include <QtCore/QFile>
+
+namespace ZYN::Tool {
+
+namespace {
+
+/// A report on its way into the lot.
+struct Report {
+    std::optional<LotParts> parts;
+    std::optional<Problem> problem;
+};
+
+Report Read(const Input& input, const QString& lot, const LotOptions& options)
+{
+    Report report;
+    const std::unique_ptr<UUTTest> test = ReadReport(input.path, input.name, &report.problem);
+    if (report.problem)
+        return report;
+    report.parts = MakeLotParts(test.get(), options.ignoreReportFlag);
+    if (!report.parts)
+        report.problem = NotAdded(input.name, lot, true);
+    return report;
+}
+
+Conversion Add(const Report& report, const QString& name, LotWriter& writer)
+{
+    if (report.problem)
+        return {name, {}, report.problem};
+    const LotEntry entry = writer.Add(*report.parts, name);
+    return {name, entry.file, entry.problem, entry, report.parts->without, report.parts->beyondAscii};
+}
+
+QList<Conversion> RefuseAll(const QList<Input>& inputs, const Problem& problem)
+{
+    QList<Conversion> conversions;
+    for (const Input& input : inputs)
+        conversions.append({input.name, {}, problem});
+    return conversions;
+}
+
+// Number of parts in a file, complete ones and one that a crash cut off.
+int CountParts(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return 0;
+    constexpr int partType = 5;
+    constexpr int resultSubType = 20;
+    int parts = 0;
+    Stdf::Reader reader(&file);
+    for (Stdf::RawRecord record; reader.Next(record);)
+        parts += record.type == partType && record.subType == resultSubType;
+    return parts;
+}
+
+QString WhyBeside(Beside beside)
+{
+    switch (beside) {
+    case Beside::Unrecognised:
+        return Texts::tr(
+            "the name of the lot, product type or machine goes beyond ASCII or is very long, so that "
+            "%2 is not recognised as the lot of %1: its part is in %3");
+    case Beside::NamelessLot:
+        return Texts::tr("%2 is cut off or damaged before it says which lot it is: the part of %1 is in %3");
+    default:
+        return Texts::tr("%1 is of another lot, product type or machine than %2: its part is in %3");
+    }
+}
+
+void SayUnitsWithout(const QList<Conversion>& conversions)
+{
+    struct Units {
+        int count = 0;
+        QString first;
+    };
+    QMap<QString, Units> units;
+    for (const Conversion& conversion : conversions) {
+        for (auto reason = conversion.without.cbegin(); reason != conversion.without.cend(); ++reason) {
+            Units& found = units[reason.key()];
+            found.count += reason.value();
+            if (found.first.isEmpty())
+                found.first = conversion.input;
+        }
+    }
+    for (auto reason = units.cbegin(); reason != units.cend(); ++reason)
+        PrintNote(Texts::tr("%n units gave no part, first in %1: %2", nullptr, reason->count)
+                      .arg(reason->first, reason.key()));
+}
+
+} // namespace
+
+QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, const LotOptions& options,
+                              const Manners& manners)
+{
+    LotWriter writer(path, options.again);
+    if (const std::optional<Problem> refusal = writer.Refusal())
+        return RefuseAll(inputs, *refusal);
+    QList<Conversion> conversions;
+    std::optional<LotParts> none;           // of a report without any part
+    const qsizetype batch = 4 * AllCores(); // bounds what is in memory
+    Progress progress(inputs.size(), !manners.quiet);
+    for (qsizetype start = 0; start < inputs.size(); start += batch) {
+        const QList<Input> some = inputs.mid(start, batch);
+        std::vector<Report> reports(size_t(some.size()));
+        ForEachIndex(some.size(), AllCores(),
+                     [&](qsizetype index) { reports[size_t(index)] = Read(some.at(index), path, options); });
+        for (qsizetype index = 0; index < some.size(); ++index) {
+            const Report& report = reports[size_t(index)];
+            conversions.append(Add(report, some.at(index).name, writer));
+            if (!none && report.parts && report.parts->parts.isEmpty())
+                none = report.parts;
+            progress.Step();
+        }
+    }
+    if (none)
+        writer.AddNone(*none);
+    return conversions;
+}
+
+void SayLot(const QString& path, const QList<Conversion>& conversions)
+{
+    bool added = false;
+    qsizetype present = 0;
+    for (const Conversion& conversion : conversions) {
+        if (conversion.problem)
+            continue;
+        added = true;
+        present += conversion.lot->present;
+        if (conversion.lot->beside != Beside::No && conversion.lot->added > 0)
+            PrintNote(WhyBeside(conversion.lot->beside).arg(conversion.input, path, conversion.output));
+    }
+    SayUnitsWithout(conversions);
+    const auto beyond =
+        std::find_if(conversions.begin(), conversions.end(),
+                     [](const Conversion& conversion) { return !conversion.beyondAscii.isEmpty(); });
+    if (beyond != conversions.end())
+        PrintNote(
+            Texts::tr("%1: %2 goes beyond ASCII; STDF has it as Latin-1, and some readers give up on it")
+                .arg(beyond->input, beyond->beyondAscii));
+    if (present > 0)
+        PrintNote(Texts::tr("%n parts stand there already and are left out; --again adds them all the same",
+                            nullptr, int(present)));
+    if (added)
+        PrintNote(Texts::tr("%1 holds %n parts", nullptr, CountParts(path)).arg(path));
+}
+
+} // namespace ZYN::Tool

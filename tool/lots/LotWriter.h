@@ -1,0 +1,64 @@
+#pragma once
+
+#include "kinds/LotContents.h"
+#include "lots/LockedLot.h"
+#include "lots/LotParts.h"
+#include "terminal/Problem.h"
+
+#include <QtCore/QHash>
+
+#include <optional>
+
+namespace ZYN::Tool {
+
+/// Why parts went to a file beside the lot.
+enum class Beside {
+    No,           ///< they did not
+    OtherLot,     ///< they are of another lot, product type or machine
+    Unrecognised, ///< a name of their lot is never recognised in a file
+    NamelessLot   ///< the lot is cut off before it says whose it is
+};
+
+/// What became of the parts of a report.
+struct LotEntry {
+    QString file; ///< where they are
+    Beside beside = Beside::No;
+    qsizetype added = 0;
+    qsizetype present = 0; ///< stood there already and were left out
+    std::optional<Problem> problem = {};
+};
+
+/// Adds parts to an STDF lot file, or to a file beside it where they are not of that lot. Each report's parts
+/// are written at once, under a lock; a process that is killed meanwhile leaves what was there before.
+class LotWriter {
+public:
+    /// \param again add also what stands there already
+    LotWriter(const QString& path, bool again);
+
+    /// Why nothing can be added; nothing when it can.
+    std::optional<Problem> Refusal();
+    /// Adds the parts of a report.
+    /// \param name what to call the report in messages
+    LotEntry Add(const LotParts& parts, const QString& name);
+    /// Makes a lot that has not got any part yet: its header, and that there are none.
+    void AddNone(const LotParts& parts);
+
+private:
+    struct Known {
+        LotContents contents;
+        QByteArray state; ///< of the file, when these were its contents
+    };
+
+    const LotContents& ContentsOf(const QString& path, const LockedLot& lot);
+    LotEntry AddBeside(const LotParts& parts, const QString& name);
+    LotEntry AddTo(LockedLot& lot, const QString& path, const LotParts& parts, const QString& name);
+
+    QString m_path;
+    bool m_again;
+    QHash<QString, Known> m_known; // by path
+};
+
+/// What to say when parts do not fit.
+Problem NotAdded(const QString& name, const QString& lot, bool putBack);
+
+} // namespace ZYN::Tool

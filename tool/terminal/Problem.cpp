@@ -1,0 +1,47 @@
+#include "terminal/Problem.h"
+
+#include "terminal/Manners.h"
+#include "terminal/Terminal.h"
+#include "terminal/Texts.h"
+
+#include <cstdio>
+
+namespace ZYN::Tool {
+
+void PrintNote(const QString& text)
+{
+    const QByteArray line = (Harmless(text) + QLatin1Char('\n')).toUtf8();
+    std::fwrite(line.constData(), 1, size_t(line.size()), stderr); // one call: lines of threads do not mix
+}
+
+QString TextOf(const Problem& problem)
+{
+    QString text;
+    if (!problem.file.isEmpty())
+        text += problem.file + QLatin1Char(':');
+    if (problem.line > 0)
+        text += QString::number(problem.line) + QLatin1Char(':');
+    if (!problem.file.isEmpty() || problem.line > 0)
+        text += QLatin1Char(' ');
+    text += problem.what;
+    if (!problem.remedy.isEmpty())
+        text += QStringLiteral("; ") + problem.remedy;
+    return text;
+}
+
+void PrintProblem(const Problem& problem)
+{
+    PrintNote(QStringLiteral("zyn: ") + TextOf(problem));
+}
+
+int WrongUsage(const QString& command, const QString& what, const QString& remedy)
+{
+    PrintProblem({{},
+                  0,
+                  what,
+                  QStringLiteral("%1 (%2)").arg(
+                      remedy, Texts::tr("see %1 --help").arg(QStringLiteral("zyn ") + command))});
+    return ExitUsage;
+}
+
+} // namespace ZYN::Tool
