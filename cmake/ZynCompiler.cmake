@@ -1,6 +1,8 @@
 # Warnings, sanitizers and the compiler cache, for every target of the project.
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+# They are errors where the presets say so: not for a user, whose compiler may warn of more.
+option(ZYN_WARNINGS_AS_ERRORS "A warning ends the build" OFF)
+add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow $<$<BOOL:${ZYN_WARNINGS_AS_ERRORS}>:-Werror>)
 # Nobody replaces functions of a library by the same name of another: they may be inlined, and are called
 # directly.
 add_compile_options(-fno-semantic-interposition -fno-plt)

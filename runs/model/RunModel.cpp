@@ -306,7 +306,9 @@ std::unique_ptr<ZYNSession> SessionOf(const Run& run)
 {
     auto session = std::make_unique<ZYNSession>();
     const auto workSpace = QSharedPointer<WorkSpace>::create(0L, QString());
-    workSpace->SetUserList({QSharedPointer<ZYNUser>::create(Text(run.operatorName))});
+    QList<QSharedPointer<ZYNUser>> users;
+    users.append(QSharedPointer<ZYNUser>::create(Text(run.operatorName)));
+    workSpace->SetUserList(users);
     ModelAdapter::LoginFirstUser(workSpace.data(), QString());
     session->SetMachineName(Text(run.station));
     session->SetWorkSpace(workSpace);
