@@ -4,7 +4,6 @@
 /// What the formats need of the model and the model's contract gives no operation for. A site with its
 /// own model library changes this file and nothing else.
 
-#include <ZYNCommon/DecimalText.h>
 #include <ZYNCommon/LimitOperator.h>
 #include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/TestComponent.h>
@@ -228,20 +227,6 @@ inline QString IntegerTypeText()
 inline QString RealTypeText()
 {
     return TestComponentAttr::TypeToString(TestComponentAttr::Real);
-}
-
-/// The number of a text that was written with a scale of 10 to the power of `factor`: correctly
-/// rounded, so that what was written comes back. 0.0 for what is no number; `ok` tells.
-inline double ScaledTextToReal(QStringView text, int factor, bool* ok = nullptr)
-{
-    return DecimalText::ToReal(text, factor, ok);
-}
-
-/// The shortest decimal of a number that has few digits; nothing for another, which is converted the long
-/// way.
-inline std::optional<DecimalText::FewDigits> FewDigits(double number)
-{
-    return DecimalText::ToFewDigits(number);
 }
 
 /// Logs the first user of a workspace in; this makes it the session's current user.

@@ -1,6 +1,7 @@
 #include "ReportValues.h"
 
 #include "export/ModelAdapter.h"
+#include "text/DecimalText.h"
 
 #include <ZYNCommon/TestComponentFactory.h>
 
@@ -96,7 +97,7 @@ int ToInteger(QStringView text, bool* ok)
 
 double ToReal(QStringView text, int factor, bool* ok)
 {
-    return ModelAdapter::ScaledTextToReal(text, factor, ok);
+    return DecimalText::ToReal(text, factor, ok);
 }
 
 QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok)

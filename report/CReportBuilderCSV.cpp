@@ -30,14 +30,14 @@ constexpr Column columns[] = {
 
 } // namespace
 
-template <class Cell>
-void CReportBuilderCSV::WriteLine(Cell cell)
+template <class AddCell>
+void CReportBuilderCSV::WriteLine(AddCell addCell)
 {
     line.Clear();
     for (const Column& column : columns) {
         if (&column != columns)
             line.Add(u';');
-        line.Add(cell(column));
+        addCell(column);
     }
     stream << line.View() << Qt::endl;
 }
@@ -47,7 +47,10 @@ bool CReportBuilderCSV::WriteRow(const TestComponent* component, const TestResul
     if (!component || !result)
         return false;
     const ReportText::Row row(component, result, nullptr);
-    WriteLine([&](const Column& column) { return column.text(row); });
+    WriteLine([&](const Column& column) {
+        const CellText text = column.text(row);
+        line.Add(text.View());
+    });
     return true;
 }
 
@@ -55,7 +58,7 @@ bool CReportBuilderCSV::BeginTestProgram(TestProgram* program, TestResult* resul
 {
     if (!program || !result)
         return false;
-    WriteLine([](const Column& column) { return column.title; });
+    WriteLine([this](const Column& column) { line.Add(column.title); });
     return WriteRow(program, result);
 }
 

@@ -30,8 +30,8 @@ public:
 
 private:
     /// Writes one line: the cell of every column.
-    template <class Cell>
-    void WriteLine(Cell cell);
+    template <class AddCell>
+    void WriteLine(AddCell addCell);
     /// \return false without writing when one of the two is null
     bool WriteRow(const TestComponent* component, const TestResult* result);
 

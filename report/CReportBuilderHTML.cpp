@@ -230,7 +230,8 @@ void CReportBuilderHTML::WriteCells(const TestComponent* component, const TestRe
     const ReportText::Row row(component, result, GetUseScaledData() ? ReportText::Display(result) : nullptr);
     for (const Column& column : columns) {
         const bool isVerdict = column.mark == Mark::Verdict;
-        page.Cell(column.text(row), column.cellClass,
+        const CellText text = column.text(row);
+        page.Cell(text.View(), column.cellClass,
                   isVerdict ? ReportText::ResultId(result->GetResult()) : QString());
     }
 }

@@ -167,7 +167,8 @@ void CReportBuilderTXT::WriteRow(const TestComponent* component, const TestResul
 {
     const ReportText::Row row(component, result, ReportText::Display(result));
     for (const Column& column : columns) {
-        sheet.Cell(column.text(row), column.width, TextSheet::Align::Left, indentation);
+        const CellText text = column.text(row);
+        sheet.Cell(text.View(), column.width, TextSheet::Align::Left, indentation);
         indentation = 0;
     }
     sheet.EndLine();

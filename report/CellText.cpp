@@ -1,6 +1,6 @@
 #include "CellText.h"
 
-#include "export/ModelAdapter.h"
+#include "text/DecimalText.h"
 
 #include <QtCore/QLocale>
 
@@ -13,12 +13,10 @@ using namespace Qt::StringLiterals;
 
 CellText CellText::Integer(qint64 number, QLatin1StringView before, QLatin1StringView after)
 {
-    char digits[24];
-    const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
     CellText cell;
-    cell.Add(before);
-    cell.Add({digits, end});
-    cell.Add(after);
+    cell.m_number.Add(before);
+    cell.m_number.AddNumber(number);
+    cell.m_number.Add(after);
     return cell;
 }
 
@@ -28,10 +26,10 @@ void CellText::AddFixed(quint64 digits, int places)
     char buffer[24];
     const auto count = static_cast<int>(std::to_chars(buffer, buffer + sizeof buffer, digits).ptr - buffer);
     const int whole = std::max(count - places, 0);
-    Add({buffer, whole});
-    Add(whole > 0 ? "."_L1 : "0."_L1);
-    Add("00"_L1.first(places - (count - whole)));
-    Add({buffer + whole, count - whole});
+    m_number.Add({buffer, whole});
+    m_number.Add(whole > 0 ? "."_L1 : "0."_L1);
+    m_number.AddZeros(places - (count - whole));
+    m_number.Add({buffer + whole, count - whole});
 }
 
 // Measured values have few digits. For other numbers the standard library's conversion gives the same digits
@@ -42,10 +40,10 @@ CellText CellText::Real(double number)
     CellText cell;
     constexpr double smallestFixed = 0.001;
     const double magnitude = std::abs(number);
-    if (const auto few = ModelAdapter::FewDigits(magnitude);
+    if (const auto few = DecimalText::ToFewDigits(magnitude);
         few && few->places > 0 && magnitude >= smallestFixed) {
         if (number < 0)
-            cell.Add("-"_L1);
+            cell.m_number.Add('-');
         cell.AddFixed(few->digits, few->places);
         return cell;
     }
@@ -54,7 +52,7 @@ CellText CellText::Real(double number)
         return QString::number(number, 'g', QLocale::FloatingPointShortest);
     char digits[32];
     const char* const end = std::to_chars(digits, digits + sizeof digits, number).ptr;
-    cell.Add({digits, end});
+    cell.m_number.Add({digits, end});
     return cell;
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QtCore/QString>
+#include "text/ShortText.h"
 
-#include <algorithm>
-#include <array>
+#include <QtCore/QString>
+#include <QtCore/QTextStream>
 
 namespace ZYN {
 
@@ -12,8 +12,8 @@ namespace ZYN {
 class CellText {
 public:
     CellText() = default;
-    CellText(QString cellText) // a text is a cell's text wherever one is wanted
-        : text(std::move(cellText))
+    CellText(QString text) // a text is a cell's text wherever one is wanted
+        : m_text(std::move(text))
     {
     }
 
@@ -23,20 +23,19 @@ public:
     static CellText Real(double number);
 
     /// Valid as long as this object.
-    operator QStringView() const { return size > 0 ? QStringView(units.data(), size) : QStringView(text); }
+    QStringView View() const& { return m_number.IsEmpty() ? QStringView(m_text) : m_number.View(); }
+    QStringView View() && = delete;
 
 private:
     void AddFixed(quint64 digits, int places);
-    void Add(QLatin1StringView piece)
-    {
-        std::copy(piece.begin(), piece.end(), units.begin() + size);
-        size += piece.size();
-    }
 
-    QString text;
-    /// Longer than any number with what stands around it.
-    std::array<char16_t, 32> units;
-    qsizetype size = 0;
+    QString m_text;
+    ShortText<32> m_number; ///< longer than any number with what stands around it
 };
+
+inline QTextStream& operator<<(QTextStream& stream, const CellText& text)
+{
+    return stream << text.View();
+}
 
 } // namespace ZYN

@@ -1,7 +1,5 @@
 #include <ZYNCommon/TestResult.h>
 
-#include <ZYNCommon/DecimalText.h>
-#include <ZYNCommon/DurationText.h>
 #include <ZYNCommon/TestComponent.h>
 #include <ZYNCommon/TestResultSet.h>
 #include <ZYNCommon/ValidationInterface.h>
@@ -10,6 +8,9 @@
 #include "TimeText.h"
 #include "ValidationText.h"
 #include "WorstResult.h"
+
+#include "text/DecimalText.h"
+#include "text/DurationText.h"
 
 #include <cmath>
 

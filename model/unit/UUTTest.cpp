@@ -1,6 +1,5 @@
 #include <ZYNCommon/UUTTest.h>
 
-#include <ZYNCommon/DurationText.h>
 #include <ZYNCommon/Fixture.h>
 #include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/ProductionLot.h>
@@ -12,6 +11,7 @@
 
 #include "../result/TimeText.h"
 #include "../result/WorstResult.h"
+#include "text/DurationText.h"
 
 #include <algorithm>
 #include <cmath>

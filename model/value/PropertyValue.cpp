@@ -1,8 +1,8 @@
 #include "PropertyValue.h"
 
-#include <ZYNCommon/DecimalText.h>
-
 #include "NumericVariant.h"
+
+#include "text/DecimalText.h"
 
 #include <cmath>
 #include <limits>

@@ -1,9 +1,10 @@
 #include <ZYNCommon/ValueDisplay.h>
 
-#include <ZYNCommon/DecimalText.h>
 #include <ZYNCommon/MeasurementUnit.h>
 
 #include "NumericVariant.h"
+
+#include "text/DecimalText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,6 +3,7 @@
 #include "export/ModelAdapter.h"
 #include "runs/RunHeader.h"
 #include "runs/RunValue.h"
+#include "text/DecimalText.h"
 
 #include <ZYNCommon/ProductionLot.h>
 #include <ZYNCommon/TestParameter.h>

@@ -1,6 +1,7 @@
 #include "RunModel.h"
 
 #include "export/ModelAdapter.h"
+#include "text/DecimalText.h"
 
 #include <ZYNCommon/ProductionLot.h>
 #include <ZYNCommon/Station.h>

@@ -1,6 +1,6 @@
 #include "RunText.h"
 
-#include <ZYNCommon/DecimalText.h>
+#include "text/DecimalText.h"
 
 #include <cmath>
 

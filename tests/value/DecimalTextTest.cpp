@@ -1,6 +1,5 @@
 #include "support/Test.h"
-
-#include <ZYNCommon/DecimalText.h>
+#include "text/DecimalText.h"
 
 #include <bit>
 #include <cmath>

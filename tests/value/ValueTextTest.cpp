@@ -1,7 +1,6 @@
 #include "support/Model.h"
 #include "support/Test.h"
-
-#include <ZYNCommon/DurationText.h>
+#include "text/DurationText.h"
 
 #include <limits>
 

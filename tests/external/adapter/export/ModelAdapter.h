@@ -14,8 +14,6 @@
 #include <ZYNCommon/ZYNApplication.h>
 #include <ZYNIni/IniSection.h>
 
-#include <QtCore/QLocale>
-
 #include <optional>
 
 namespace ZYN::ModelAdapter {
@@ -25,11 +23,6 @@ enum class ValueKind { None, Integer, Real, Text };
 inline constexpr auto Id = [](const ManagedObject* object) { return object->number; };
 inline constexpr auto NumberAsIdent = [](const TestComponent*) { return std::optional<long>(); };
 inline constexpr auto NameView = [](const TestComponent* component) { return component->GetName(); };
-struct FewDigitsOf {
-    quint64 digits;
-    int places;
-};
-inline constexpr auto FewDigits = [](double) { return std::optional<FewDigitsOf>(); };
 inline constexpr auto TypeCode = [](const TestComponent* component) { return component->kind; };
 inline constexpr auto MeasuredType = [](const TestResult* result) { return result->component->kind; };
 inline constexpr auto SourceLine = [](const TestComponent* component) { return component->line; };
@@ -88,9 +81,6 @@ inline constexpr auto ItemValue = [](const TestComponentAttr* item) { return QVa
 inline constexpr auto ItemChildren = [](const TestComponentAttr*) { return QList<TestComponentAttr*>(); };
 inline constexpr auto IntegerTypeText = [] { return QString("Whole"); };
 inline constexpr auto RealTypeText = [] { return QString("Decimal"); };
-inline constexpr auto ScaledTextToReal = [](QStringView text, int factor, bool* ok = nullptr) {
-    return QLocale::c().toDouble(text, ok) * std::pow(10.0, factor);
-};
 inline constexpr auto LoginFirstUser = [](WorkSpace* workSpace, const QString& password) {
     workSpace->Login(0, password);
 };

@@ -1,6 +1,7 @@
-#include <ZYNCommon/DecimalText.h>
+#include "DecimalText.h"
 
-#include "../../text/DecimalReader.h"
+#include "DecimalReader.h"
+#include "ShortText.h"
 
 #include <algorithm>
 #include <charconv>
@@ -10,6 +11,8 @@
 #include <optional>
 
 namespace ZYN::DecimalText {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,64 +27,48 @@ struct Decimal {
     qint64 exponent = 0;
 };
 
-/// Builds texts in place. The longest are 24 digits with a sign, a point and an exponent.
-class TextBuffer {
-public:
-    void Append(char c) { m_text[m_size++] = char16_t(c); }
-    void Append(const char* text, qint64 count)
-    {
-        for (qint64 i = 0; i < count; ++i)
-            Append(text[i]);
-    }
-    void AppendZeros(qint64 count)
-    {
-        for (qint64 i = 0; i < count; ++i)
-            Append('0');
-    }
-    QString ToString() const { return QString(reinterpret_cast<const QChar*>(m_text), m_size); }
+/// Long enough for 24 digits with a sign, a point and an exponent.
+using Text = ShortText<64>;
 
-private:
-    char16_t m_text[64];
-    qsizetype m_size = 0;
-};
+QLatin1StringView Digits(const Decimal& number, qint64 from, qint64 count)
+{
+    return {number.digits + from, count};
+}
 
-void AppendPlain(TextBuffer& text, const Decimal& number)
+void AppendPlain(Text& text, const Decimal& number)
 {
     if (number.exponent < 0) {
-        text.Append("0.", 2);
-        text.AppendZeros(-number.exponent - 1);
-        text.Append(number.digits, number.count);
+        text.Add("0."_L1);
+        text.AddZeros(-number.exponent - 1);
+        text.Add(Digits(number, 0, number.count));
         return;
     }
     const qint64 whole = number.exponent + 1;
-    text.Append(number.digits, std::min<qint64>(number.count, whole));
-    text.AppendZeros(whole - number.count);
+    text.Add(Digits(number, 0, std::min<qint64>(number.count, whole)));
+    text.AddZeros(whole - number.count);
     if (number.count > whole) {
-        text.Append('.');
-        text.Append(number.digits + whole, number.count - whole);
+        text.Add('.');
+        text.Add(Digits(number, whole, number.count - whole));
     }
 }
 
-void AppendScientific(TextBuffer& text, const Decimal& number)
+void AppendScientific(Text& text, const Decimal& number)
 {
-    text.Append(number.digits[0]);
+    text.Add(number.digits[0]);
     if (number.count > 1) {
-        text.Append('.');
-        text.Append(number.digits + 1, number.count - 1);
+        text.Add('.');
+        text.Add(Digits(number, 1, number.count - 1));
     }
-    text.Append('e');
-    text.Append(number.exponent < 0 ? '-' : '+');
-    char exponent[24];
-    const auto end = std::to_chars(exponent, exponent + sizeof exponent, std::abs(number.exponent)).ptr;
-    text.AppendZeros(2 - (end - exponent));
-    text.Append(exponent, end - exponent);
+    text.Add('e');
+    text.Add(number.exponent < 0 ? '-' : '+');
+    text.AddNumber(std::abs(number.exponent), 2);
 }
 
 QString Compose(const Decimal& number)
 {
-    TextBuffer text;
+    Text text;
     if (number.negative)
-        text.Append('-');
+        text.Add('-');
     if (number.exponent >= SmallestPlainExponent && number.exponent <= LargestPlainExponent)
         AppendPlain(text, number);
     else

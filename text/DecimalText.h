@@ -1,29 +1,28 @@
 #pragma once
 
-#include <ZYNCommon/ZYNCommonGlobal.h>
-
 #include <QtCore/QString>
 
 #include <optional>
 
+/// Numbers as decimal texts and back. No digit of a number is lost.
 namespace ZYN::DecimalText {
 
 /// The shortest decimal that reads back as exactly this number, multiplied with a power of ten by moving
 /// the decimal point. "nan", "inf" and "-inf" for what is no number. Locale-independent.
 ///
 /// Plain digits where the decimal exponent is from -7 to 15, else scientific ("1.5e-09").
-ZYNCOMMON_EXPORT QString FromReal(double value, int shift = 0);
+QString FromReal(double value, int shift = 0);
 /// The same with the shortest decimal that reads back as this number of single precision.
-ZYNCOMMON_EXPORT QString FromSingle(float value, int shift = 0);
+QString FromSingle(float value, int shift = 0);
 /// The same of an integer: always plain digits when nothing is shifted.
-ZYNCOMMON_EXPORT QString FromInteger(qint64 value, int shift = 0);
-ZYNCOMMON_EXPORT QString FromInteger(quint64 value, int shift = 0);
+QString FromInteger(qint64 value, int shift = 0);
+QString FromInteger(quint64 value, int shift = 0);
 
 /// The number that a decimal text gives when its decimal point is moved by `shift` places before the
 /// conversion: correctly rounded, where multiplying with a computed power of ten is off by a bit.
 /// \param ok set to whether the text is a number ("nan", "inf", "-inf" are; "1e999" is not)
 /// \return 0.0 when it is not
-ZYNCOMMON_EXPORT double ToReal(QStringView text, int shift = 0, bool* ok = nullptr);
+double ToReal(QStringView text, int shift = 0, bool* ok = nullptr);
 
 /// A number as a whole number of units of ten to the power of `-places`.
 struct FewDigits {
@@ -32,9 +31,9 @@ struct FewDigits {
 };
 /// The shortest decimal of a number that has up to 15 digits and 15 places, as instruments give them; much
 /// faster than the general conversion. Nothing for other numbers, and for negative ones.
-ZYNCOMMON_EXPORT std::optional<FewDigits> ToFewDigits(double number);
+std::optional<FewDigits> ToFewDigits(double number);
 
 /// Lower-case digits in two's complement, without a prefix; 64 bits for negative numbers.
-ZYNCOMMON_EXPORT QString ToDigits(qint64 value, int base);
+QString ToDigits(qint64 value, int base);
 
 } // namespace ZYN::DecimalText
