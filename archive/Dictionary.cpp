@@ -27,12 +27,17 @@ const QString findLimits = QStringLiteral("SELECT id FROM limit_set WHERE hash =
 const QString addLimits = QStringLiteral(
     "INSERT INTO limit_set(hash, lower, lower_op, upper, upper_op, nominal, inverted, lower_texts, "
     "upper_texts) VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id");
+const QString findAttributes = QStringLiteral("SELECT id FROM attribute_set WHERE attributes = ?");
+const QString findAttributesByDigest =
+    QStringLiteral("SELECT id FROM attribute_set WHERE md5(attributes) = md5(?)");
+const QString addAttributes = QStringLiteral("INSERT INTO attribute_set(attributes) VALUES(?) RETURNING id");
 
 } // namespace
 
-Dictionary::Dictionary(Database& database)
+Dictionary::Dictionary(Database& database, bool keepAttributes)
     : m_database(database)
     , m_style(database.IsPostgreSql() ? ArrayStyle::PostgreSql : ArrayStyle::Json)
+    , m_keepAttributes(keepAttributes)
 {
 }
 
@@ -42,31 +47,55 @@ bool Dictionary::Learn(std::span<const Run> runs)
         m_limits.clear();
     if (m_layouts.size() > IdsKept)
         m_layouts.clear();
+    if (size_t(m_attributes.size()) > IdsKept)
+        m_attributes.clear();
     const auto isKnown = [this](const Run& run) {
-        return m_layouts.contains(run.layout->hash) && (!run.limits || m_limits.contains(run.limits->hash));
+        return m_layouts.contains(run.layout->hash) && (!run.limits || m_limits.contains(run.limits->hash)) &&
+               (!HasAttributes(run) || m_attributes.contains(TextOfAttributes(run)));
     };
     if (std::all_of(runs.begin(), runs.end(), isKnown))
         return true;
-    std::unordered_map<std::string, std::int64_t> layouts, limits;
-    const auto learn = [&](const Run& run) {
-        if (!m_layouts.contains(run.layout->hash) && !layouts.contains(run.layout->hash))
-            if ((layouts[run.layout->hash] = AddLayout(*run.layout)) == 0)
-                return false;
-        if (run.limits && !m_limits.contains(run.limits->hash) && !limits.contains(run.limits->hash))
-            return (limits[run.limits->hash] = AddLimits(*run.limits)) != 0;
-        return true;
-    };
+    const auto layouts = m_layouts, limits = m_limits;
+    const auto attributes = m_attributes;
     const bool isWritten = m_database.InTransaction([&] {
-        layouts.clear();
-        limits.clear();
+        m_layouts = layouts; // without what an attempt before this one learned
+        m_limits = limits;
+        m_attributes = attributes;
         return (!m_database.IsPostgreSql() || m_database.Execute(lockDictionary)) &&
-               std::all_of(runs.begin(), runs.end(), learn);
+               std::all_of(runs.begin(), runs.end(), [this](const Run& run) { return LearnRun(run); });
     });
-    if (isWritten) {
-        m_layouts.merge(layouts);
-        m_limits.merge(limits);
+    if (!isWritten) {
+        m_layouts = layouts;
+        m_limits = limits;
+        m_attributes = attributes;
     }
     return isWritten;
+}
+
+bool Dictionary::LearnRun(const Run& run)
+{
+    const auto learn = [](auto* ids, const auto& name, const auto& add) {
+        if (ids->contains(name))
+            return true;
+        const std::int64_t id = add();
+        if (id != 0)
+            (*ids)[name] = id;
+        return id != 0;
+    };
+    return learn(&m_layouts, run.layout->hash, [&] { return AddLayout(*run.layout); }) &&
+           (!run.limits || learn(&m_limits, run.limits->hash, [&] { return AddLimits(*run.limits); })) &&
+           (!HasAttributes(run) || learn(&m_attributes, TextOfAttributes(run),
+                                         [&] { return AddAttributes(TextOfAttributes(run)); }));
+}
+
+bool Dictionary::HasAttributes(const Run& run) const
+{
+    return m_keepAttributes && !run.attributes.empty();
+}
+
+QString Dictionary::TextOfAttributes(const Run& run)
+{
+    return ObjectOf(run.attributes).toString();
 }
 
 std::int64_t Dictionary::LayoutOf(const Run& run) const
@@ -77,6 +106,11 @@ std::int64_t Dictionary::LayoutOf(const Run& run) const
 QVariant Dictionary::LimitsOf(const Run& run) const
 {
     return run.limits ? QVariant::fromValue(qint64(m_limits.at(run.limits->hash))) : QVariant();
+}
+
+QVariant Dictionary::AttributesOf(const Run& run) const
+{
+    return HasAttributes(run) ? QVariant(m_attributes.value(TextOfAttributes(run))) : QVariant();
 }
 
 std::int64_t Dictionary::IdOf(QSqlQuery& query)
@@ -156,6 +190,18 @@ std::int64_t Dictionary::AddLimits(const RunLimits& limits)
     add.addBindValue(ObjectOf(limits.lowerTexts));
     add.addBindValue(ObjectOf(limits.upperTexts));
     return IdOf(add);
+}
+
+std::int64_t Dictionary::AddAttributes(const QString& attributes)
+{
+    for (const QString& sql :
+         {m_database.IsPostgreSql() ? findAttributesByDigest : findAttributes, addAttributes}) {
+        QSqlQuery query = m_database.Prepare(sql);
+        query.addBindValue(attributes);
+        if (const std::int64_t id = IdOf(query))
+            return id;
+    }
+    return 0;
 }
 
 } // namespace ZYN

@@ -3,6 +3,8 @@
 #include "archive/Arrays.h"
 #include "archive/Database.h"
 
+#include <QtCore/QHash>
+
 #include <span>
 #include <string>
 #include <unordered_map>
@@ -13,13 +15,15 @@ namespace ZYN {
 /// their own, so that no run that fails takes them along, and looked up once.
 class Dictionary {
 public:
-    explicit Dictionary(Database& database);
+    /// \param keepAttributes whether runs have attributes at all
+    Dictionary(Database& database, bool keepAttributes);
 
     /// Makes sure that there are the rows of these runs.
     bool Learn(std::span<const Run> runs);
     /// Of runs that were learned last.
     std::int64_t LayoutOf(const Run& run) const;
-    QVariant LimitsOf(const Run& run) const; ///< null without limits
+    QVariant LimitsOf(const Run& run) const;     ///< null without limits
+    QVariant AttributesOf(const Run& run) const; ///< null without attributes
 
 private:
     std::int64_t AddLayout(const RunLayout& layout);
@@ -27,12 +31,18 @@ private:
     std::int64_t AddComponent(const std::string& program, const RunComponent& component,
                               const QVariant& parent);
     std::int64_t AddLimits(const RunLimits& limits);
+    std::int64_t AddAttributes(const QString& attributes);
+    bool LearnRun(const Run& run);
+    bool HasAttributes(const Run& run) const;
+    static QString TextOfAttributes(const Run& run);
     /// The id that a query gives; 0 for none or an error.
     std::int64_t IdOf(QSqlQuery& query);
 
     Database& m_database;
     const ArrayStyle m_style;
+    const bool m_keepAttributes;
     std::unordered_map<std::string, std::int64_t> m_layouts, m_limits; // by hash
+    QHash<QString, qint64> m_attributes;
 };
 
 } // namespace ZYN

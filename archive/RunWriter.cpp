@@ -45,7 +45,7 @@ RunWriter::RunWriter(Database& database, bool keepValues)
     : m_database(database)
     , m_keepValues(keepValues)
     , m_style(database.IsPostgreSql() ? ArrayStyle::PostgreSql : ArrayStyle::Json)
-    , m_dictionary(database)
+    , m_dictionary(database, keepValues)
 {
     const RunStatements& sql = StatementsFor(database.GetKind());
     m_findUnit = database.Prepare(sql.findUnit);
@@ -260,8 +260,9 @@ bool RunWriter::InsertValues(const Row& row)
         insert.addBindValue(std::any_of(run.seconds.begin(), run.seconds.end(), isKnown)
                                 ? ArrayOf(run.seconds, m_style)
                                 : QVariant());
-        for (const Run::Texts* texts : {&run.texts, &run.comments, &run.attributes})
+        for (const Run::Texts* texts : {&run.texts, &run.comments})
             insert.addBindValue(ObjectOf(*texts));
+        insert.addBindValue(m_dictionary.AttributesOf(run));
     } else {
         for (int i = 0; i < 2; ++i)
             insert.addBindValue(ArrayOf(std::vector<double>(), m_style));

@@ -8,7 +8,7 @@ namespace ZYN {
 
 namespace {
 
-constexpr int CurrentVersion = 1;
+constexpr int CurrentVersion = 2;
 constexpr int ApplicationId = 0x5A594E41;
 
 const QString hasArchive = QStringLiteral("SELECT to_regclass('archive_meta') IS NOT NULL");

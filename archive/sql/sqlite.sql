@@ -1,6 +1,6 @@
 -- Tables of an archive in SQLite (3.38 or later: ->>). A statement ends with ";" at the end of a line.
 PRAGMA application_id = 0x5A594E41; -- "ZYNA"
-PRAGMA user_version = 1;
+PRAGMA user_version = 2;
 
 -- Who a run is about. With a serial, ident is '': it plays no part. A unit without both is a unit of its own for each
 -- run: own then tells them apart, else it is ''. A panel's own runs belong to the panel, which is no unit.
@@ -34,6 +34,10 @@ CREATE TABLE limit_set(
   id INTEGER PRIMARY KEY, hash BLOB NOT NULL UNIQUE, lower TEXT NOT NULL, lower_op TEXT NOT NULL, upper TEXT NOT NULL,
   upper_op TEXT NOT NULL, nominal TEXT, inverted TEXT, lower_texts TEXT, upper_texts TEXT);
 
+-- Attributes of components as JSON objects, position -> text: once for all runs that have the same, as instruments and
+-- the like seldom change.
+CREATE TABLE attribute_set(id INTEGER PRIMARY KEY, attributes TEXT NOT NULL UNIQUE);
+
 -- Slim: lists over many runs read only this table.
 CREATE TABLE run(
   id INTEGER PRIMARY KEY, unit INTEGER NOT NULL REFERENCES unit, program TEXT NOT NULL,
@@ -51,15 +55,16 @@ CREATE INDEX run_unit ON run(unit, program, start, run_index);
 CREATE INDEX run_start ON run(start);
 
 -- The arrays are JSON, by position of the layout: vals in the unit of the component, codes (null: no result), seconds.
--- texts, comments and attributes are JSON objects, position -> text. In texts stands what is no finite number or does
--- not fit a double; its number is null. An archive for questions without values has empty arrays.
+-- texts and comments are JSON objects, position -> text. In texts stands what is no finite number or does not fit a
+-- double; its number is null. An archive for questions without values has empty arrays.
 CREATE TABLE run_values(
   run INTEGER PRIMARY KEY REFERENCES run ON DELETE CASCADE,
   key BLOB NOT NULL,          -- SHA-256 of unit, program, start_text, run_index, position
   revision INTEGER NOT NULL DEFAULT 1,
   content BLOB NOT NULL,      -- SHA-256 of all that the run says
   start_text TEXT NOT NULL, duration REAL, operator TEXT, panel TEXT, source TEXT, comment TEXT,
-  vals TEXT NOT NULL, codes TEXT NOT NULL, seconds TEXT, texts TEXT, comments TEXT, attributes TEXT,
+  vals TEXT NOT NULL, codes TEXT NOT NULL, seconds TEXT, texts TEXT, comments TEXT,
+  attributes INTEGER REFERENCES attribute_set,
   UNIQUE(key, revision));
 
 -- What failed in current revisions, one row each: all failing measurements and, where it is none of them, what failed
