@@ -2,6 +2,7 @@
 
 #include "archive/ArchiveTexts.h"
 #include "archive/Database.h"
+#include "archive/Removal.h"
 #include "archive/RunWriter.h"
 #include "archive/Schema.h"
 
@@ -111,6 +112,18 @@ bool Archive::Add(std::span<const Run> runs, AddedRuns* counts)
     if (!d->writer)
         d->writer = std::make_unique<RunWriter>(*d->database, d->keepValues);
     return d->Check(d->writer->Add(runs, counts));
+}
+
+bool Archive::RemoveBefore(const TimeBound& time, std::int64_t* removed)
+{
+    if (!d->database)
+        return d->Fail(ArchiveTexts::tr("No archive is open"));
+    std::int64_t count = 0;
+    if (!d->Check(RemoveRunsBefore(*d->database, time, &count)))
+        return false;
+    if (removed)
+        *removed = count;
+    return true;
 }
 
 QString Archive::GetErrorText() const

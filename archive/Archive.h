@@ -14,6 +14,8 @@ class QSqlDatabase;
 
 namespace ZYN {
 
+struct TimeBound;
+
 /// What became of a run that was handed to an archive.
 enum class AddedAs : std::uint8_t {
     New,
@@ -63,6 +65,11 @@ public:
     /// Adds runs in one transaction: all of them or, with an error, none.
     /// \param counts set to what became of them; may be null
     bool Add(std::span<const Run> runs, AddedRuns* counts);
+
+    /// Removes runs that started before a time, in one transaction, and units that have none left. What is
+    /// left keeps its place: a retest does not become a first run. \param removed set to the number of runs;
+    /// may be null
+    bool RemoveBefore(const TimeBound& time, std::int64_t* removed);
 
     /// What is wrong and what to do, in one sentence; never holds a password.
     QString GetErrorText() const;

@@ -3,6 +3,7 @@
 #include "SampleRuns.h"
 #include "Server.h"
 #include "archive/Archive.h"
+#include "archive/Questions.h"
 
 #include <QtSql/QSqlQuery>
 #include <QtSql/QSqlRecord>
@@ -120,6 +121,27 @@ private slots:
             QCOMPARE(Ask(archive,
                          "SELECT path, num, is_first FROM failure f JOIN component c ON c.id = f.component"),
                      QString("Supply / Core / Core voltage|1.05|1"));
+        }
+    }
+
+    void aRetestDoesNotBecomeAFirstRun()
+    {
+        const Run first = SampleRuns::Of("A", 1, -1), retest = SampleRuns::Of("A", 5),
+                  late = SampleRuns::Of("A", 4);
+        const Run other = SampleRuns::Of("B", 1, -1);
+        const TimeBound before{*first.start + 120'000 + 3'600'000, true};
+        QTemporaryDir folder;
+        for (const QString& url : {folder.filePath("line.zya"), Server::NewDatabase()}) {
+            Archive archive;
+            std::int64_t removed = 0;
+            QVERIFY(archive.Create(url) && archive.Add(Runs{first, retest, other}, nullptr));
+            QVERIFY2(archive.RemoveBefore(before, &removed), qPrintable(archive.GetErrorText()));
+            QCOMPARE(removed, 2);
+            QVERIFY(archive.Add({&late, 1}, nullptr));
+            QCOMPARE(Ask(archive, runsOfUnits), QString("A|4|1|0|1 A|5|1|0|1"));
+            QCOMPARE(Ask(archive, "SELECT (SELECT count(*) FROM unit), (SELECT count(*) FROM failure), "
+                                  "(SELECT count(*) FROM run_values)"),
+                     QString("1|0|2"));
         }
     }
 

@@ -1,5 +1,6 @@
 #include "commands/Command.h"
 #include "loading/LoadAccount.h"
+#include "questions/TimeArgument.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
 
@@ -17,6 +18,7 @@ namespace {
 struct Arguments {
     std::string url;
     std::vector<std::string> inputs;
+    std::string before;
     bool json = false;
 };
 
@@ -160,6 +162,28 @@ int Info(const Arguments& arguments, const Manners&)
     return ExitGood;
 }
 
+int Remove(const Arguments& arguments, const Manners& manners)
+{
+    const QString command = QStringLiteral("archive remove");
+    const std::optional<QString> url = UrlOf(arguments, command);
+    if (!url)
+        return ExitUsage;
+    const QString text = QString::fromStdString(arguments.before);
+    const std::optional<TimeBound> before = ParseTime(text);
+    if (!before)
+        return WrongUsage(
+            command, Texts::tr("'%1' is no time").arg(text),
+            Texts::tr("write a day as 2026-11-24, a time as 2026-11-24T13:00 or, with an offset, "
+                      "2026-11-24T13:00+01:00"));
+    Archive archive;
+    std::int64_t removed = 0;
+    if (!archive.Open(*url, Archive::Mode::ReadWrite) || !archive.RemoveBefore(*before, &removed))
+        return Fail(archive.GetErrorText());
+    if (!manners.quiet)
+        Print(Texts::tr("%n runs were removed", nullptr, int(removed)) + QLatin1Char('\n'));
+    return ExitGood;
+}
+
 int Upgrade(const Arguments& arguments, const Manners& manners)
 {
     const std::optional<QString> url = UrlOf(arguments, QStringLiteral("archive upgrade"));
@@ -206,6 +230,14 @@ Command ArchiveCommand(CommandLine& zyn, const Manners& manners)
     CommandLine info = AddCommand(archive, "info", Texts::tr("Say what an archive holds"), arguments);
     info.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object"));
     info.Footer({}, {"zyn archive info line.zya"});
+    CommandLine remove = AddCommand(archive, "remove", Texts::tr("Remove old runs"), arguments);
+    remove
+        .Value("--before", arguments->before,
+               Texts::tr("Runs that started before this time: 2026-11-24, 2026-11-24T13:00"))
+        .Named(Texts::tr("TIME"))
+        .Required();
+    remove.Footer(Texts::tr("What is left keeps its place: a retest does not become a first run."),
+                  {"zyn archive remove line.zya --before 2026-01-01"});
     CommandLine upgrade = AddCommand(archive, "upgrade",
                                      Texts::tr("Bring the tables of an older archive up to date"), arguments);
     upgrade.Footer({}, {"zyn archive upgrade line.zya"});
@@ -214,7 +246,7 @@ Command ArchiveCommand(CommandLine& zyn, const Manners& manners)
     return {archive,
             [=, &manners] {
                 const std::pair<CommandLine, int (*)(const Arguments&, const Manners&)> commands[] = {
-                    {create, Create}, {add, Add}, {info, Info}, {upgrade, Upgrade}};
+                    {create, Create}, {add, Add}, {info, Info}, {remove, Remove}, {upgrade, Upgrade}};
                 for (const auto& [command, run] : commands)
                     if (command.IsChosen())
                         return run(*arguments, manners);
