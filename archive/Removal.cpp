@@ -6,7 +6,7 @@ namespace {
 
 // Before a time in UTC, or on the tester's clock.
 const QString utc = QStringLiteral("start < ?");
-const QString testerClock = QStringLiteral("start < ? - coalesce(utc_offset, 0) * 60000");
+const QString testerClock = QStringLiteral("start < CAST(? AS bigint) - coalesce(utc_offset, 0) * 60000");
 
 const QString failures = QStringLiteral("DELETE FROM failure WHERE run IN (SELECT id FROM run WHERE %1)");
 const QString values = QStringLiteral("DELETE FROM run_values WHERE run IN (SELECT id FROM run WHERE %1)");

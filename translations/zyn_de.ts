@@ -2532,5 +2532,24 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <source>Distributions and trends</source>
         <translation>Verteilungen und Verläufe</translation>
     </message>
+    <message numerus="yes">
+        <source>%n runs were removed</source>
+        <translation>
+            <numerusform>%n Lauf wurde entfernt</numerusform>
+            <numerusform>%n Läufe wurden entfernt</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Remove old runs</source>
+        <translation>Alte Läufe entfernen</translation>
+    </message>
+    <message>
+        <source>Runs that started before this time: 2026-11-24, 2026-11-24T13:00</source>
+        <translation>Läufe, die vor dieser Zeit begannen: 2026-11-24, 2026-11-24T13:00</translation>
+    </message>
+    <message>
+        <source>What is left keeps its place: a retest does not become a first run.</source>
+        <translation>Was bleibt, behält seinen Platz: Aus einem Wiederholungstest wird kein erster Lauf.</translation>
+    </message>
 </context>
 </TS>

@@ -216,5 +216,12 @@
             <numerusform>%n values are no finite number</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n runs were removed</source>
+        <translation>
+            <numerusform>%n run was removed</numerusform>
+            <numerusform>%n runs were removed</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

@@ -168,16 +168,12 @@ int Remove(const Arguments& arguments, const Manners& manners)
     const std::optional<QString> url = UrlOf(arguments, command);
     if (!url)
         return ExitUsage;
-    const QString text = QString::fromStdString(arguments.before);
-    const std::optional<TimeBound> before = ParseTime(text);
-    if (!before)
-        return WrongUsage(
-            command, Texts::tr("'%1' is no time").arg(text),
-            Texts::tr("write a day as 2026-11-24, a time as 2026-11-24T13:00 or, with an offset, "
-                      "2026-11-24T13:00+01:00"));
+    TimeBound before;
+    if (const std::optional<int> code = TakeTime(command, "--before", arguments.before, &before))
+        return *code;
     Archive archive;
     std::int64_t removed = 0;
-    if (!archive.Open(*url, Archive::Mode::ReadWrite) || !archive.RemoveBefore(*before, &removed))
+    if (!archive.Open(*url, Archive::Mode::ReadWrite) || !archive.RemoveBefore(before, &removed))
         return Fail(archive.GetErrorText());
     if (!manners.quiet)
         Print(Texts::tr("%n runs were removed", nullptr, int(removed)) + QLatin1Char('\n'));

@@ -66,13 +66,7 @@ std::optional<int> QuestionOptions::CheckTime(const char* option, const std::str
 {
     if (text.empty())
         return std::nullopt;
-    *bound = ParseTime(QString::fromStdString(text));
-    if (*bound)
-        return std::nullopt;
-    return WrongValue(
-        Texts::tr("%1: '%2' is no time").arg(QLatin1String(option), QString::fromStdString(text)),
-        Texts::tr("write a day as 2026-11-24, a time as 2026-11-24T13:00 or, with an offset, "
-                  "2026-11-24T13:00+01:00"));
+    return TakeTime(m_name, option, text, &bound->emplace());
 }
 
 std::optional<int> QuestionOptions::CheckRuns(RunFilter* filter) const

@@ -1,5 +1,8 @@
 #include "questions/TimeArgument.h"
 
+#include "terminal/Problem.h"
+#include "terminal/Texts.h"
+
 #include <QtCore/QDateTime>
 #include <QtCore/QRegularExpression>
 
@@ -15,8 +18,6 @@ int MinutesOf(const QString& offset)
     const int minutes = offset.mid(1, 2).toInt() * 60 + offset.last(2).toInt();
     return offset.startsWith(QLatin1Char('-')) ? -minutes : minutes;
 }
-
-} // namespace
 
 std::optional<TimeBound> ParseTime(const QString& text)
 {
@@ -34,6 +35,21 @@ std::optional<TimeBound> ParseTime(const QString& text)
     const QString offset = match.captured(5);
     const qint64 at = QDateTime(day, time, Qt::UTC).toMSecsSinceEpoch() - qint64(MinutesOf(offset)) * 60000;
     return TimeBound{at, offset.isEmpty()};
+}
+
+} // namespace
+
+std::optional<int> TakeTime(const QString& command, const char* option, const std::string& text,
+                            TimeBound* bound)
+{
+    const QString given = QString::fromStdString(text);
+    if (const std::optional<TimeBound> time = ParseTime(given)) {
+        *bound = *time;
+        return std::nullopt;
+    }
+    return WrongUsage(command, Texts::tr("%1: '%2' is no time").arg(QLatin1String(option), given),
+                      Texts::tr("write a day as 2026-11-24, a time as 2026-11-24T13:00 or, with an offset, "
+                                "2026-11-24T13:00+01:00"));
 }
 
 } // namespace ZYN::Tool

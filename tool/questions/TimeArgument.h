@@ -5,12 +5,14 @@
 #include <QtCore/QString>
 
 #include <optional>
+#include <string>
 
 namespace ZYN::Tool {
 
-/// A day (it means its beginning) or a time of the command line: "2026-11-24", "2026-11-24T13:00", also with
-/// seconds, with a blank for the T, and with an offset ("Z", "+01:00"). Without an offset it is compared with
-/// the tester's clock. \return none for another text
-std::optional<TimeBound> ParseTime(const QString& text);
+/// Takes what a time option was given: a day (it means its beginning) or a time, "2026-11-24",
+/// "2026-11-24T13:00", also with seconds, with a blank for the T, and with an offset ("Z", "+01:00"). Without
+/// an offset it is compared with the tester's clock. \return the exit code for another text; it was told
+std::optional<int> TakeTime(const QString& command, const char* option, const std::string& text,
+                            TimeBound* bound);
 
 } // namespace ZYN::Tool
