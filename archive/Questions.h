@@ -89,6 +89,14 @@ struct MeasuredValue {
     int code = 0;
 };
 
+/// What people need beside a number to read it.
+struct NumberStyle {
+    int factor = 0;   ///< power of ten of the prefix that people see it with
+    int unitCode = 0; ///< code of the unit; 25 hexadecimal, 26 binary
+    /// What the lower limit is compared with: "==" is the one good value, "!=" the one bad one.
+    QString lowerOperator;
+};
+
 /// Figures of one measurement under one set of limits. Those that do not exist are empty.
 struct MeasureRow {
     AnswerGroup group; ///< the program, where the chosen runs are of several
@@ -100,7 +108,7 @@ struct MeasureRow {
     std::int64_t notNumbers = 0; ///< not-a-number and infinities
     std::optional<Drift> drift;
     std::vector<RuleHit> rules;
-    int factor = 0;                    ///< power of ten of the prefix that people see it with
+    NumberStyle style;
     std::vector<MeasuredValue> values; ///< finite ones, in order of time; only where asked for
 };
 
@@ -119,7 +127,7 @@ struct FirstFailure {
     std::optional<double> value;
     QString unit;
     std::optional<double> lower, upper;
-    int factor = 0; ///< power of ten of the prefix that people see it with
+    NumberStyle style;
 };
 
 struct HistoryRow {

@@ -40,6 +40,7 @@ bool FillLimits(const Archive& archive, const std::vector<Found>& found, std::ve
             const Judgement& judgement = (*limits)[std::size_t(found[i].position)];
             failure->lower = judgement.lower;
             failure->upper = judgement.upper;
+            failure->style.lowerOperator = QString::fromStdString(judgement.lowerOperator);
         }
     }
     return true;
@@ -53,7 +54,8 @@ std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive, const 
     std::optional<QSqlQuery> query = runs.Select(
         QStringLiteral(
             "u.product, u.serial, u.seen_ident, u.lot, r.station, v.start_text, r.program, r.code, r.unit, "
-            "r.limits, c.path, i.pos, i.unit, i.factor, f.num, CASE WHEN f.num IS NULL THEN v.texts END"),
+            "r.limits, c.path, i.pos, i.unit, i.factor, i.unit_code, f.num, CASE WHEN f.num IS NULL THEN "
+            "v.texts END"),
         ChosenRuns::JoinHome() + runs.JoinValues() + runs.JoinFirstFailure() +
             QStringLiteral(
                 " LEFT JOIN component c ON c.id = f.component LEFT JOIN layout_item i ON i.layout = r.layout "
@@ -84,7 +86,8 @@ std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive, const 
             FirstFailure failure;
             failure.path = path.toString();
             failure.unit = next().toString();
-            failure.factor = next().toInt();
+            failure.style.factor = next().toInt();
+            failure.style.unitCode = next().toInt();
             failure.value = ValueOf(*query, column, column + 1, place.position);
             row.firstFailure = failure;
         }

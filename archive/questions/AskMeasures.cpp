@@ -86,7 +86,7 @@ private:
         row.ident = series.ident;
         row.path = series.path;
         row.unit = series.unit;
-        row.factor = series.factor;
+        row.style = series.style;
         row.lower = series.judgement.lower;
         row.upper = series.judgement.upper;
         row.failed = series.failed;

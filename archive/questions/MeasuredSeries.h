@@ -11,7 +11,7 @@ namespace ZYN {
 /// All that was measured of one component under one set of limits, by the order of runs.
 struct MeasuredSeries {
     QString program, ident, path, name, unit;
-    int factor = 0; ///< of its last layout
+    NumberStyle style; ///< by its last layout
     Judgement judgement;
 
     std::vector<std::uint32_t> runs; ///< place of the run in the order of runs

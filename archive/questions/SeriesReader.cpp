@@ -26,15 +26,18 @@ bool SeriesReader::ReadLayouts()
 {
     std::optional<QSqlQuery> query = Ask(
         m_archive,
-        QStringLiteral("SELECT i.layout, c.id, c.kind, i.data_type, c.ident, c.path, i.unit, i.factor FROM "
-                       "layout_item i JOIN component c ON c.id = i.component ORDER BY i.layout, i.pos"));
+        QStringLiteral(
+            "SELECT i.layout, c.id, c.kind, i.data_type, c.ident, c.path, i.unit, i.factor, i.unit_code FROM "
+            "layout_item i JOIN component c ON c.id = i.component ORDER BY i.layout, i.pos"));
     while (query && query->next()) {
         const int dataType = query->value(3).toInt();
         m_layouts[query->value(0).toInt()].push_back(
             {query->value(1).toInt(),
              query->value(2).toInt() == int(ComponentKind::Measurement) && (dataType == 7 || dataType == 8),
-             query->value(4).toString(), query->value(5).toString(), query->value(6).toString(),
-             query->value(7).toInt()});
+             query->value(4).toString(),
+             query->value(5).toString(),
+             query->value(6).toString(),
+             {query->value(7).toInt(), query->value(8).toInt(), {}}});
     }
     return query && IsComplete(m_archive, *query);
 }
@@ -155,7 +158,9 @@ int SeriesReader::SeriesOf(const Component& component, const QString& program, c
         series.unit = component.unit;
         series.judgement = judgement;
     }
-    m_series[std::size_t(known->second)].factor = component.factor;
+    NumberStyle& style = m_series[std::size_t(known->second)].style;
+    style = component.style;
+    style.lowerOperator = QString::fromStdString(judgement.lowerOperator);
     return known->second;
 }
 

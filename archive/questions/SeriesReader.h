@@ -31,7 +31,7 @@ private:
         int id = 0;
         bool isNumber = false;
         QString ident, path, unit;
-        int factor = 0;
+        NumberStyle style;
     };
     /// By position: the index of a series, or -1 for what is no measurement of numbers.
     using SeriesOfLayout = std::vector<int>;

@@ -60,7 +60,7 @@ void Print(const std::vector<HistoryRow>& rows)
                  {Texts::tr("Failed first"), Side::Left, true}});
     for (const HistoryRow& row : rows) {
         const FirstFailure failure = row.firstFailure.value_or(FirstFailure());
-        const Scale scale(failure.unit, failure.factor);
+        const Scale scale(failure.unit, failure.style);
         table.Add({Harmless(row.start),
                    Harmless(row.product),
                    Harmless(row.lot),

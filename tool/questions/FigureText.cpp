@@ -44,33 +44,55 @@ QString TitleOfGroup(const QString& name)
     return name;
 }
 
-Scale::Scale(const QString& baseUnit, int factor)
-    : unit(Harmless(baseUnit))
+Scale::Scale(const QString& baseUnit, const NumberStyle& style)
+    : m_unit(Harmless(baseUnit))
+    , m_base(style.unitCode == 25   ? 16
+             : style.unitCode == 26 ? 2
+                                    : 10)
+    , m_lowerOperator(style.lowerOperator)
 {
-    const QString prefix = baseUnit.isEmpty() ? QString() : PrefixOf(factor);
+    const QString prefix = baseUnit.isEmpty() || m_base != 10 ? QString() : PrefixOf(style.factor);
     if (prefix.isEmpty())
         return;
-    unit = prefix + unit;
-    divisor = std::pow(10.0, factor);
+    m_unit = prefix + m_unit;
+    m_divisor = std::pow(10.0, style.factor);
+}
+
+bool Scale::HasDigits(double number) const
+{
+    return m_base != 10 && number == std::floor(number) && std::abs(number) < 0x1p53;
 }
 
 QString Scale::Number(const std::optional<double>& number) const
 {
-    return number ? QString::number(*number / divisor, 'g', 5) : QString();
+    if (!number)
+        return {};
+    return HasDigits(*number) ? QString::number(qint64(*number), m_base)
+                              : QString::number(*number / m_divisor, 'g', 5);
 }
 
 QString Scale::WithUnit(const std::optional<double>& number) const
 {
-    return !number || unit.isEmpty() ? Number(number) : Number(number) + QLatin1Char(' ') + unit;
+    const bool hasUnit = number && !m_unit.isEmpty() && (m_base == 10 || HasDigits(*number));
+    return hasUnit ? Number(number) + QLatin1Char(' ') + m_unit : Number(number);
 }
 
-QString Scale::Limits(const std::optional<double>& lower, const std::optional<double>& upper) const
+QString Scale::Range(const std::optional<double>& lower, const std::optional<double>& upper) const
 {
     if (lower && upper)
         return QStringLiteral("%1 … %2").arg(Number(lower), WithUnit(upper));
     if (lower)
         return QStringLiteral("≥ ") + WithUnit(lower);
     return upper ? QStringLiteral("≤ ") + WithUnit(upper) : QString();
+}
+
+QString Scale::Limits(const std::optional<double>& lower, const std::optional<double>& upper) const
+{
+    if (lower && m_lowerOperator == QLatin1String("=="))
+        return QStringLiteral("= ") + WithUnit(lower);
+    if (lower && m_lowerOperator == QLatin1String("!="))
+        return QStringLiteral("≠ ") + WithUnit(lower);
+    return Range(lower, upper);
 }
 
 } // namespace ZYN::Tool

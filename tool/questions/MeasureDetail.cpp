@@ -91,7 +91,7 @@ void PrintFigures(const MeasureRow& row, const Scale& scale)
     if (row.mean) {
         const QString sigma = row.sigma ? Texts::tr(", sigma %1").arg(scale.WithUnit(row.sigma)) : QString();
         lines.Add(Texts::tr("Mean"), scale.WithUnit(row.mean) + sigma);
-        lines.Add(Texts::tr("Range"), scale.Limits(row.min, row.max));
+        lines.Add(Texts::tr("Range"), scale.Range(row.min, row.max));
     }
     if (row.drift)
         lines.Add(Texts::tr("Drift"),
@@ -119,6 +119,18 @@ std::vector<double> MeansOverTime(const std::vector<MeasuredValue>& values, int 
     return sums;
 }
 
+// Values that failed are far away more often than not, and would make a straight line of all others.
+void PrintOverTime(const MeasureRow& row)
+{
+    std::vector<MeasuredValue> passed;
+    for (const MeasuredValue& value : row.values)
+        if (value.code > 0)
+            passed.push_back(value);
+    if (passed.size() > 1)
+        Print(QStringLiteral("\n") + indent + Texts::tr("Over time, what passed") + QLatin1Char('\n') +
+              indent + Sparkline(MeansOverTime(passed, PlotColumns())) + QLatin1Char('\n'));
+}
+
 void PrintValues(const MeasureRow& row, const Scale& scale)
 {
     Table table({{Texts::tr("Start")},
@@ -136,7 +148,7 @@ void PrintValues(const MeasureRow& row, const Scale& scale)
 
 void PrintMeasureDetail(const MeasureRow& row, bool withValues)
 {
-    const Scale scale(row.unit, row.factor);
+    const Scale scale(row.unit, row.style);
     QString title = Harmless(row.ident) + indent + Harmless(row.path);
     for (const auto& [name, value] : row.group)
         title += indent + Harmless(value);
@@ -149,10 +161,7 @@ void PrintMeasureDetail(const MeasureRow& row, bool withValues)
             Print(QString(indent + line).replace(QRegularExpression(QStringLiteral(" +$")), QString()) +
                   QLatin1Char('\n'));
     }
-    if (row.count > 1) {
-        Print(QStringLiteral("\n") + indent + Texts::tr("Over time") + QLatin1Char('\n') + indent +
-              Sparkline(MeansOverTime(row.values, PlotColumns())) + QLatin1Char('\n'));
-    }
+    PrintOverTime(row);
     if (withValues && row.count > 0) {
         Print(QStringLiteral("\n"));
         PrintValues(row, scale);

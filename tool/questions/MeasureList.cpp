@@ -54,7 +54,7 @@ void PrintMeasureList(const std::vector<MeasureRow>& rows)
                     {Texts::tr("Rules"), Side::Left, false, true}});
     Table table(columns);
     for (const MeasureRow& row : rows) {
-        const Scale scale(row.unit, row.factor);
+        const Scale scale(row.unit, row.style);
         QList<TableCell> cells{{row.cpk ? QString::number(*row.cpk, 'f', 2) : QString(), StyleOfCpk(row.cpk)},
                                row.failed > 0 ? QString::number(row.failed) : QString()};
         for (const auto& [name, value] : row.group)
