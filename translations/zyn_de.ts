@@ -2200,8 +2200,8 @@ stehen der Reihe nach, andere Gruppen mit der schlechtesten oben: 1 von 2 ist ni
         <translation>Sechs steigend oder fallend</translation>
     </message>
     <message>
-        <source>Over time</source>
-        <translation>Zeitlicher Verlauf</translation>
+        <source>Over time, what passed</source>
+        <translation>Im Lauf der Zeit, was bestanden hat</translation>
     </message>
     <message>
         <source>trend</source>
