@@ -17,9 +17,13 @@
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/ZYNSession.h>
 
+#include <QtCore/QLoggingCategory>
+
 namespace ZYN {
 
 namespace {
+
+Q_LOGGING_CATEGORY(logExport, "zyn.export")
 
 /// A header item of a unit's test. Unlike everywhere else its End follows whatever Begin answered.
 template <class Item>
@@ -83,6 +87,11 @@ bool CExportDirectorBase::ExportTestResultSet(TestResultSet* resultSet, IExportB
         }
         builder->EndTestProgram(program.data());
     }
+    if (!result)
+        qCWarning(logExport,
+                  "A run of '%ls' has no result for its program and is left out of the report: add one, or record "
+                  "the run with a RunRecorder.",
+                  qUtf16Printable(program->GetNameView()));
     builder->EndTestResultSet(resultSet);
 
     if (!wasOpened)

@@ -2551,5 +2551,9 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <source>What is left keeps its place: a retest does not become a first run.</source>
         <translation>Was bleibt, behält seinen Platz: Aus einem Wiederholungstest wird kein erster Lauf.</translation>
     </message>
+    <message>
+        <source>the run holds no results: its program had none</source>
+        <translation>der Lauf enthält keine Ergebnisse: sein Programm hatte keins</translation>
+    </message>
 </context>
 </TS>

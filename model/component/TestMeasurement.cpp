@@ -30,6 +30,11 @@ TestProgram* TestMeasurement::GetTestProgram() const
     return m_parent ? m_parent->GetTestProgram() : nullptr;
 }
 
+TestStep* TestMeasurement::GetTestStep() const
+{
+    return m_parent;
+}
+
 void TestMeasurement::SetResult(TestResult* result)
 {
     TestComponent::SetResult(result);

@@ -24,4 +24,9 @@ TestProgram* TestParameter::GetTestProgram() const
     return m_parent ? m_parent->GetTestProgram() : nullptr;
 }
 
+TestGroup* TestParameter::GetTestGroup() const
+{
+    return m_parent;
+}
+
 } // namespace ZYN

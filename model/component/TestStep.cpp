@@ -80,4 +80,9 @@ TestProgram* TestStep::GetTestProgram() const
     return m_parent ? m_parent->GetTestProgram() : nullptr;
 }
 
+TestGroup* TestStep::GetTestGroup() const
+{
+    return m_parent;
+}
+
 } // namespace ZYN

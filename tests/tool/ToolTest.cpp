@@ -222,6 +222,16 @@ private slots:
         QVERIFY2(outcome.output.startsWith("b.zyr:21:"), outcome.output);
     }
 
+    void CheckNotesAnEmptyRun()
+    {
+        QByteArray report = lot.Content("panel-0004.zyr");
+        const qsizetype begin = report.indexOf("<Testprogram");
+        const qsizetype end = report.indexOf("</Testprogram>") + 14;
+        folder->Write("b.zyr", report.remove(begin, end - begin));
+        const auto outcome = folder->Zyn("check b.zyr");
+        QVERIFY2(outcome.output.contains("the run holds no results: its program had none"), outcome.output);
+    }
+
     // A value that was changed after the verdict, and a verdict that was changed after the value.
     void CheckComparesVerdicts()
     {

@@ -34,9 +34,15 @@ struct Place {
     bool hasLimits; // a measurement without limits is read with those of the one before it
 };
 
+struct RunPlace {
+    qint64 line;
+    qint64 column;
+    bool hasProgram; // a run that has none is read with an empty one
+};
+
 struct Places {
     QList<Place> components;
-    QList<bool> runs; // whether each has a program; one that has none is read with an empty one
+    QList<RunPlace> runs;
 };
 
 void TakeElement(const QXmlStreamReader& reader, bool inParameter, Places* places)
@@ -44,9 +50,9 @@ void TakeElement(const QXmlStreamReader& reader, bool inParameter, Places* place
     const QStringView name = reader.name();
     const bool isProgram = name == QLatin1String("Testprogram");
     if (name == QLatin1String("TestResultSet"))
-        places->runs.append(false);
+        places->runs.append({reader.lineNumber(), reader.columnNumber(), false});
     else if (isProgram && !places->runs.isEmpty())
-        places->runs.last() = true;
+        places->runs.last().hasProgram = true;
     if (name == QLatin1String("Limits") && !inParameter && !places->components.isEmpty())
         places->components.last().hasLimits = true;
     if (isProgram || name == QLatin1String("TestGroup") || name == QLatin1String("TestStep") ||
@@ -107,7 +113,7 @@ private:
     bool HasProgram()
     {
         m_fits = m_fits && m_nextRun < m_places.runs.size();
-        return m_fits && m_places.runs.at(m_nextRun++);
+        return m_fits && m_places.runs.at(m_nextRun++).hasProgram;
     }
 
     // Four levels deep at most: program, group, step, measurement.
@@ -191,7 +197,14 @@ QList<Finding> CheckReport(const QString& path)
             findings.append(FromImport(finding));
     const bool isWhole = std::none_of(findings.begin(), findings.end(),
                                       [](const Finding& finding) { return finding.isError; });
-    if (!VerdictCheck(PlacesOf(*bytes), &findings).Check(&test))
+    const Places places = PlacesOf(*bytes);
+    for (const RunPlace& run : places.runs)
+        if (!run.hasProgram)
+            findings.append({.isError = false,
+                             .line = run.line,
+                             .column = run.column,
+                             .text = Texts::tr("the run holds no results: its program had none")});
+    if (!VerdictCheck(places, &findings).Check(&test))
         findings.append(
             {.isError = isWhole,
              .text = Texts::tr("verdicts and values could not be compared: the components that were read "

@@ -24,6 +24,8 @@ public:
     CtrlValidation* GetValidationCtrl() const override;
     QList<TestComponent*> GetChildren() const override;
     TestProgram* GetTestProgram() const override;
+    /// The step that the measurement belongs to, or null.
+    TestStep* GetTestStep() const;
     /// Also copies the result's code to `resultState`.
     void SetResult(TestResult* result) override;
 

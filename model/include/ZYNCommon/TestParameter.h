@@ -21,6 +21,8 @@ public:
 
     long GetPosition() const;
     TestProgram* GetTestProgram() const override;
+    /// The group that the parameter belongs to, or null.
+    TestGroup* GetTestGroup() const;
 
 private:
     friend class TestGroup;

@@ -41,6 +41,8 @@ public:
 
     QList<TestComponent*> GetChildren() const override;
     TestProgram* GetTestProgram() const override;
+    /// The group that the step belongs to, or null.
+    TestGroup* GetTestGroup() const;
 
 private:
     friend class TestGroup;
