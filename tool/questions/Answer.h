@@ -1,11 +1,10 @@
 #pragma once
 
-#include "terminal/Problem.h"
-
 #include "archive/Questions.h"
 
 #include <QtCore/QJsonObject>
 #include <QtCore/QJsonValue>
+#include <QtCore/QList>
 #include <QtCore/QStringList>
 
 #include <optional>
@@ -39,7 +38,9 @@ public:
     }
 
     QJsonObject ToJson() const;
-    const std::vector<Item>& GetItems() const { return m_items; }
+    /// As columns of a table, an object's parts each in its own.
+    QStringList Titles() const;
+    QList<QJsonValue> Values() const;
 
 private:
     std::vector<Item> m_items;
@@ -49,10 +50,4 @@ using Answer = std::vector<AnswerRow>;
 
 /// One object a line on standard output.
 void PrintJson(const Answer& answer);
-/// A table for spreadsheets and programs: a line of titles, cells separated by semicolons. A list within a
-/// row is one cell. \param empty tells the titles of an answer without rows \param replace whether it may
-/// take the place of an existing file
-std::optional<Problem> WriteCsv(const Answer& answer, const AnswerRow& empty, const QString& path,
-                                bool replace);
-
 } // namespace ZYN::Tool

@@ -1,11 +1,10 @@
 #include "questions/QuestionOptions.h"
 
 #include "files/Inputs.h"
+#include "questions/AnswerFile.h"
 #include "questions/TimeArgument.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
-
-#include <QtCore/QFileInfo>
 
 namespace ZYN::Tool {
 
@@ -50,7 +49,7 @@ void QuestionOptions::DescribeRuns(CommandLine& line, bool withSerial)
 void QuestionOptions::Describe(CommandLine& line, bool withSerial)
 {
     DescribeRuns(line, withSerial);
-    line.Value("-o,--output", m_file, Texts::tr("Write the answer into a file that ends in .csv"))
+    line.Value("-o,--output", m_file, Texts::tr("Write the answer into a file that ends in .csv or .xlsx"))
         .Named(Texts::tr("FILE"));
     line.Flag("--force", m_force, Texts::tr("Replace an existing file"));
     line.Flag("--json", m_json, Texts::tr("For programs: one JSON object a line"));
@@ -87,9 +86,9 @@ std::optional<int> QuestionOptions::Check(RunFilter* filter) const
     if (const std::optional<int> code = CheckRuns(filter))
         return code;
     const QString file = PathOf(m_file);
-    if (!file.isEmpty() && QFileInfo(file).suffix().toLower() != QLatin1String("csv"))
+    if (!file.isEmpty() && !IsAnswerFile(file))
         return WrongValue(Texts::tr("%1: the format is not clear").arg(file),
-                          Texts::tr("give it a name that ends in .csv"));
+                          Texts::tr("give it a name that ends in .csv or .xlsx"));
     if (!file.isEmpty() && m_json)
         return WrongValue(Texts::tr("-o and --json exclude each other"), Texts::tr("choose one of them"));
     return std::nullopt;
@@ -98,7 +97,7 @@ std::optional<int> QuestionOptions::Check(RunFilter* filter) const
 std::optional<Problem> QuestionOptions::Tell(const Reply& reply, const Manners& manners) const
 {
     if (!m_file.empty())
-        return WriteCsv(reply.answer, reply.empty, PathOf(m_file), m_force);
+        return WriteAnswer({m_name, reply.answer, reply.empty}, PathOf(m_file), m_force);
     if (m_json)
         PrintJson(reply.answer);
     else if (!reply.answer.empty())

@@ -4,6 +4,7 @@
 #include "questions/Answer.h"
 #include "terminal/CommandLine.h"
 #include "terminal/Manners.h"
+#include "terminal/Problem.h"
 
 #include "archive/Questions.h"
 
