@@ -2272,20 +2272,12 @@ stehen der Reihe nach, andere Gruppen mit der schlechtesten oben: 1 von 2 ist ni
         <translation>Eine Seriennummer eines Produkts in mehreren Losen ist ein Prüfling</translation>
     </message>
     <message>
-        <source>Write the answer into a file that ends in .csv</source>
-        <translation>Die Antwort in eine Datei schreiben, die auf .csv endet</translation>
-    </message>
-    <message>
         <source>%1: &apos;%2&apos; is no time</source>
         <translation>%1: &apos;%2&apos; ist keine Zeit</translation>
     </message>
     <message>
         <source>write a day as 2026-11-24, a time as 2026-11-24T13:00 or, with an offset, 2026-11-24T13:00+01:00</source>
         <translation>einen Tag als 2026-11-24 schreiben, eine Zeit als 2026-11-24T13:00 oder mit Zeitzone 2026-11-24T13:00+01:00</translation>
-    </message>
-    <message>
-        <source>give it a name that ends in .csv</source>
-        <translation>einen Namen geben, der auf .csv endet</translation>
     </message>
     <message>
         <source>-o and --json exclude each other</source>
@@ -2554,6 +2546,14 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
     <message>
         <source>the run holds no results: its program had none</source>
         <translation>der Lauf enthält keine Ergebnisse: sein Programm hatte keins</translation>
+    </message>
+    <message>
+        <source>Write the answer into a file that ends in .csv or .xlsx</source>
+        <translation>Die Antwort in eine Datei schreiben, die auf .csv oder .xlsx endet</translation>
+    </message>
+    <message>
+        <source>give it a name that ends in .csv or .xlsx</source>
+        <translation>einen Namen wählen, der auf .csv oder .xlsx endet</translation>
     </message>
 </context>
 </TS>
