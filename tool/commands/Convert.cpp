@@ -2,6 +2,7 @@
 #include "files/Inputs.h"
 #include "files/Parallel.h"
 #include "files/SafeOutput.h"
+#include "kinds/ReportConversion.h"
 #include "kinds/ReportFile.h"
 #include "lots/LotAppend.h"
 #include "terminal/Progress.h"
@@ -9,7 +10,6 @@
 #include "terminal/Texts.h"
 #include "terminal/Usage.h"
 
-#include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QDir>
@@ -85,11 +85,8 @@ QString OutputName(const Arguments& arguments, const Input& input, const QString
 {
     if (!arguments.file.empty())
         return PathOf(arguments.file);
-    const bool isCompressed = input.relative.endsWith(QLatin1String(".gz"), Qt::CaseInsensitive);
-    const QFileInfo relative(input.relative.chopped(isCompressed ? 3 : 0));
-    return QDir::cleanPath(PathOf(arguments.folder) + QLatin1Char('/') + relative.path() + QLatin1Char('/') +
-                           relative.completeBaseName() + QLatin1Char('.') +
-                           CExportServiceReport::ExtensionForFormat(format));
+    return QDir::cleanPath(PathOf(arguments.folder) + QLatin1Char('/') +
+                           ConvertedName(input.relative, format));
 }
 
 // Every output must have one source, and none may be an input: found before anything is written.
@@ -113,35 +110,6 @@ int CheckConflicts(const QList<Job>& jobs, const InputFiles& inputs)
     return ExitGood;
 }
 
-std::optional<Problem> Convert(const Job& job, const Arguments& arguments, const QString& format)
-{
-    SafeOutput output(job.output, arguments.force);
-    if (const std::optional<Problem> refusal = output.Refusal())
-        return refusal;
-    std::optional<Problem> problem;
-    const std::unique_ptr<UUTTest> test = ReadReport(job.input.path, job.input.name, &problem);
-    if (problem)
-        return problem;
-
-    CExportServiceReport service;
-    if (!service.SetFormat(format))
-        return Problem{job.input.name, 0, Texts::tr("this build cannot write %1").arg(format), {}};
-    service.SetOutputFileName(output.TemporaryName());
-    service.SetIgnoreReportFlag(arguments.all);
-    if (!arguments.logo.empty())
-        service.SetReportLogoImage(QFileInfo(PathOf(arguments.logo)).absoluteFilePath());
-    if (!arguments.style.empty())
-        service.SetXMLStyle(PathOf(arguments.style));
-    const bool isComplete = service.Export(test.get()) && service.OutputComplete();
-    if (!isComplete && format == QLatin1String("PDF") && !service.GetOutputError().isEmpty())
-        return Problem{job.input.name, 0,
-                       Texts::tr("would take too long as PDF: %1").arg(service.GetOutputError()),
-                       Texts::tr("convert it to HTML")};
-    if (!isComplete)
-        return output.WriteProblem();
-    return output.Commit();
-}
-
 // Makes the folders of the outputs, so that no two threads do.
 std::optional<Problem> MakeFolders(const QList<Job>& jobs)
 {
@@ -163,11 +131,14 @@ QList<Conversion> ConvertAll(const QList<Job>& jobs, const Arguments& arguments,
 {
     // Text is laid out by the thread of the application only.
     const int threads = format == QLatin1String("PDF") ? 1 : AllCores();
+    const ReportConversion conversion{format, arguments.all, PathOf(arguments.logo), PathOf(arguments.style),
+                                      arguments.force};
     std::vector<Conversion> conversions(size_t(jobs.size()));
     Progress progress(jobs.size(), !manners.quiet);
     ForEachIndex(jobs.size(), threads, [&](qsizetype index) {
         const Job& job = jobs.at(index);
-        conversions[size_t(index)] = {job.input.name, job.output, Convert(job, arguments, format)};
+        conversions[size_t(index)] = {job.input.name, job.output,
+                                      ConvertReport(job.input, job.output, conversion)};
         progress.Step();
     });
     return {conversions.begin(), conversions.end()};
