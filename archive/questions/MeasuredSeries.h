@@ -17,6 +17,7 @@ struct MeasuredSeries {
     std::vector<std::uint32_t> runs; ///< place of the run in the order of runs
     std::vector<double> values;      ///< finite
     std::vector<std::int16_t> codes;
+    bool isMet = false;          ///< a run has a result of it
     std::int64_t failed = 0;     ///< with a negative code, with a value or not
     std::int64_t notNumbers = 0; ///< not-a-number and infinities
 

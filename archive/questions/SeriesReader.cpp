@@ -17,6 +17,8 @@ bool SeriesReader::Read()
 {
     if (!m_programs.Read(m_archive, m_runs) || !ReadLayouts() || !ReadOrder() || !ReadArrays())
         return false;
+    // Limits that no run was judged by, in the set of a run that lacks the component.
+    std::erase_if(m_series, [](const MeasuredSeries& series) { return !series.isMet; });
     for (MeasuredSeries& series : m_series)
         series.Sort();
     return true;
@@ -113,6 +115,7 @@ bool SeriesReader::ReadRun(const QSqlQuery& row)
         if (!verdict)
             continue;
         MeasuredSeries& one = m_series[std::size_t((*series)[position])];
+        one.isMet = true;
         one.failed += *verdict < 0;
         if (std::isnan(number) && !texts.empty()) {
             const auto text = std::find_if(texts.begin(), texts.end(),
