@@ -1,6 +1,7 @@
 #include "ByteSource.h"
 
 #include "ReportTexts.h"
+#include "Unpacker.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -52,13 +53,19 @@ void ByteSource::Begin()
     if (!Refill())
         return;
     // A device may give a single byte at first.
-    while (m_raw.size() < gzipMark.size()) {
+    while (m_raw.size() < Unpacker::MarkSize) {
         char byte = 0;
         if (ReadRaw(&byte, 1) == 0)
             break;
         m_buffer[m_raw.size()] = byte;
         m_raw = std::string_view(m_buffer.get(), m_raw.size() + 1);
     }
+    if (Unpacker::Fits(m_raw))
+        m_unpacker = std::make_unique<Unpacker>([this] {
+            const std::string_view piece = m_raw.empty() && !Refill() ? std::string_view() : m_raw;
+            m_raw = {};
+            return piece;
+        });
     if (!m_raw.starts_with(gzipMark))
         return;
     m_inflater = std::make_unique<z_stream>();
@@ -99,6 +106,12 @@ std::size_t ByteSource::Read(char* to, std::size_t size)
         return 0;
     if (m_inflater)
         return Inflate(to, size);
+    if (m_unpacker) {
+        const std::size_t count = m_unpacker->Read(to, size);
+        if (m_error.empty() && !m_unpacker->Error().empty())
+            m_error = ReportTexts::Filled(ReportTexts::Damaged, m_unpacker->Error());
+        return count;
+    }
     if (m_raw.empty())
         return ReadRaw(to, size);
     const std::size_t count = m_raw.copy(to, size);

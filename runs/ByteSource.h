@@ -9,7 +9,10 @@ struct z_stream_s;
 
 namespace ZYN {
 
-/// The bytes of a file or of a text in memory, piece by piece; compressed ones (gzip) are decompressed.
+class Unpacker;
+
+/// The bytes of a file or of a text in memory, piece by piece; compressed ones (gzip, bzip2, xz, zstd) are
+/// decompressed.
 class ByteSource {
 public:
     ByteSource();
@@ -40,6 +43,7 @@ private:
     std::string_view m_raw;                 ///< the rest of it
     std::unique_ptr<z_stream_s> m_inflater; ///< null: the bytes are not compressed
     bool m_inMember = false;                ///< of compressed bytes
+    std::unique_ptr<Unpacker> m_unpacker;   ///< of what is compressed otherwise
     std::string m_error;
 };
 

@@ -2,6 +2,8 @@
 
 #include "Texts.h"
 
+#include "runs/Unpacker.h"
+
 #include <zlib.h>
 
 #include <limits>
@@ -22,6 +24,12 @@ GzipDevice::GzipDevice(QIODevice* sourceDevice)
 {
     if (inflateInit2(stream.get(), gzipWindow) != Z_OK)
         Fail(Texts::tr("not enough memory to decompress"));
+    const QByteArray head = source->peek(MarkSize);
+    if (Unpacker::Fits({head.data(), std::size_t(head.size())}))
+        unpacker = std::make_unique<Unpacker>([this] {
+            input = source->read(inputSize);
+            return std::string_view(input.constData(), std::size_t(input.size()));
+        });
     open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
 
@@ -32,7 +40,7 @@ GzipDevice::~GzipDevice()
 
 bool GzipDevice::IsGzip(const QByteArray& start)
 {
-    return start.startsWith("\x1f\x8b");
+    return start.startsWith("\x1f\x8b") || Unpacker::Fits({start.data(), std::size_t(start.size())});
 }
 
 void GzipDevice::Fail(const QString& text)
@@ -64,6 +72,13 @@ bool GzipDevice::SkipPadding()
 
 qint64 GzipDevice::readData(char* data, qint64 maxSize)
 {
+    if (unpacker) {
+        const auto count = qint64(unpacker->Read(data, std::size_t(maxSize)));
+        if (!unpacker->Error().empty())
+            Fail(Texts::tr("the compressed data is damaged: %1")
+                     .arg(QString::fromStdString(unpacker->Error())));
+        return count > 0 ? count : -1;
+    }
     const qint64 wanted = qMin<qint64>(maxSize, std::numeric_limits<uInt>::max());
     stream->next_out = reinterpret_cast<Bytef*>(data);
     stream->avail_out = static_cast<uInt>(wanted);

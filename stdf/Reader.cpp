@@ -26,7 +26,7 @@ QString NameOf(const RawRecord& record)
 Reader::Reader(QIODevice* device)
     : source(device)
 {
-    if (GzipDevice::IsGzip(device->peek(2))) {
+    if (GzipDevice::IsGzip(device->peek(GzipDevice::MarkSize))) {
         gzip = std::make_unique<GzipDevice>(device);
         source = gzip.get();
     }

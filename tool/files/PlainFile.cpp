@@ -12,7 +12,7 @@ PlainFile::PlainFile(const QString& path)
     : m_path(path)
 {
     QFile file(path);
-    if (file.open(QIODevice::ReadOnly) && Stdf::GzipDevice::IsGzip(file.peek(2)))
+    if (file.open(QIODevice::ReadOnly) && Stdf::GzipDevice::IsGzip(file.peek(Stdf::GzipDevice::MarkSize)))
         Decompress(file);
 }
 
