@@ -56,7 +56,7 @@ install(DIRECTORY include/ZYNPersistence ${ZYN_GENERATED_INCLUDE_DIR}/ZYNPersist
 if(NOT ZYN_USE_EXTERNAL_MODEL)
   # Headers are included by their folder: "runs/Run.h".
   zyn_install_package(ZYNRuns Runs=ZYNRuns COMPONENT Runs)
-  install(FILES runs/ReportRuns.h runs/Run.h runs/RunBuilder.h runs/RunsGlobal.h
+  install(FILES runs/ReportRuns.h runs/Run.h runs/RunBuilder.h runs/RunsGlobal.h runs/StdfRuns.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZYNRuns/runs COMPONENT RunsDevelopment)
   zyn_install_package(ZYNArchive Archive=ZYNArchive COMPONENT Archive)
   install(FILES archive/Archive.h archive/ArchiveGlobal.h archive/ArchiveInfo.h archive/Questions.h

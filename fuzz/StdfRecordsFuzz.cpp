@@ -1,7 +1,8 @@
-// STDF files of any source: reader, decoder, checker, and what prints records for machines and people.
+// STDF files of any source: reader, decoder, checker, what prints records for machines and people, and runs.
 
 #include "FuzzSupport.h"
 
+#include "runs/StdfRuns.h"
 #include "stdf/Checker.h"
 #include "stdf/JsonPrinter.h"
 #include "stdf/TextPrinter.h"
@@ -24,11 +25,39 @@ void RequireJson(const QByteArray& line)
             QString::fromUtf8(line));
 }
 
+/// Runs are complete in themselves, and the same when the file is read again.
+void CheckRuns(const QByteArray& bytes)
+{
+    StdfRuns reader;
+    std::vector<Run> first;
+    for (const bool isFirst : {true, false}) {
+        std::size_t index = 0;
+        const auto fault = reader.Read({bytes.constData(), std::size_t(bytes.size())}, "lot", [&](Run&& run) {
+            const std::size_t size = run.layout->components.size();
+            Require(run.values.size() == size && run.codes.size() == size && run.seconds.size() == size,
+                    "arrays are as long as the layout");
+            Require(!run.limits || run.limits->lower.size() == size, "limits are as long as the layout");
+            Require(run.runIndex == int(index), "runs are counted");
+            if (isFirst)
+                first.push_back(run);
+            else
+                Require(index < first.size() && first[index].codes.size() <= size &&
+                            first[index].serial == run.serial && first[index].code == run.code,
+                        "reading again gives the same");
+            ++index;
+            return true;
+        });
+        Require(!fault || !fault->text.empty(), "a fault has a text");
+        Require(isFirst || index == first.size(), "reading again gives as many");
+    }
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
     QByteArray bytes = Input(data, size);
+    CheckRuns(bytes);
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::ReadOnly);
     Stdf::Reader reader(&buffer);

@@ -13,11 +13,12 @@ namespace ZYN {
 
 class ReportRuns_Private;
 
-/// Why a source gave no runs, and where it says so.
+/// Why a source gave no runs, or not all, and where it says so.
 struct RunFault {
     std::int64_t line = 0;   ///< from 1; 0 when it concerns the whole file
     std::int64_t column = 0; ///< from 1
     std::string text;
+    std::int64_t offset = -1; ///< in a file of records: byte from 0; -1 where there is no place
 };
 
 /// Reads runs from XML reports, straight from the bytes.

@@ -51,7 +51,8 @@ struct RunLayout {
 struct RunLimits {
     std::vector<double> lower;
     std::vector<double> upper;
-    std::vector<std::string> lowerOperator; ///< ">=", ">", "==", ...; empty where there is no limit
+    std::vector<std::string>
+        lowerOperator; ///< "<=" for lower <= value, "==", ...; empty where there is no limit
     std::vector<std::string> upperOperator;
     std::vector<double> nominal;
     std::vector<bool> inverted; ///< good is what lies outside

@@ -375,6 +375,53 @@
     </message>
 </context>
 <context>
+    <name>StdfRuns</name>
+    <message>
+        <source>no STDF file: it does not begin with a FAR</source>
+        <translation>keine STDF-Datei: sie beginnt nicht mit einem FAR</translation>
+    </message>
+    <message>
+        <source>STDF version %1 is not known, only 4</source>
+        <translation>STDF-Version %1 ist nicht bekannt, nur 4</translation>
+    </message>
+    <message>
+        <source>real numbers in the format of a VAX are not understood</source>
+        <translation>Gleitkommazahlen im Format einer VAX werden nicht verstanden</translation>
+    </message>
+    <message>
+        <source>the file ends inside a record</source>
+        <translation>die Datei endet mitten in einem Datensatz</translation>
+    </message>
+    <message>
+        <source>the file ends without an MRR</source>
+        <translation>die Datei endet ohne MRR</translation>
+    </message>
+    <message>
+        <source>records that end inside a field: %1, the first one a %2</source>
+        <translation>Datensätze, die mitten in einem Feld enden: %1, der erste ein %2</translation>
+    </message>
+    <message>
+        <source>results of tests that belong to no part: %1</source>
+        <translation>Ergebnisse von Tests, die zu keinem Teil gehören: %1</translation>
+    </message>
+    <message>
+        <source>parts without a PIR, read without values: %1</source>
+        <translation>Teile ohne PIR, ohne Werte gelesen: %1</translation>
+    </message>
+    <message>
+        <source>parts without a PRR, left out: %1</source>
+        <translation>Teile ohne PRR, ausgelassen: %1</translation>
+    </message>
+    <message>
+        <source>there is no MIR before the parts</source>
+        <translation>vor den Teilen steht kein MIR</translation>
+    </message>
+    <message>
+        <source>more tests, or more values at once, than any tester has</source>
+        <translation>mehr Tests oder mehr Werte zugleich, als ein Tester hat</translation>
+    </message>
+</context>
+<context>
     <name>Texts</name>
     <message>
         <source>Examples:</source>
@@ -847,6 +894,10 @@
     <message>
         <source>and %1 more bins and counts</source>
         <translation>und %1 weitere Bins und Anzahlen</translation>
+    </message>
+    <message>
+        <source>the compressed data is damaged: %1</source>
+        <translation>die komprimierten Daten sind beschädigt: %1</translation>
     </message>
 </context>
 <context>
@@ -2556,76 +2607,56 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <translation>einen Namen wählen, der auf .csv oder .xlsx endet</translation>
     </message>
     <message>
-        <source>the archive is there again</source>
-        <translation>das Archiv ist wieder da</translation>
+        <source>a lot becomes many reports</source>
+        <translation>aus einem Los werden viele Berichte</translation>
     </message>
     <message>
-        <source>what comes waits in the folder</source>
-        <translation>was kommt, wartet im Ordner</translation>
+        <source>STDF: also the wafers, a character for each die</source>
+        <translation>STDF: auch die Wafer, ein Zeichen je Chip</translation>
     </message>
     <message>
-        <source>%1: runs: %2 added, %3 there already, %4 revised</source>
-        <translation>%1: Läufe: %2 hinzugefügt, %3 schon vorhanden, %4 ersetzt</translation>
+        <source>damaged at offset %1: %2</source>
+        <translation>beschädigt an Position %1: %2</translation>
     </message>
     <message>
-        <source>each --to needs a format, and each format a folder</source>
-        <translation>jedes --to braucht ein Format und jedes Format einen Ordner</translation>
+        <source>Parts</source>
+        <translation>Teile</translation>
     </message>
     <message>
-        <source>give --to FOLDER -f FORMAT, as often as needed</source>
-        <translation>--to ORDNER -f FORMAT angeben, so oft wie nötig</translation>
+        <source>Passed</source>
+        <translation>Bestanden</translation>
     </message>
     <message>
-        <source>&apos;%1&apos; is no format that a watcher writes</source>
-        <translation>&apos;%1&apos; ist kein Format, das hier geschrieben wird</translation>
+        <source>Number</source>
+        <translation>Nummer</translation>
     </message>
     <message>
-        <source>zyn formats lists them; PDF is made by zyn convert</source>
-        <translation>zyn formats zählt sie auf; PDF macht zyn convert</translation>
+        <source>Share</source>
+        <translation>Anteil</translation>
     </message>
     <message>
-        <source>there is no such folder</source>
-        <translation>diesen Ordner gibt es nicht</translation>
+        <source>Good</source>
+        <translation>Gut</translation>
     </message>
     <message>
-        <source>Archive and convert reports as they come</source>
-        <translation>Berichte archivieren und umwandeln, wie sie kommen</translation>
+        <source>Name</source>
+        <translation>Name</translation>
     </message>
     <message>
-        <source>Where testers put their reports</source>
-        <translation>Wohin Tester ihre Berichte legen</translation>
+        <source>Test</source>
+        <translation>Test</translation>
     </message>
     <message>
-        <source>ARCHIVE</source>
-        <translation>ARCHIV</translation>
+        <source>Unit</source>
+        <translation>Einheit</translation>
     </message>
     <message>
-        <source>Folder that converted reports are written into</source>
-        <translation>Ordner für umgewandelte Berichte</translation>
+        <source>Wafer %1, x %2 to %3, y %4 to %5</source>
+        <translation>Wafer %1, x %2 bis %3, y %4 bis %5</translation>
     </message>
     <message>
-        <source>Format of the folder before it</source>
-        <translation>Format des Ordners davor</translation>
-    </message>
-    <message>
-        <source>File for monitoring: last report, waiting, errors, as JSON</source>
-        <translation>Datei für die Überwachung: letzter Bericht, Wartende, Fehler, als JSON</translation>
-    </message>
-    <message>
-        <source>End when nothing is waiting</source>
-        <translation>Enden, wenn nichts wartet</translation>
-    </message>
-    <message>
-        <source>What was taken is moved to FOLDER/done; what cannot be read and is unchanged for three seconds to FOLDER/error, with the reason beside it. While the archive is away the rest waits. SIGTERM ends it after the report in hand.</source>
-        <translation>Was übernommen wurde, kommt nach ORDNER/done; was nicht lesbar und seit drei Sekunden unverändert ist, nach ORDNER/error, mit dem Grund daneben. Solange das Archiv fehlt, wartet der Rest. SIGTERM beendet nach dem Bericht in Arbeit.</translation>
-    </message>
-    <message>
-        <source>cannot be moved to %1</source>
-        <translation>kann nicht nach %1 verschoben werden</translation>
-    </message>
-    <message>
-        <source>check the rights of the folder</source>
-        <translation>die Rechte des Ordners prüfen</translation>
+        <source>is too wide for a map</source>
+        <translation>ist zu breit für eine Karte</translation>
     </message>
 </context>
 </TS>

@@ -64,10 +64,14 @@ int UnitCodeOf(const RunComponent& component)
     if (component.unitCode != 0 || component.unit.empty())
         return component.unitCode;
     const QString text = Text(component.unit);
-    for (const int code : MeasurementUnit::KnownCodes()) {
-        const MeasurementUnit unit(code);
-        if (text == unit.ToString() || text == unit.ToAsciiString())
-            return code;
+    // Testers write "v" or "HZ" as well; "s" and "S" are two units.
+    for (const Qt::CaseSensitivity sensitivity : {Qt::CaseSensitive, Qt::CaseInsensitive}) {
+        for (const int code : MeasurementUnit::KnownCodes()) {
+            const MeasurementUnit unit(code);
+            if (text.compare(unit.ToString(), sensitivity) == 0 ||
+                text.compare(unit.ToAsciiString(), sensitivity) == 0)
+                return code;
+        }
     }
     return MeasurementUnit::None;
 }
@@ -105,9 +109,10 @@ public:
 private:
     void Add(std::size_t position);
     QSharedPointer<TestGroup> GroupOf(int position);
-    QSharedPointer<TestStep> StepOf(int position);
+    QSharedPointer<TestStep> StepOf(std::size_t measurement);
     void AddResult(const QSharedPointer<TestComponent>& component, std::size_t position);
-    void AddDerivedResult(const QSharedPointer<TestComponent>& component);
+    void AddDerivedResult(const QSharedPointer<TestComponent>& component, int code);
+    int WorstWithoutParent() const;
     QVariant ValueAt(std::size_t position) const;
     QSharedPointer<ValidationInterface> LimitsAt(std::size_t position) const;
 
@@ -117,7 +122,6 @@ private:
     std::unique_ptr<TestResultSet> m_set;
     std::vector<QSharedPointer<TestComponent>> m_made; ///< by position
     QSharedPointer<TestGroup> m_group;                 ///< of steps that have none
-    QSharedPointer<TestStep> m_step;                   ///< of measurements that have none
 };
 
 std::unique_ptr<TestResultSet> ProgramMaker::Make()
@@ -173,7 +177,7 @@ void ProgramMaker::Add(std::size_t position)
         break;
     }
     case ComponentKind::Measurement: {
-        const auto step = StepOf(made.parent);
+        const auto step = StepOf(position);
         const auto measurement =
             WithIdent<TestMeasurement>(made.ident, made.name, type, step.data(), 0U, -1L);
         step->AddMeasurement(measurement);
@@ -185,38 +189,52 @@ void ProgramMaker::Add(std::size_t position)
     AddResult(component, position);
 }
 
-/// The group at a position; where there is none, one that has no name.
+/// The group at a position; where there is none, one that is called like the program.
 QSharedPointer<TestGroup> ProgramMaker::GroupOf(int position)
 {
     if (position >= 0)
         return m_made[std::size_t(position)].staticCast<TestGroup>();
     if (!m_group) {
-        m_group = QSharedPointer<TestGroup>::create(0L, QString(), m_program.data(), 0U, -1L, ZYN_GROUP_USER,
-                                                    nullptr);
+        m_group = QSharedPointer<TestGroup>::create(0L, Text(m_layout.program), m_program.data(), 0U, -1L,
+                                                    ZYN_GROUP_USER, nullptr);
         m_program->AddGroup(m_group);
-        AddDerivedResult(m_group);
+        AddDerivedResult(m_group, WorstWithoutParent());
     }
     return m_group;
 }
 
-QSharedPointer<TestStep> ProgramMaker::StepOf(int position)
+/// The step of a measurement; where there is none, one of its own, called like it.
+QSharedPointer<TestStep> ProgramMaker::StepOf(std::size_t measurement)
 {
+    const RunComponent& component = m_layout.components[measurement];
+    const int position = component.parent;
     const bool isStep =
         position >= 0 && m_layout.components[std::size_t(position)].kind == ComponentKind::Step;
     if (isStep)
         return m_made[std::size_t(position)].staticCast<TestStep>();
     const auto group = GroupOf(position);
-    if (!m_step || !group->GetStepCount() || group->GetStepForIndex(group->GetStepCount() - 1) != m_step) {
-        m_step = QSharedPointer<TestStep>::create(0L, QString(), group.data(), 0U, -1L, QString());
-        group->AddStep(m_step);
-        AddDerivedResult(m_step);
-    }
-    return m_step;
+    const auto step = WithIdent<TestStep>(component.ident, component.name, group.data(), 0U, -1L, QString());
+    group->AddStep(step);
+    AddDerivedResult(step, m_run.codes[measurement]);
+    return step;
 }
 
-void ProgramMaker::AddDerivedResult(const QSharedPointer<TestComponent>& component)
+int ProgramMaker::WorstWithoutParent() const
+{
+    int worst = 0;
+    for (std::size_t position = 0; position < m_run.codes.size(); ++position) {
+        const int code = m_run.codes[position];
+        if (code == Run::NoCode || m_layout.components[position].parent >= 0)
+            continue;
+        worst = code < 0 || worst < 0 ? std::min(worst, code) : std::max(worst, code);
+    }
+    return worst;
+}
+
+void ProgramMaker::AddDerivedResult(const QSharedPointer<TestComponent>& component, int code)
 {
     auto result = std::make_unique<TestResult>(component);
+    result->SetResult(EN_ZYN_RESULT(code));
     component->SetResult(result.get());
     m_set->AddResult(result.release());
 }
@@ -261,7 +279,10 @@ QSharedPointer<ValidationInterface> ProgramMaker::LimitsAt(std::size_t position)
     const bool isJudged =
         limits && (!limits->lowerOperator[position].empty() || !limits->upperOperator[position].empty() ||
                    !std::isnan(limits->nominal[position]) || limits->inverted[position]);
-    if (!isJudged && unit == MeasurementUnit::None && component.factor == 0)
+    // A measurement has some even without any limit: a report import takes what is left out for those of the
+    // one before.
+    const bool isMeasurement = component.kind == ComponentKind::Measurement;
+    if (!isJudged && !isMeasurement && unit == MeasurementUnit::None && component.factor == 0)
         return nullptr;
     const QByteArray lowerOperator(isJudged ? limits->lowerOperator[position].c_str() : "");
     const QByteArray upperOperator(isJudged ? limits->upperOperator[position].c_str() : "");

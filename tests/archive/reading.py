@@ -147,7 +147,8 @@ def unit_of(run, across_lots):
     """Who a run is about."""
     if not (run.serial or run.ident):
         return ("own", getattr(run, "key", None))
-    return (run.is_panel, run.product, "" if across_lots else run.lot, run.serial, "" if run.serial else run.ident)
+    return (run.is_panel, run.product, "" if across_lots else run.lot, run.serial, "" if run.serial else run.ident,
+            getattr(run, "wafer", ""))
 
 
 def read(folder):

@@ -56,6 +56,8 @@ Command ShowCommand(CommandLine& zyn, const Manners&)
     const auto arguments = std::make_shared<Arguments>();
     show.Inputs("FILE", arguments->inputs, Texts::tr("Files, folders, or - for standard input"));
     show.Flag("--failed", arguments->options.failedOnly, Texts::tr("Only what failed"));
+    show.Flag("--map", arguments->options.withMap,
+              Texts::tr("STDF: also the wafers, a character for each die"));
     show.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object a line"));
     show.Footer(Texts::tr("Colours are used on a terminal, unless NO_COLOR is set."),
                 {"zyn show panel-0007.zyr", "zyn show --failed lot/ | less",

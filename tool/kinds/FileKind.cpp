@@ -23,12 +23,7 @@ const QList<FileKind>& FileKinds()
     static const QList<FileKind> kinds{
         {QT_TRANSLATE_NOOP("zyn", "XML report"), ReportExtensions(), LooksLikeReport, ShowReport,
          ReportToJson, CheckReport},
-        {QT_TRANSLATE_NOOP("zyn", "STDF file"),
-         {QStringLiteral("stdf"), QStringLiteral("std"), QStringLiteral("stdf.gz"), QStringLiteral("std.gz")},
-         LooksLikeLot,
-         ShowLot,
-         nullptr,
-         CheckLot,
+        {QT_TRANSLATE_NOOP("zyn", "STDF file"), LotExtensions(), LooksLikeLot, ShowLot, nullptr, CheckLot,
          PrintLotJson},
         {QT_TRANSLATE_NOOP("zyn", "test plan"),
          {QStringLiteral("tpl")},
@@ -60,7 +55,7 @@ const FileKind* KindOf(const QString& path, const QString& name, std::optional<P
         return nullptr;
     }
     constexpr qint64 headSize = 4096;
-    const bool isCompressed = Stdf::GzipDevice::IsGzip(file.peek(2));
+    const bool isCompressed = Stdf::GzipDevice::IsGzip(file.peek(Stdf::GzipDevice::MarkSize));
     const QByteArray head = isCompressed ? Stdf::GzipDevice(&file).read(headSize) : file.read(headSize);
     for (const FileKind& kind : FileKinds())
         if (kind.recognises(head) && (!isCompressed || kind.MayBeCompressed()))

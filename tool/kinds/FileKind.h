@@ -22,6 +22,7 @@ struct Finding {
 
 struct ShowOptions {
     bool failedOnly = false;
+    bool withMap = false; ///< of STDF files also the wafers
 };
 
 /// A kind of file that the tool can show and check.

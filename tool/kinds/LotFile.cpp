@@ -1,5 +1,6 @@
 #include "kinds/LotFile.h"
 
+#include "kinds/LotOverview.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
 
@@ -29,6 +30,20 @@ Problem Damaged(const QString& name, const Stdf::Fault& fault)
 
 } // namespace
 
+QStringList LotExtensions()
+{
+    QStringList extensions;
+    for (const char* const packed : {"", ".gz", ".bz2", ".xz", ".zst"})
+        for (const char* const plain : {"stdf", "std"})
+            extensions.append(QLatin1String(plain) + QLatin1String(packed));
+    return extensions;
+}
+
+QString AtOffset(qint64 offset, const QString& why)
+{
+    return Texts::tr("damaged at offset %1: %2").arg(QString::number(offset), why);
+}
+
 bool LooksLikeLot(const QByteArray& head)
 {
     QBuffer buffer;
@@ -51,6 +66,7 @@ std::optional<Problem> ShowLot(const QString& path, const QString& name, const S
     for (Stdf::RawRecord raw; reader.Next(raw);)
         printer.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
     printer.Finish(reader);
+    PrintLotOverview(path, options.withMap);
     return printer.GetDamage() ? std::optional(Damaged(name, *printer.GetDamage())) : std::nullopt;
 }
 

@@ -4,7 +4,11 @@
 
 namespace ZYN::Tool {
 
-/// An STDF file of any source, also compressed with gzip, as a kind of file.
+/// An STDF file of any source, also a compressed one, as a kind of file.
+/// Extensions, plain and compressed; without point.
+QStringList LotExtensions();
+/// "damaged at offset 1234: why".
+QString AtOffset(qint64 offset, const QString& why);
 bool LooksLikeLot(const QByteArray& head);
 std::optional<Problem> ShowLot(const QString& path, const QString& name, const ShowOptions& options);
 /// A line for every record.

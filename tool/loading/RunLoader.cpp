@@ -1,11 +1,13 @@
 #include "loading/RunLoader.h"
 
 #include "files/Parallel.h"
+#include "kinds/LotFile.h"
+#include "kinds/ReportFile.h"
 #include "loading/RunQueue.h"
 #include "terminal/Progress.h"
 #include "terminal/Texts.h"
 
-#include "runs/ReportRuns.h"
+#include "runs/StdfRuns.h"
 
 #include <QtCore/QElapsedTimer>
 #include <QtCore/QFile>
@@ -23,24 +25,56 @@ constexpr qsizetype RunsWaiting = 2 * RunsOfBatch;
 Problem ProblemOf(const Input& input, const RunFault& fault)
 {
     QString text = QString::fromStdString(fault.text);
+    if (fault.offset >= 0)
+        text = AtOffset(fault.offset, text);
     if (fault.column > 0)
         text = Texts::tr("column %1: %2").arg(QString::number(fault.column), text);
     return {input.name, fault.line, text, {}};
+}
+
+// \return false when nobody takes any more
+bool ReadReport(ReportRuns& reports, const std::string& path, const Input& input, qsizetype index,
+                RunQueue* queue)
+{
+    RunQueue::Piece piece{.isLast = true};
+    if (const std::optional<RunFault> fault = reports.ReadFile(path, &piece.runs))
+        piece.problem = ProblemOf(input, *fault);
+    for (Run& run : piece.runs)
+        run.source = input.name.toStdString();
+    return queue->Put(index, std::move(piece));
+}
+
+// A lot may hold any number of runs. What stands before damage is taken.
+bool ReadLot(StdfRuns& lots, const std::string& path, const Input& input, qsizetype index, RunQueue* queue)
+{
+    RunQueue::Piece piece;
+    bool goesOn = true;
+    const std::optional<RunFault> fault = lots.ReadFile(path, [&](Run&& run) {
+        run.source = input.name.toStdString();
+        piece.runs.push_back(std::move(run));
+        if (qsizetype(piece.runs.size()) >= RunsOfBatch)
+            goesOn = queue->Put(index, std::exchange(piece, {}));
+        return goesOn;
+    });
+    if (!goesOn)
+        return false;
+    if (fault)
+        piece.problem = ProblemOf(input, *fault);
+    piece.isLast = true;
+    return queue->Put(index, std::move(piece));
 }
 
 // Reads inputs one after the other until there are none, or nobody takes their runs.
 void ReadInputs(const QList<Input>& inputs, std::atomic<qsizetype>* next, RunQueue* queue)
 {
     ReportRuns reports;
+    StdfRuns lots;
     for (qsizetype index = (*next)++; index < inputs.size(); index = (*next)++) {
         const Input& input = inputs.at(index);
-        RunQueue::Piece piece{.isLast = true};
-        if (const std::optional<RunFault> fault =
-                reports.ReadFile(QFile::encodeName(input.path).toStdString(), &piece.runs))
-            piece.problem = ProblemOf(input, *fault);
-        for (Run& run : piece.runs)
-            run.source = input.name.toStdString();
-        if (!queue->Put(index, std::move(piece)))
+        const std::string path = QFile::encodeName(input.path).toStdString();
+        const bool goesOn = StdfRuns::IsStdf(path) ? ReadLot(lots, path, input, index, queue)
+                                                   : ReadReport(reports, path, input, index, queue);
+        if (!goesOn)
             return;
     }
 }
@@ -154,7 +188,7 @@ private:
 
 QStringList RunExtensions()
 {
-    return {QStringLiteral("zyr"), QStringLiteral("zyr.gz")};
+    return ReportExtensions() + LotExtensions();
 }
 
 std::optional<Problem> LoadRuns(Archive& archive, const QList<Input>& inputs, bool showProgress,

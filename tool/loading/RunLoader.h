@@ -14,7 +14,8 @@ namespace ZYN::Tool {
 struct LoadedInput {
     const Input* input = nullptr;
     qint64 added = 0, present = 0, revised = 0; ///< runs
-    std::optional<Problem> problem = {};        ///< then none of its runs is in the archive
+    std::optional<Problem> problem =
+        {}; ///< then none of its runs is in the archive; of a damaged lot those before the damage are
 };
 
 /// Extensions of what holds runs, as searched for in folders.

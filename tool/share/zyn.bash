@@ -54,10 +54,11 @@ _zyn() {
         mapfile -t COMPREPLY < <(compgen -W "$commands" -- "$current")
     else
         case ${path[0]-} in
-        convert | statistics) _zyn_files "$current" '\.zyr(\.gz)?$' ;;
-        show | check) _zyn_files "$current" '\.(zyr|stdf?|tpl|ini)(\.gz)?$' ;;
+        convert) _zyn_files "$current" '\.(zyr(\.gz)?|stdf?(\.(gz|bz2|xz|zst))?)$' ;;
+        statistics) _zyn_files "$current" '\.zyr(\.gz)?$' ;;
+        show | check) _zyn_files "$current" '\.(zyr|stdf?|tpl|ini)(\.(gz|bz2|xz|zst))?$' ;;
         formats | help | simulate) COMPREPLY=() ;;
-        *) _zyn_files "$current" '\.(zyr|stdf?|zya)(\.gz)?$' ;;
+        *) _zyn_files "$current" '\.(zyr|stdf?|zya)(\.(gz|bz2|xz|zst))?$' ;;
         esac
     fi
 }

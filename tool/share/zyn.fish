@@ -48,13 +48,15 @@ function __zyn_complete
         printf '%s\n' $commands
     else
         switch "$path[1]"
-            case convert statistics
+            case convert
+                __zyn_files '\.(?:zyr(?:\.gz)?|stdf?(?:\.(?:gz|bz2|xz|zst))?)'
+            case statistics
                 __zyn_files '\.zyr(?:\.gz)?'
             case show check
-                __zyn_files '\.(?:zyr|stdf?|tpl|ini)(?:\.gz)?'
+                __zyn_files '\.(?:zyr|stdf?|tpl|ini)(?:\.(?:gz|bz2|xz|zst))?'
             case formats help simulate
             case '*'
-                __zyn_files '\.(?:zyr|stdf?|zya)(?:\.gz)?'
+                __zyn_files '\.(?:zyr|stdf?|zya)(?:\.(?:gz|bz2|xz|zst))?'
         end
     end
 end

@@ -1,0 +1,59 @@
+"""The system's answers about STDF lots = those of a slow reading: random lots, whole, cut and compressed.
+
+    stdf_answers.py ZYN SEEDS [FIRST]    asks about SEEDS lots, from the seed FIRST (1) on
+"""
+import math
+import os
+import random
+import sys
+import tempfile
+
+import reading
+import same_answers
+import stdf_lots
+import stdf_reading
+
+
+def questions(runs):
+    def ask(name, question, *arguments, sort=None, **options):
+        return [name], list(arguments), question(reading.Question(runs), **options), sort
+    yield ask("yield", reading.ask_yield)
+    for by in ("site", "wafer", "bin"):
+        yield ask("yield", reading.ask_yield, "--by", by, by=(by,))
+    yield ask("failures", reading.ask_failures, "--all", every=True)
+    yield ask("measure", reading.ask_measure, "--values", with_values=True,
+              sort=lambda row: math.inf if row["cpk"] is None else row["cpk"])
+    yield ask("units", reading.ask_units)
+
+
+def check(seed, folder):
+    rng, path = random.Random(seed), os.path.join(folder, f"{seed}.stdf")
+    data = stdf_lots.write(seed, path)
+    is_cut = rng.random() < 0.4
+    if is_cut:
+        with open(path, "wb") as file:
+            file.write(data[:rng.randrange(200, len(data))])
+    runs = sorted(stdf_reading.read(path), key=lambda run: (run.start, run.run_index))
+    if not runs:
+        return 0
+    for question in questions(runs):
+        same_answers.compare(path, question, code=int(is_cut))
+    return len(runs)
+
+
+def main():
+    seeds, first = int(sys.argv[2]), int(sys.argv[3]) if len(sys.argv) > 3 else 1
+    with tempfile.TemporaryDirectory() as folder:
+        runs = 0
+        for seed in range(first, first + seeds):
+            try:
+                runs += check(seed, folder)
+            except RuntimeError as error:
+                sys.exit(f"seed {seed}: {error}")
+    print(f"{seeds} lots, {runs} runs")
+
+
+if __name__ == "__main__":
+    if len(sys.argv) not in (3, 4):
+        sys.exit(__doc__)
+    main()
