@@ -69,11 +69,11 @@ int Zyn(int argc, char** argv)
                     "zyn " ZYN_VERSION, manners.quiet, manners.verbose);
     CommandLine zyn = program.Top();
     const Command commands[] = {
-        SimulateCommand(zyn, manners), ConvertCommand(zyn, manners),  StatisticsCommand(zyn, manners),
-        ShowCommand(zyn, manners),     CheckCommand(zyn, manners),    ArchiveCommand(zyn, manners),
-        YieldCommand(zyn, manners),    FailuresCommand(zyn, manners), MeasureCommand(zyn, manners),
-        UnitsCommand(zyn, manners),    HistoryCommand(zyn, manners),  PageCommand(zyn, manners),
-        FormatsCommand(zyn, manners),  HelpCommand(zyn, manners)};
+        SimulateCommand(zyn, manners), ConvertCommand(zyn, manners), StatisticsCommand(zyn, manners),
+        ShowCommand(zyn, manners),     CheckCommand(zyn, manners),   ArchiveCommand(zyn, manners),
+        WatchCommand(zyn, manners),    YieldCommand(zyn, manners),   FailuresCommand(zyn, manners),
+        MeasureCommand(zyn, manners),  UnitsCommand(zyn, manners),   HistoryCommand(zyn, manners),
+        PageCommand(zyn, manners),     FormatsCommand(zyn, manners), HelpCommand(zyn, manners)};
     if (const std::optional<int> code = program.Parse(argc, argv))
         return *code == 0 ? Finished(ExitGood) : ExitUsage; // zero: it was the help
     application.reset();

@@ -2607,6 +2607,78 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <translation>einen Namen wählen, der auf .csv oder .xlsx endet</translation>
     </message>
     <message>
+        <source>the archive is there again</source>
+        <translation>das Archiv ist wieder da</translation>
+    </message>
+    <message>
+        <source>what comes waits in the folder</source>
+        <translation>was kommt, wartet im Ordner</translation>
+    </message>
+    <message>
+        <source>%1: runs: %2 added, %3 there already, %4 revised</source>
+        <translation>%1: Läufe: %2 hinzugefügt, %3 schon vorhanden, %4 ersetzt</translation>
+    </message>
+    <message>
+        <source>each --to needs a format, and each format a folder</source>
+        <translation>jedes --to braucht ein Format und jedes Format einen Ordner</translation>
+    </message>
+    <message>
+        <source>give --to FOLDER -f FORMAT, as often as needed</source>
+        <translation>--to ORDNER -f FORMAT angeben, so oft wie nötig</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is no format that a watcher writes</source>
+        <translation>&apos;%1&apos; ist kein Format, das hier geschrieben wird</translation>
+    </message>
+    <message>
+        <source>zyn formats lists them; PDF is made by zyn convert</source>
+        <translation>zyn formats zählt sie auf; PDF macht zyn convert</translation>
+    </message>
+    <message>
+        <source>there is no such folder</source>
+        <translation>diesen Ordner gibt es nicht</translation>
+    </message>
+    <message>
+        <source>Archive and convert reports as they come</source>
+        <translation>Berichte archivieren und umwandeln, wie sie kommen</translation>
+    </message>
+    <message>
+        <source>Where testers put their reports</source>
+        <translation>Wohin Tester ihre Berichte legen</translation>
+    </message>
+    <message>
+        <source>ARCHIVE</source>
+        <translation>ARCHIV</translation>
+    </message>
+    <message>
+        <source>Folder that converted reports are written into</source>
+        <translation>Ordner für umgewandelte Berichte</translation>
+    </message>
+    <message>
+        <source>Format of the folder before it</source>
+        <translation>Format des Ordners davor</translation>
+    </message>
+    <message>
+        <source>File for monitoring: last report, waiting, errors, as JSON</source>
+        <translation>Datei für die Überwachung: letzter Bericht, Wartende, Fehler, als JSON</translation>
+    </message>
+    <message>
+        <source>End when nothing is waiting</source>
+        <translation>Enden, wenn nichts wartet</translation>
+    </message>
+    <message>
+        <source>What was taken is moved to FOLDER/done; what cannot be read and is unchanged for three seconds to FOLDER/error, with the reason beside it. While the archive is away the rest waits. SIGTERM ends it after the report in hand.</source>
+        <translation>Was übernommen wurde, kommt nach ORDNER/done; was nicht lesbar und seit drei Sekunden unverändert ist, nach ORDNER/error, mit dem Grund daneben. Solange das Archiv fehlt, wartet der Rest. SIGTERM beendet nach dem Bericht in Arbeit.</translation>
+    </message>
+    <message>
+        <source>cannot be moved to %1</source>
+        <translation>kann nicht nach %1 verschoben werden</translation>
+    </message>
+    <message>
+        <source>check the rights of the folder</source>
+        <translation>die Rechte des Ordners prüfen</translation>
+    </message>
+    <message>
         <source>a lot becomes many reports</source>
         <translation>aus einem Los werden viele Berichte</translation>
     </message>

@@ -224,10 +224,10 @@ private slots:
 
     void CheckNotesAnEmptyRun()
     {
-        QByteArray report = lot.Content("panel-0004.zyr");
-        const qsizetype begin = report.indexOf("<Testprogram");
-        const qsizetype end = report.indexOf("</Testprogram>") + 14;
-        folder->Write("b.zyr", report.remove(begin, end - begin));
+        QByteArray emptied = lot.Content("panel-0004.zyr");
+        const qsizetype begin = emptied.indexOf("<Testprogram");
+        const qsizetype end = emptied.indexOf("</Testprogram>") + 14;
+        folder->Write("b.zyr", emptied.remove(begin, end - begin));
         const auto outcome = folder->Zyn("check b.zyr");
         QVERIFY2(outcome.output.contains("the run holds no results: its program had none"), outcome.output);
     }

@@ -29,6 +29,7 @@ Command FailuresCommand(CommandLine& zyn, const Manners& manners);
 Command MeasureCommand(CommandLine& zyn, const Manners& manners);
 Command PageCommand(CommandLine& zyn, const Manners& manners);
 Command UnitsCommand(CommandLine& zyn, const Manners& manners);
+Command WatchCommand(CommandLine& zyn, const Manners& manners);
 Command HistoryCommand(CommandLine& zyn, const Manners& manners);
 Command FormatsCommand(CommandLine& zyn, const Manners& manners);
 Command HelpCommand(CommandLine& zyn, const Manners& manners);

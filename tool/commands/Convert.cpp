@@ -2,6 +2,7 @@
 #include "files/Inputs.h"
 #include "files/Parallel.h"
 #include "files/SafeOutput.h"
+#include "kinds/ReportConversion.h"
 #include "kinds/ReportFile.h"
 #include "lots/LotAppend.h"
 #include "lots/LotUnits.h"
@@ -10,7 +11,6 @@
 #include "terminal/Texts.h"
 #include "terminal/Usage.h"
 
-#include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QDir>
@@ -88,12 +88,13 @@ QString OutputName(const Arguments& arguments, const Input& input, const QString
 {
     if (!arguments.file.empty())
         return PathOf(arguments.file);
+    const QString folder = PathOf(arguments.folder) + QLatin1Char('/');
+    if (!isLot)
+        return QDir::cleanPath(folder + ConvertedName(input.relative, format));
     static const QRegularExpression packed(QStringLiteral("\\.(gz|bz2|xz|zst)$"),
                                            QRegularExpression::CaseInsensitiveOption);
     const QFileInfo relative(QString(input.relative).remove(packed));
-    const QString name = QDir::cleanPath(PathOf(arguments.folder) + QLatin1Char('/') + relative.path() +
-                                         QLatin1Char('/') + relative.completeBaseName());
-    return isLot ? name : name + QLatin1Char('.') + CExportServiceReport::ExtensionForFormat(format);
+    return QDir::cleanPath(folder + relative.path() + QLatin1Char('/') + relative.completeBaseName());
 }
 
 // Every output must have one source, and none may be an input: found before anything is written.
@@ -117,53 +118,18 @@ int CheckConflicts(const QList<Job>& jobs, const InputFiles& inputs)
     return ExitGood;
 }
 
-std::optional<Problem> Write(UUTTest* test, const Job& job, const Arguments& arguments, const QString& format,
-                             SafeOutput& output)
-{
-    CExportServiceReport service;
-    if (!service.SetFormat(format))
-        return Problem{job.input.name, 0, Texts::tr("this build cannot write %1").arg(format), {}};
-    service.SetOutputFileName(output.TemporaryName());
-    service.SetIgnoreReportFlag(arguments.all);
-    if (!arguments.logo.empty())
-        service.SetReportLogoImage(QFileInfo(PathOf(arguments.logo)).absoluteFilePath());
-    if (!arguments.style.empty())
-        service.SetXMLStyle(PathOf(arguments.style));
-    const bool isComplete = service.Export(test) && service.OutputComplete();
-    if (!isComplete && format == QLatin1String("PDF") && !service.GetOutputError().isEmpty())
-        return Problem{job.input.name, 0,
-                       Texts::tr("would take too long as PDF: %1").arg(service.GetOutputError()),
-                       Texts::tr("convert it to HTML")};
-    if (!isComplete)
-        return output.WriteProblem();
-    return output.Commit();
-}
-
-std::optional<Problem> Convert(const Job& job, const Arguments& arguments, const QString& format)
-{
-    SafeOutput output(job.output, arguments.force);
-    if (const std::optional<Problem> refusal = output.Refusal())
-        return refusal;
-    std::optional<Problem> problem;
-    const std::unique_ptr<UUTTest> test = ReadReport(job.input.path, job.input.name, &problem);
-    return problem ? problem : Write(test.get(), job, arguments, format, output);
-}
-
 // A report for each run of an STDF lot.
-QList<Conversion> ConvertLot(const Job& lot, const Arguments& arguments, const QString& format, int threads)
+QList<Conversion> ConvertLot(const Job& lot, const ReportConversion& conversion, int threads)
 {
     QList<Conversion> conversions;
     const std::optional<Problem> problem = ForEachUnits(lot.input, [&](const std::vector<LotUnit>& units) {
         std::vector<Conversion> done(units.size());
         ForEachIndex(qsizetype(units.size()), threads, [&](qsizetype index) {
             const LotUnit& unit = units[size_t(index)];
-            const Job job{lot.input, lot.output + QLatin1Char('/') + unit.name + QLatin1Char('.') +
-                                         CExportServiceReport::ExtensionForFormat(format)};
-            SafeOutput output(job.output, arguments.force);
-            std::optional<Problem> refusal = output.Refusal();
-            done[size_t(index)] = {lot.input.name, job.output,
-                                   refusal ? refusal
-                                           : Write(unit.test.get(), job, arguments, format, output)};
+            const QString output = lot.output + QLatin1Char('/') + unit.name + QLatin1Char('.') +
+                                   CExportServiceReport::ExtensionForFormat(conversion.format);
+            done[size_t(index)] = {lot.input.name, output,
+                                   ConvertTest(unit.test.get(), lot.input.name, output, conversion)};
         });
         conversions.append(QList<Conversion>(done.begin(), done.end()));
     });
@@ -193,19 +159,22 @@ QList<Conversion> ConvertAll(const QList<Job>& jobs, const Arguments& arguments,
 {
     // Text is laid out by the thread of the application only.
     const int threads = format == QLatin1String("PDF") ? 1 : AllCores();
+    const ReportConversion conversion{format, arguments.all, PathOf(arguments.logo), PathOf(arguments.style),
+                                      arguments.force};
     std::vector<QList<Conversion>> conversions(size_t(jobs.size()));
     Progress progress(jobs.size(), !manners.quiet);
     ForEachIndex(jobs.size(), threads, [&](qsizetype index) {
         const Job& job = jobs.at(index);
         if (!job.isLot) {
-            conversions[size_t(index)] = {{job.input.name, job.output, Convert(job, arguments, format)}};
+            conversions[size_t(index)] = {
+                {job.input.name, job.output, ConvertReport(job.input, job.output, conversion)}};
             progress.Step();
         }
     });
     for (qsizetype index = 0; index < jobs.size(); ++index) {
         if (!jobs.at(index).isLot)
             continue;
-        conversions[size_t(index)] = ConvertLot(jobs.at(index), arguments, format, threads);
+        conversions[size_t(index)] = ConvertLot(jobs.at(index), conversion, threads);
         progress.Step();
     }
     QList<Conversion> all;

@@ -1,0 +1,133 @@
+#include "watch/HotFolder.h"
+
+#include "loading/RunLoader.h"
+#include "terminal/Problem.h"
+#include "terminal/Texts.h"
+
+#include <QtCore/QDir>
+#include <QtCore/QDirIterator>
+#include <QtCore/QFileInfo>
+#include <QtCore/QSaveFile>
+
+#include <algorithm>
+
+namespace ZYN::Tool {
+
+namespace {
+
+constexpr qint64 UnchangedMilliseconds = 3000;
+
+bool HoldsRuns(const QString& name)
+{
+    const QStringList extensions = RunExtensions();
+    return std::ranges::any_of(extensions, [&](const QString& extension) {
+        return name.endsWith(QLatin1Char('.') + extension, Qt::CaseInsensitive);
+    });
+}
+
+/// "panel-7 (2).zyr": a name for what has to stand beside another file of the same name.
+QString Numbered(const QString& name, int number)
+{
+    const qsizetype dot = name.indexOf(QLatin1Char('.'), 1);
+    return QStringLiteral("%1 (%2)%3")
+        .arg(name.left(dot))
+        .arg(number)
+        .arg(dot < 0 ? QString() : name.mid(dot));
+}
+
+} // namespace
+
+HotFolder::HotFolder(const QString& folder)
+    : m_folder(folder)
+{
+}
+
+QString HotFolder::Prepare() const
+{
+    for (const QString& subfolder : {QStringLiteral("done"), QStringLiteral("error")}) {
+        const QString path = m_folder + QLatin1Char('/') + subfolder;
+        if (!QDir().mkpath(path) || !QFileInfo(path).isWritable())
+            return path;
+    }
+    return {};
+}
+
+QList<Input> HotFolder::Ready(qsizetype most)
+{
+    QStringList names;
+    QDirIterator files(m_folder, QDir::Files | QDir::Hidden);
+    while (files.hasNext()) {
+        files.next();
+        // Testers write under a name that begins with a dot and rename what is complete.
+        if (!files.fileName().startsWith(QLatin1Char('.')) && HoldsRuns(files.fileName()))
+            names.append(files.fileName());
+    }
+    m_waiting = names.size();
+    names.sort();
+    QList<Input> ready;
+    for (const QString& name : std::as_const(names)) {
+        const QString path = m_folder + QLatin1Char('/') + name;
+        if (ready.size() < most && !IsUnfinished(path))
+            ready.append({path, name, name});
+    }
+    return ready;
+}
+
+/// Whether a file could not be read and is as it was then, for less than the time after which it is given up.
+bool HotFolder::IsUnfinished(const QString& path)
+{
+    const auto seen = m_unfinished.constFind(path);
+    if (seen == m_unfinished.constEnd())
+        return false;
+    const QFileInfo info(path);
+    const bool isSame = info.size() == seen->size && info.lastModified() == seen->changed;
+    return isSame && seen->since.elapsed() < UnchangedMilliseconds;
+}
+
+void HotFolder::MoveToDone(const Input& input)
+{
+    QString to;
+    Move(input, QStringLiteral("done"), &to);
+}
+
+bool HotFolder::GiveUp(const Input& input, const QString& reason)
+{
+    const QFileInfo info(input.path);
+    const auto seen = m_unfinished.constFind(input.path);
+    const bool isSame =
+        seen != m_unfinished.constEnd() && info.size() == seen->size && info.lastModified() == seen->changed;
+    if (!isSame || seen->since.elapsed() < UnchangedMilliseconds) {
+        if (!isSame) {
+            Seen& now = m_unfinished[input.path];
+            now = {info.size(), info.lastModified(), {}};
+            now.since.start();
+        }
+        return false;
+    }
+    QString to;
+    Move(input, QStringLiteral("error"), &to);
+    QSaveFile beside(to + QLatin1String(".reason.txt"));
+    if (beside.open(QIODevice::WriteOnly)) {
+        beside.write(reason.toUtf8() + '\n');
+        beside.commit();
+    }
+    return true;
+}
+
+void HotFolder::Move(const Input& input, const QString& subfolder, QString* to)
+{
+    m_unfinished.remove(input.path);
+    const QString folder = m_folder + QLatin1Char('/') + subfolder + QLatin1Char('/');
+    *to = folder + input.relative;
+    // What is there is never replaced: it is another content of the same name.
+    for (int number = 2; !QFile::rename(input.path, *to); ++number) {
+        if (!QFileInfo::exists(*to)) {
+            PrintProblem({input.path, 0, Texts::tr("cannot be moved to %1").arg(*to),
+                          Texts::tr("check the rights of the folder")});
+            return;
+        }
+        *to = folder + Numbered(input.relative, number);
+    }
+}
+
+} // namespace ZYN::Tool
