@@ -65,6 +65,14 @@ struct FailureRow {
     double share = 0;       ///< of all first failures
 };
 
+/// Where a run stands in what it was read from.
+struct SourcePlace {
+    QString source; ///< name of the file
+    bool isPanel = false;
+    std::optional<int> position; ///< on the panel
+    int runIndex = 0;            ///< number among the runs of its unit there, from 0
+};
+
 /// Where something began.
 struct RunPlace {
     QString serial, lot, start;
@@ -164,6 +172,8 @@ ZYNARCHIVE_EXPORT std::optional<std::vector<HistoryRow>> AskHistory(const Archiv
 ZYNARCHIVE_EXPORT std::optional<QStringList> AskMeasurementNames(const Archive& archive);
 /// Serials, else idents, of all units and panels; for suggestions.
 ZYNARCHIVE_EXPORT std::optional<QStringList> AskSerials(const Archive& archive);
+/// Where the runs stand that count; those that another account replaced, and copies, are left out.
+ZYNARCHIVE_EXPORT std::optional<std::vector<SourcePlace>> AskPlaces(const Archive& archive);
 /// Sentences about what is odd with the chosen runs: a serial in two lots, starts that cannot be read.
 ZYNARCHIVE_EXPORT std::optional<QStringList> AskNotes(const Archive& archive, const RunFilter& filter);
 

@@ -9,6 +9,13 @@ namespace ZYN {
 
 namespace {
 
+std::string DigitsOf(const std::string& text)
+{
+    Hash hash;
+    hash.Add(text);
+    return QByteArray::fromStdString(hash.Result()).toHex().toStdString();
+}
+
 /// A text as part of an identity, in which some characters have a meaning.
 void AppendEscaped(std::string& identity, std::string_view text)
 {
@@ -17,6 +24,14 @@ void AppendEscaped(std::string& identity, std::string_view text)
             identity += '\\';
         identity += c;
     }
+}
+
+constexpr std::size_t longestName = 1000;
+
+/// The identity of what stands above a component; a backslash and a letter are in no other one.
+std::string IdentityAbove(const std::string& identity)
+{
+    return identity.size() <= longestName ? identity : "\\h" + DigitsOf(identity);
 }
 
 /// An identity without the mark of one that stands twice.
@@ -81,6 +96,17 @@ bool MeasureTheSame(const RunComponent& a, const RunComponent& b)
 
 } // namespace
 
+std::string Shortened(const std::string& name)
+{
+    constexpr std::size_t digits = 16;
+    std::size_t end = longestName;
+    if (name.size() <= end)
+        return name;
+    while (end > 0 && (static_cast<unsigned char>(name[end]) & 0xC0) == 0x80) // within a character
+        --end;
+    return name.substr(0, end) + "\u2026" + DigitsOf(name).substr(0, digits);
+}
+
 LayoutMaker::LayoutMaker(const RunLayout& layout, const std::vector<std::uint32_t>& positions)
 {
     std::unordered_map<int, int> moved;
@@ -106,8 +132,8 @@ void LayoutMaker::Add(const RunItem& item, int parent)
     component.unitCode = item.unitCode;
     component.factor = item.factor;
     if (parent >= 0) {
-        component.identity = components[std::size_t(parent)].identity + '/';
-        component.path = components[std::size_t(parent)].path + " / ";
+        component.identity = IdentityAbove(components[std::size_t(parent)].identity) + '/';
+        component.path = Shortened(components[std::size_t(parent)].path) + " / ";
     }
     AppendEscaped(component.identity, item.ident);
     component.identity += ':';

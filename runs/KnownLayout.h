@@ -14,6 +14,11 @@
 
 namespace ZYN {
 
+/// A name of a program, or of what stands above a component, is told again with each component: with hundreds
+/// of thousands of characters it would fill the memory. Of such a one the beginning and a hash, else the
+/// name.
+std::string Shortened(const std::string& name);
+
 /// The components of a run that fits no known layout, made one by one.
 class LayoutMaker {
 public:

@@ -59,7 +59,7 @@ private:
 
 void RunBuilder_Private::Begin(std::string_view program, std::string_view ident, std::string_view version)
 {
-    m_program = program;
+    m_program = Shortened(std::string(program));
     m_ident = ident;
     m_version = version;
     m_group = m_step = -1;
@@ -68,7 +68,7 @@ void RunBuilder_Private::Begin(std::string_view program, std::string_view ident,
     m_own = LayoutMaker();
     m_run = Run();
     const auto known = std::find_if(m_layouts.begin(), m_layouts.end(), [&](const auto& layout) {
-        return layout->IsOf(program, ident, version);
+        return layout->IsOf(m_program, ident, version);
     });
     m_known = nullptr;
     if (known == m_layouts.end())

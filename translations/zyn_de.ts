@@ -427,6 +427,14 @@
         <source>Examples:</source>
         <translation>Beispiele:</translation>
     </message>
+    <message>
+        <source>Yield</source>
+        <translation>Ausbeute</translation>
+    </message>
+    <message>
+        <source>First-pass yield</source>
+        <translation>Ausbeute im ersten Durchgang</translation>
+    </message>
 </context>
 <context>
     <name>ZYNArchive</name>
@@ -2113,35 +2121,12 @@ stehen der Reihe nach, andere Gruppen mit der schlechtesten oben: 1 von 2 ist ni
         <source>the limits of %1 changed within the lot; the file&apos;s figures are by the newest</source>
         <translation>die Grenzen von %1 änderten sich im Los; die Zahlen der Datei gelten für die neuesten</translation>
     </message>
-    <message>
-        <source>%1: the start &apos;%2&apos; cannot be read; the run comes last</source>
-        <translation>%1: der Beginn &apos;%2&apos; ist nicht lesbar; der Lauf kommt zuletzt</translation>
-    </message>
-    <message>
-        <source>%1: is a copy of %2; its runs are counted once</source>
-        <translation>%1: ist eine Kopie von %2; ihre Läufe zählen einmal</translation>
-    </message>
-    <message numerus="yes">
-        <source>%1: has %n runs of %2 with other contents; these count</source>
-        <translation>
-            <numerusform>%1: hat %n Lauf von %2 mit anderem Inhalt; dieser gilt</numerusform>
-            <numerusform>%1: hat %n Läufe von %2 mit anderem Inhalt; diese gelten</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>serial number %1 of &apos;%2&apos; is in the lots %3: a unit of each</source>
-        <translation>Seriennummer %1 von &apos;%2&apos; ist in den Losen %3: ein Prüfling in jedem</translation>
-    </message>
     <message numerus="yes">
         <source>program &apos;%1&apos; version &apos;%2&apos; in %n runs</source>
         <translation>
             <numerusform>Programm &apos;%1&apos; Version &apos;%2&apos; in %n Lauf</numerusform>
             <numerusform>Programm &apos;%1&apos; Version &apos;%2&apos; in %n Läufen</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>First failures, and in how many runs</source>
-        <translation>Erste Fehler, und in wie vielen Läufen</translation>
     </message>
     <message>
         <source>Smallest CPK: of all values, of those that passed</source>

@@ -154,13 +154,6 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%1: has %n runs of %2 with other contents; these count</source>
-        <translation>
-            <numerusform>%1: has %n run of %2 with other contents; it counts</numerusform>
-            <numerusform>%1: has %n runs of %2 with other contents; these count</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
         <source>program &apos;%1&apos; version &apos;%2&apos; in %n runs</source>
         <translation>
             <numerusform>program &apos;%1&apos; version &apos;%2&apos; in %n run</numerusform>

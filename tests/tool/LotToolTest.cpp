@@ -100,20 +100,20 @@ private slots:
         // Expected: for each program units, passed, passed first and the values of "a" that count; a remark.
         const Rows<QList<Report>, QString, QByteArray> row;
         row("a serial in two lots", QList<Report>{{.a = 99}, {.serial = "2"}, {"L2"}, {"L2", "2"}}, "4 3 3 4",
-            "serial number 2 of 'P' is in the lots 'L1', 'L2': a unit of each");
+            "serial '2' of product 'P' stands in several lots (L1, L2)");
         row("a serial of two products", QList<Report>{{.a = 99}, {.product = "Q"}}, "2 1 1 2", "");
         row("tested again", QList<Report>{{.start = "2024-05-01T09:00:00Z"}, {.a = 99}}, "1 1 0 2", "");
         row("tested again in another zone",
             QList<Report>{{.start = "2024-05-01T09:00:00+02:00", .a = 99}, {}}, "1 1 0 2", "");
         row("no start", QList<Report>{{.start = "noon"}, {.a = 99}}, "1 1 0 2",
-            "the start 'noon' cannot be read");
-        row("a copy", QList<Report>{{}, {.serial = "2"}, {}}, "2 2 2 2", "3.zyr: is a copy of lot1/1.zyr");
+            "the start 'noon' of unit '1' cannot be read");
+        row("a copy", QList<Report>{{}, {.serial = "2"}, {}}, "2 2 2 2", "lot1/3.zyr: 1 runs are copies");
         row("other contents", QList<Report>{{.a = 99}, {.a = 98}, {.a = 10}}, "1 1 1 1",
-            "3.zyr: has 1 runs of lot1/2.zyr with other contents");
+            "lot1/3.zyr: 1 runs differ from what was read before, and replace it");
         row("units without a name", QList<Report>{{.serial = ""}, {.serial = "", .a = 11}, {.serial = ""}},
-            "2 2 2 2", "3.zyr: is a copy of lot1/1.zyr");
-        row("two programs", QList<Report>{{.program = "ICT"}, {.a = 99, .program = "FCT"}},
-            "1 1 1 1, 1 0 0 1", "");
+            "2 2 2 2", "lot1/3.zyr: 1 runs are copies");
+        row("two programs", QList<Report>{{.a = 99, .program = "FCT"}, {.program = "ICT"}},
+            "1 0 0 1, 1 1 1 1", "");
     }
     void unitsAndRuns()
     {
@@ -158,11 +158,11 @@ private slots:
         QCOMPARE(outcome.code, 0);
         QCOMPARE(outcome.output, "Yield             83.3 % (5 of 6)\n"
                                  "First-pass yield  83.3 % (5 of 6)\n\n"
-                                 "First failures, and in how many runs\n"
-                                 "       1  3 G / S / a\n\n"
+                                 "Failed first\n"
+                                 "  100.0 % (1 of 1)  3 G / S / a\n\n"
                                  "Smallest CPK: of all values, of those that passed\n"
                                  "    0.16    1.00  4 G / S / b  [7 … 13]\n"
-                                 "    0.19    0.53  3 G / S / a\n"
+                                 "    0.19    0.53  3 G / S / a  [7 … 13]\n"
                                  "    0.71    0.71  4 G / S / b  [7 … 19]\n");
         QVERIFY(outcome.errors.contains("the limits of 4 G / S / b changed"));
     }

@@ -1,8 +1,10 @@
 #include "commands/Command.h"
 #include "files/SafeOutput.h"
 #include "kinds/ReportFile.h"
+#include "loading/LoadAccount.h"
+#include "lots/CountedSets.h"
 #include "lots/LotReader.h"
-#include "lots/LotSummary.h"
+#include "questions/Summary.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
 #include "terminal/Usage.h"
@@ -11,6 +13,7 @@
 
 #include <QtCore/QFileInfo>
 
+#include <algorithm>
 #include <memory>
 
 namespace ZYN::Tool {
@@ -18,9 +21,6 @@ namespace ZYN::Tool {
 namespace {
 
 const QString command = QStringLiteral("statistics");
-
-// Remarks about a lot that is mixed throughout would bury everything else.
-constexpr qsizetype RemarksShown = 20;
 
 struct Arguments {
     std::vector<std::string> inputs;
@@ -61,16 +61,6 @@ int CheckUsage(const Arguments& arguments, const QString& format)
     return ExitGood;
 }
 
-void PrintRemarks(const LotReader& lot, const Manners& manners)
-{
-    const QStringList remarks = lot.GetRemarks(manners.verbose);
-    const qsizetype shown = manners.verbose ? remarks.size() : qMin(RemarksShown, remarks.size());
-    for (const QString& remark : remarks.mid(0, shown))
-        PrintNote(remark);
-    if (shown < remarks.size())
-        PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, int(remarks.size() - shown)));
-}
-
 // Writes the file with the figures; nothing when none is wanted.
 std::optional<Problem> Write(const LotReader& lot, const Arguments& arguments, SafeOutput* output)
 {
@@ -86,14 +76,57 @@ std::optional<Problem> Write(const LotReader& lot, const Arguments& arguments, S
 }
 
 // The summary, unless standard output has the figures.
-void PrintSummary(const LotReader& lot, const Arguments& arguments, const Manners& manners)
+void PrintSummary(const Summary& summary, const Arguments& arguments, const Manners& manners)
 {
     if (arguments.json) {
-        for (const QJsonObject& program : LotToJson(lot.GetRuns(), lot.GetReport()))
+        for (const QJsonObject& program : summary.ToJson())
             PrintJsonLine(program);
     } else if (!manners.quiet && !IsStandardOutput(PathOf(arguments.file))) {
-        Print(DescribeLot(lot.GetRuns(), lot.GetReport()));
+        Print(summary.ToText());
     }
+    FlushOutput(); // before the remarks, on a terminal
+}
+
+int Fail(const Problem& problem)
+{
+    PrintProblem(problem);
+    return ExitFailed;
+}
+
+// Asks the archive that holds the runs of the reports, which the file with the figures is made of as well.
+int Tell(const Archive& archive, const QList<Input>& inputs, const QList<Problem>& unread,
+         const Arguments& arguments, SafeOutput* output, const Manners& manners)
+{
+    const std::optional<Summary> summary = Summary::Ask(archive);
+    const std::optional<QStringList> notes = AskNotes(archive, {});
+    const std::optional<std::vector<SourcePlace>> places = AskPlaces(archive);
+    if (!summary || !notes || !places)
+        return Fail({{}, 0, archive.GetErrorText(), {}});
+    const CountedSets counted(*places);
+    LotReader lot(inputs, counted);
+    {
+        Progress progress(inputs.size(), !manners.quiet);
+        lot.Read(progress);
+    }
+    QList<Problem> problems = lot.GetProblems();
+    // The model's reader knows more kinds of files and tells more about them.
+    for (const Problem& problem : unread)
+        if (std::none_of(problems.begin(), problems.end(),
+                         [&](const Problem& told) { return told.file == problem.file; }))
+            problems.append(problem);
+    if (lot.GetReportCount() == 0)
+        problems.append({{}, 0, Texts::tr("no report could be read"), Texts::tr("nothing is written")});
+    else if (const std::optional<Problem> failure = Write(lot, arguments, output))
+        problems.append(*failure);
+    if (lot.GetReportCount() > 0)
+        PrintSummary(*summary, arguments, manners);
+    Remarks remarks(manners);
+    remarks.Add(*notes);
+    remarks.Add(lot.GetRemarks(manners.verbose));
+    remarks.Close();
+    for (const Problem& problem : problems)
+        PrintProblem(problem);
+    return problems.isEmpty() ? ExitGood : ExitFailed;
 }
 
 int Run(const Arguments& arguments, const Manners& manners)
@@ -103,37 +136,29 @@ int Run(const Arguments& arguments, const Manners& manners)
     QList<Problem> problems;
     const QList<Input> inputs = ExpandInputs(arguments.inputs, ReportExtensions(), &problems);
     std::unique_ptr<SafeOutput> output;
-    std::optional<Problem> failure;
     if (!arguments.file.empty()) {
         output = std::make_unique<SafeOutput>(PathOf(arguments.file), arguments.force);
-        failure = output->Refusal();
-        if (!failure)
-            failure = InputFiles(inputs).Refusal(PathOf(arguments.file));
-    }
-    if (failure) {
-        PrintProblem(*failure);
-        return ExitFailed;
+        std::optional<Problem> refusal = output->Refusal();
+        if (!refusal)
+            refusal = InputFiles(inputs).Refusal(PathOf(arguments.file));
+        if (refusal)
+            return Fail(*refusal);
     }
 
-    LotReader lot(inputs);
-    {
-        Progress progress(inputs.size(), !manners.quiet);
-        lot.Read(progress);
-    }
-    problems += lot.GetProblems();
-    if (lot.GetReportCount() == 0) {
-        problems.append({{}, 0, Texts::tr("no report could be read"), Texts::tr("nothing is written")});
-    } else {
-        if ((failure = Write(lot, arguments, output.get())))
-            problems.append(*failure);
-        PrintSummary(lot, arguments, manners);
-        FlushOutput(); // before the remarks, on a terminal
-    }
-    if (!manners.quiet)
-        PrintRemarks(lot, manners);
-    for (const Problem& problem : problems)
-        PrintProblem(problem);
-    return problems.isEmpty() ? ExitGood : ExitFailed;
+    Archive archive;
+    LoadAccount account(true, manners);
+    const auto take = [&](const LoadedInput& loaded) {
+        if (loaded.problem)
+            problems.append(*loaded.problem);
+        else
+            account.Take(loaded);
+    };
+    if (!archive.OpenTemporary(true))
+        return Fail({{}, 0, archive.GetErrorText(), {}});
+    if (const std::optional<Problem> failure = LoadRuns(archive, inputs, !manners.quiet, take))
+        return Fail(*failure);
+    account.Close();
+    return Tell(archive, inputs, problems, arguments, output.get(), manners);
 }
 
 } // namespace

@@ -11,13 +11,13 @@ public:
     /// \param tellCopies whether it is odd that a run is there already
     LoadAccount(bool tellCopies, const Manners& manners)
         : m_tellCopies(tellCopies)
-        , m_manners(manners)
+        , m_remarks(manners)
     {
     }
 
     void Take(const LoadedInput& loaded);
     /// Says how many remarks were not shown.
-    void Close() const;
+    void Close() const { m_remarks.Close(); }
 
     qint64 GetAdded() const { return m_added; }
     qint64 GetPresent() const { return m_present; }
@@ -26,12 +26,9 @@ public:
     qint64 GetFailed() const { return m_failed; }
 
 private:
-    void Remark(const QString& text);
-
     const bool m_tellCopies;
-    const Manners& m_manners;
     qint64 m_added = 0, m_present = 0, m_revised = 0, m_failed = 0;
-    int m_remarks = 0;
+    Remarks m_remarks;
 };
 
 } // namespace ZYN::Tool

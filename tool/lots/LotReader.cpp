@@ -7,11 +7,14 @@
 #include <ZYNCommon/StatisticsData.h>
 #include <ZYNCommon/StatisticsDataReport.h>
 #include <ZYNCommon/TestComponent.h>
+#include <ZYNCommon/TestProgram.h>
+#include <ZYNCommon/TestResultSet.h>
 #include <ZYNCommon/UUTTest.h>
 
 #include <algorithm>
 #include <condition_variable>
 #include <mutex>
+#include <numeric>
 
 namespace ZYN::Tool {
 
@@ -27,6 +30,13 @@ QString NameOf(const StatisticsData* entry)
 
 } // namespace
 
+struct LotReader::Report {
+    QString source;
+    std::unique_ptr<UUTTest> test = {};
+    QSet<const TestResultSet*> elsewhere = {}; // result sets that count in another report
+    std::optional<Problem> problem = {};
+};
+
 // Calls `take` for one report after the other, in their order. Waiting for the turn bounds the memory: no
 // thread is further ahead than one report.
 template <typename Take>
@@ -37,12 +47,13 @@ void LotReader::ForEachReport(const Take& take)
     qsizetype next = 0; // index of the input whose turn it is
     ForEachIndex(m_inputs.size(), AllCores(), [&](qsizetype index) {
         const Input& input = m_inputs.at(index);
-        std::optional<Problem> problem;
-        const std::unique_ptr<UUTTest> test = ReadReport(input.path, input.name, &problem);
-        const QList<LotRun> runs = test ? RunsOf(test.get(), input.path) : QList<LotRun>();
+        Report report{.source = input.name};
+        report.test = ReadReport(input.path, input.name, &report.problem);
+        if (report.test)
+            report.elsewhere = m_counted.CountedElsewhere(*report.test, input.name);
         std::unique_lock lock(mutex);
         turnTaken.wait(lock, [&] { return next == index; });
-        take(index, test.get(), runs, problem);
+        take(report);
         ++next;
         turnTaken.notify_all();
     });
@@ -50,44 +61,54 @@ void LotReader::ForEachReport(const Take& take)
 
 void LotReader::Read(Progress& progress)
 {
-    ForEachReport([&](qsizetype index, const UUTTest* test, const QList<LotRun>& runs,
-                      const std::optional<Problem>& problem) {
-        if (problem) {
-            m_problems.append(*problem);
-        } else {
-            m_runs.Add(runs, index);
-            m_collector.AddUnit(test, m_runs.CountedElsewhere(runs, index));
-            ++m_reports;
-        }
+    ForEachReport([&](const Report& report) {
+        Collect(report);
         progress.Step();
     });
-    if (!m_runs.HasRevisions())
+}
+
+void LotReader::Collect(const Report& report)
+{
+    if (report.problem)
+        m_problems.append(*report.problem);
+    if (!report.test)
         return;
-    // Values of runs that are replaced by later reports have been collected: once more, now that this is
-    // known.
-    m_collector.TakeReport();
-    ForEachReport(
-        [&](qsizetype index, const UUTTest* test, const QList<LotRun>& runs, const std::optional<Problem>&) {
-            m_collector.AddUnit(test, m_runs.CountedElsewhere(runs, index));
-        });
+    ++m_reports;
+    if (m_sources.contains(report.source)) // the same file, named twice
+        return;
+    m_sources.insert(report.source);
+    m_collector.AddUnit(report.test.get(), report.elsewhere);
+    const auto count = [&](const UUTTest& test) {
+        for (const TestResultSet* const set : test.GetResultSets())
+            if (const auto program = set->GetTestProgram(); program && !report.elsewhere.contains(set))
+                ++m_runs[program->GetName()][program->GetVersion()];
+    };
+    count(*report.test);
+    for (const auto& item : report.test->GetUUTTests())
+        count(*item);
 }
 
 QStringList LotReader::GetRemarks(bool all) const
 {
-    return m_runs.GetRemarks() + RemarksOnPresence(all) + RemarksOnLimits();
+    QStringList remarks = RemarksOnVersions();
+    for (const auto& [program, versions] : m_runs.asKeyValueRange())
+        remarks += RemarksOnPresence(program, std::accumulate(versions.cbegin(), versions.cend(), 0), all);
+    return remarks + RemarksOnLimits();
 }
 
-QStringList LotReader::RemarksOnPresence(bool all) const
+QStringList LotReader::RemarksOnVersions() const
 {
     QStringList remarks;
-    for (const QString& program : m_runs.GetPrograms())
-        remarks += RemarksOnPresence(program, all);
+    for (const auto& [program, versions] : m_runs.asKeyValueRange())
+        for (const auto& [version, runs] : versions.asKeyValueRange())
+            if (m_runs.size() > 1 || versions.size() > 1)
+                remarks +=
+                    Texts::tr("program '%1' version '%2' in %n runs", nullptr, runs).arg(program, version);
     return remarks;
 }
 
-QStringList LotReader::RemarksOnPresence(const QString& program, bool all) const
+QStringList LotReader::RemarksOnPresence(const QString& program, int runCount, bool all) const
 {
-    const int runCount = m_runs.GetRunCount(program);
     QList<const StatisticsData*> partial;
     for (const StatisticsData* const entry : GetReport()->GetTestData()) {
         if (entry->GetProgramName() == program && entry->Size() < runCount)

@@ -8,22 +8,6 @@
 
 namespace ZYN::Tool {
 
-namespace {
-
-// What is odd with a lot that is mixed throughout would bury everything else.
-constexpr qsizetype NotesShown = 20;
-
-void PrintNotes(const QStringList& notes, const Manners& manners)
-{
-    const qsizetype shown = manners.verbose ? notes.size() : qMin(NotesShown, notes.size());
-    for (const QString& note : notes.mid(0, shown))
-        PrintNote(Harmless(note));
-    if (shown < notes.size())
-        PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, int(notes.size() - shown)));
-}
-
-} // namespace
-
 void QuestionOptions::DescribeRuns(CommandLine& line, bool withSerial)
 {
     const QString text = Texts::tr("TEXT");
@@ -122,7 +106,9 @@ int QuestionOptions::Run(const RunFilter& filter, bool needsValues, const Manner
     }
     const std::optional<Problem> problem = Tell(*reply, manners);
     FlushOutput(); // before the notes, on a terminal
-    PrintNotes(*notes, manners);
+    Remarks remarks(manners);
+    remarks.Add(*notes);
+    remarks.Close();
     if (problem)
         PrintProblem(*problem);
     return problem || !reply->isGood ? ExitFailed : source.GetExitCode();

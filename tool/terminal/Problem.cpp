@@ -1,6 +1,5 @@
 #include "terminal/Problem.h"
 
-#include "terminal/Manners.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
 
@@ -8,10 +7,34 @@
 
 namespace ZYN::Tool {
 
+namespace {
+
+constexpr int RemarksShown = 20;
+
+} // namespace
+
 void PrintNote(const QString& text)
 {
     const QByteArray line = (Harmless(text) + QLatin1Char('\n')).toUtf8();
     std::fwrite(line.constData(), 1, size_t(line.size()), stderr); // one call: lines of threads do not mix
+}
+
+void Remarks::Add(const QString& text)
+{
+    if (!m_manners.quiet && (++m_count <= RemarksShown || m_manners.verbose))
+        PrintNote(text);
+}
+
+void Remarks::Add(const QStringList& texts)
+{
+    for (const QString& text : texts)
+        Add(text);
+}
+
+void Remarks::Close() const
+{
+    if (m_count > RemarksShown && !m_manners.verbose)
+        PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, m_count - RemarksShown));
 }
 
 QString TextOf(const Problem& problem)
