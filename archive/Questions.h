@@ -6,7 +6,9 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -83,11 +85,13 @@ struct Drift {
     double p = 1;      ///< corrected (Holm)
     double sigmas = 0; ///< its size, signed
     RunPlace since;
+    std::size_t index = 0; ///< number of the value where it began, in order of time
 };
 
 struct RuleHit {
     int rule = 0; ///< of Nelson: 1, 2 or 3
     RunPlace since;
+    std::size_t index = 0; ///< number of the value where it began, in order of time
 };
 
 struct MeasuredValue {
@@ -127,7 +131,23 @@ struct UnitRow {
     QString program;
     std::int64_t runs = 0;
     int firstCode = 0, code = 0;
-    QString firstFailure; ///< path; empty where its last failed run has none
+    QString firstFailure;              ///< path; empty where its last failed run has none
+    std::optional<double> failedValue; ///< what was measured there
+    QString failedUnit;                ///< of the value
+    NumberStyle failedStyle;
+};
+
+/// When the first and the last of the chosen runs began, as reports write it; empty where there are none.
+struct RunSpan {
+    QString first, last;
+};
+
+/// A unit with a place on a wafer, and what its last chosen run came to.
+struct DieRow {
+    QString wafer;
+    int x = 0, y = 0;
+    int code = 0;
+    std::optional<int> hardBin;
 };
 
 struct FirstFailure {
@@ -164,6 +184,31 @@ ZYNARCHIVE_EXPORT std::optional<std::vector<FailureRow>> AskFailures(const Archi
                                                                      const RunFilter& filter, bool all);
 ZYNARCHIVE_EXPORT std::optional<std::vector<MeasureRow>>
 AskMeasures(const Archive& archive, const RunFilter& filter, const MeasureOptions& options);
+
+/// All measurements, lowest CPK first, with the values of one of them at a time: as records all of them
+/// together take much more memory than as numbers.
+class ZYNARCHIVE_EXPORT MeasureAnswer {
+public:
+    MeasureAnswer();
+    ~MeasureAnswer();
+    MeasureAnswer(const MeasureAnswer&) = delete;
+    MeasureAnswer& operator=(const MeasureAnswer&) = delete;
+
+    /// \return false where the archive cannot answer
+    bool Ask(const Archive& archive, const RunFilter& filter);
+    /// Without values.
+    const std::vector<MeasureRow>& GetRows() const;
+    /// Those of a row, in order of time.
+    std::vector<MeasuredValue> ValuesOf(std::size_t row) const;
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
+
+ZYNARCHIVE_EXPORT std::optional<RunSpan> AskSpan(const Archive& archive, const RunFilter& filter);
+/// Units with a place on a wafer, by wafer, y and x.
+ZYNARCHIVE_EXPORT std::optional<std::vector<DieRow>> AskDies(const Archive& archive, const RunFilter& filter);
 ZYNARCHIVE_EXPORT std::optional<std::vector<UnitRow>>
 AskUnits(const Archive& archive, const RunFilter& filter, const UnitOptions& options);
 ZYNARCHIVE_EXPORT std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive,

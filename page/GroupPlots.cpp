@@ -1,5 +1,6 @@
 #include "page/GroupPlots.h"
 
+#include "page/Html.h"
 #include "page/PlotFrame.h"
 
 #include <QtGui/QFontMetricsF>
@@ -112,7 +113,7 @@ void DrawBars(QPainter& painter, const QRectF& area, const std::vector<Bar>& bar
     double names = 0;
     double texts = 0;
     for (const Bar& bar : bars) {
-        names = std::max(names, metrics.horizontalAdvance(bar.label));
+        names = std::max(names, metrics.horizontalAdvance(Harmless(bar.label)));
         texts = std::max(texts, metrics.horizontalAdvance(bar.text));
     }
     names = std::min(names, area.width() * 0.5);
@@ -122,12 +123,36 @@ void DrawBars(QPainter& painter, const QRectF& area, const std::vector<Bar>& bar
         const double top = area.top() + double(i) * barHeight;
         const double middle = top + barHeight / 2;
         DrawLabel(painter, {left - 8, middle}, Qt::AlignRight, Ink::Text,
-                  metrics.elidedText(bars[i].label, Qt::ElideMiddle, names));
+                  metrics.elidedText(Harmless(bars[i].label), Qt::ElideMiddle, names));
         const double width = std::max(1.0, bars[i].share * room);
         painter.fillRect(QRectF(left, top + 4, width, barHeight - 8),
                          ColourOf(bars[i].bad ? Ink::Bad : Ink::Good));
         DrawLabel(painter, {left + width + 6, middle}, Qt::AlignLeft, Ink::Text, bars[i].text);
     }
+}
+
+void DrawWafer(QPainter& painter, const QRectF& area, const WaferDies& wafer)
+{
+    if (wafer.dies.empty())
+        return;
+    const auto [left, right] = std::minmax_element(wafer.dies.begin(), wafer.dies.end(),
+                                                   [](const auto& a, const auto& b) { return a.x < b.x; });
+    const auto [top, bottom] = std::minmax_element(wafer.dies.begin(), wafer.dies.end(),
+                                                   [](const auto& a, const auto& b) { return a.y < b.y; });
+    const double width = area.width() / (double(right->x) - left->x + 1);
+    const double height = area.height() / (double(bottom->y) - top->y + 1);
+    QPainterPath good;
+    QPainterPath bad;
+    for (const WaferDies::Die& die : wafer.dies)
+        (die.passed ? good : bad)
+            .addRect(QRectF(area.left() + (double(die.x) - left->x) * width,
+                            area.top() + (double(die.y) - top->y) * height, width * 0.9, height * 0.9));
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ColourOf(Ink::Area));
+    painter.drawPath(good);
+    painter.setBrush(ColourOf(Ink::Bad));
+    painter.drawPath(bad);
+    painter.setBrush(Qt::NoBrush);
 }
 
 } // namespace ZYN::Page

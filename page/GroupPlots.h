@@ -34,4 +34,17 @@ constexpr double barHeight = 22;
 /// Bars below each other, their names at the left; a name that is too long loses its middle.
 void DrawBars(QPainter& painter, const QRectF& area, const std::vector<Bar>& bars);
 
+/// A wafer and its dies.
+struct WaferDies {
+    struct Die {
+        int x = 0, y = 0;
+        bool passed = false;
+    };
+    QString name;
+    std::vector<Die> dies;
+};
+
+/// Dies as squares where they lie, x to the right and y down; those that did not pass stand out.
+void DrawWafer(QPainter& painter, const QRectF& area, const WaferDies& wafer);
+
 } // namespace ZYN::Page

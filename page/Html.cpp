@@ -1,8 +1,5 @@
 #include "page/Html.h"
 
-#include "page/Axis.h"
-#include "page/PageTexts.h"
-
 namespace ZYN::Page {
 
 namespace {
@@ -17,7 +14,7 @@ bool IsHarmless(QChar character)
 
 } // namespace
 
-QString Escaped(const QString& text)
+QString Harmless(const QString& text)
 {
     QString harmless;
     harmless.reserve(text.size());
@@ -27,26 +24,12 @@ QString Escaped(const QString& text)
         else
             harmless += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
     }
-    return harmless.toHtmlEscaped();
+    return harmless;
 }
 
-QString Percent(double part, double whole)
+QString Escaped(const QString& text)
 {
-    return whole > 0 ? QString::number(100 * part / whole, 'f', 1) + QChar(0xA0) + QLatin1Char('%')
-                     : QString();
-}
-
-QString Share(double part, double whole)
-{
-    if (!(whole > 0))
-        return QString(QChar(0x2013));
-    return Texts::tr("%1 (%2 of %3)")
-        .arg(Percent(part, whole), QString::number(part), QString::number(whole));
-}
-
-QString Figure(double value, const QString& unit)
-{
-    return Escaped(WithUnit(value, unit, 5));
+    return Harmless(text).toHtmlEscaped();
 }
 
 } // namespace ZYN::Page

@@ -1,5 +1,7 @@
 #include "page/LotAnswers.h"
 
+#include <algorithm>
+
 namespace ZYN::Page {
 
 namespace {
@@ -15,7 +17,7 @@ bool Take(std::optional<Rows> answer, Rows* rows)
     return answer.has_value();
 }
 
-// Hours where they are few enough, else the next larger step; hours too where days would be a dot or two.
+// Hours where they are few enough, else the next larger step.
 bool AskOverTime(const Archive& archive, const RunFilter& filter, std::vector<YieldRow>* rows)
 {
     for (const GroupBy step : {GroupBy::Hour, GroupBy::Day, GroupBy::Week, GroupBy::Month}) {
@@ -27,27 +29,60 @@ bool AskOverTime(const Archive& archive, const RunFilter& filter, std::vector<Yi
     return true;
 }
 
+QString ValueOf(const YieldRow& row, const QString& key)
+{
+    for (const auto& [name, value] : row.group)
+        if (name == key)
+            return value;
+    return {};
+}
+
+bool AskMeasurements(const Archive& archive, const RunFilter& filter, LotAnswers* answers)
+{
+    const auto measures = std::make_shared<MeasureAnswer>();
+    if (!measures->Ask(archive, filter))
+        return false;
+    answers->measures = measures;
+    return true;
+}
+
 } // namespace
 
-std::optional<LotAnswers> AskLot(const Archive& archive, const RunFilter& asked, const QString& product,
-                                 const QString& lot)
+// One of several programs has a row for each.
+std::optional<std::vector<LotName>> AskLots(const Archive& archive, const RunFilter& filter)
+{
+    const auto rows = AskYield(archive, filter, {GroupBy::Product, GroupBy::Lot});
+    if (!rows)
+        return std::nullopt;
+    std::vector<LotName> lots;
+    for (const YieldRow& row : *rows) {
+        const LotName lot{ValueOf(row, QStringLiteral("product")), ValueOf(row, QStringLiteral("lot"))};
+        if (std::find(lots.begin(), lots.end(), lot) == lots.end())
+            lots.push_back(lot);
+    }
+    return lots;
+}
+
+std::optional<LotAnswers> AskLot(const Archive& archive, const RunFilter& asked, const LotName& name)
 {
     LotAnswers answers;
-    answers.product = product;
-    answers.lot = lot;
+    answers.product = name.product;
+    answers.lot = name.lot;
     RunFilter filter = asked;
-    filter.product = product;
-    filter.lot = lot;
-    MeasureOptions measures;
-    measures.values = true;
+    filter.product = name.product;
+    filter.lot = name.lot;
+    const auto yieldBy = [&](GroupBy by, std::vector<YieldRow>* rows) {
+        return Take(AskYield(archive, filter, {by}), rows);
+    };
     const bool complete =
+        Take(AskSpan(archive, filter), &answers.span) &&
         Take(AskYield(archive, filter, {}), &answers.yield) &&
-        AskOverTime(archive, filter, &answers.overTime) &&
-        Take(AskYield(archive, filter, {GroupBy::Station}), &answers.byStation) &&
-        Take(AskYield(archive, filter, {GroupBy::Position}), &answers.byPosition) &&
-        Take(AskYield(archive, filter, {GroupBy::Bin}), &answers.byBin) &&
+        AskOverTime(archive, filter, &answers.overTime) && yieldBy(GroupBy::Program, &answers.byProgram) &&
+        yieldBy(GroupBy::Station, &answers.byStation) && yieldBy(GroupBy::Position, &answers.byPosition) &&
+        yieldBy(GroupBy::Site, &answers.bySite) && yieldBy(GroupBy::Bin, &answers.byBin) &&
+        Take(AskDies(archive, filter), &answers.dies) &&
         Take(AskFailures(archive, filter, false), &answers.failures) &&
-        Take(AskMeasures(archive, filter, measures), &answers.measures) &&
+        AskMeasurements(archive, filter, &answers) &&
         Take(AskUnits(archive, filter, {.failed = true, .retested = false}), &answers.failedUnits) &&
         Take(AskUnits(archive, filter, {.failed = false, .retested = true}), &answers.retestedUnits) &&
         Take(AskNotes(archive, filter), &answers.notes);

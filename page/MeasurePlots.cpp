@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
 namespace ZYN::Page {
@@ -18,36 +19,63 @@ constexpr double dotRadius = 1.6;
 struct Range {
     double from = 0;
     double to = 0;
+    bool Holds(double value) const { return value >= from && value <= to; }
 };
 
-// What an axis of the values must hold: the values and the limits, but no limit that is so far away that the
+double Quantile(const std::vector<double>& sorted, double share)
+{
+    return sorted[static_cast<std::size_t>(std::lround(share * double(sorted.size() - 1)))];
+}
+
+// Where the values are, without the few far away: a shorted board would make a line of all others.
+Range RangeOfValues(const std::vector<double>& values)
+{
+    constexpr double far = 8; // in distances of the quartiles
+    std::vector<double> sorted = values;
+    std::sort(sorted.begin(), sorted.end());
+    const double low = Quantile(sorted, 0.25);
+    const double high = Quantile(sorted, 0.75);
+    Range range{sorted.front(), sorted.back()};
+    if (!(high > low))
+        return range;
+    const double fence = far * (high - low);
+    range.from = *std::lower_bound(sorted.begin(), sorted.end(), low - fence);
+    range.to = *(std::upper_bound(sorted.begin(), sorted.end(), high + fence) - 1);
+    return range;
+}
+
+// What an axis of the values must hold: these and the limits, but no limit that is so far away that the
 // values would be a line.
 Range RangeOf(const MeasureData& data)
 {
-    const auto [least, most] = std::minmax_element(data.values.begin(), data.values.end());
-    Range range{*least, *most};
-    const double spread = std::max(range.to - range.from, data.sigma.value_or(0) * 6);
-    const auto take = [&](const std::optional<double>& limit) {
+    const Range ofValues = RangeOfValues(data.values);
+    Range range = ofValues;
+    const double spread = ofValues.to - ofValues.from;
+    for (const std::optional<double>& limit : {data.lower, data.upper}) {
         if (!limit || !std::isfinite(*limit))
-            return;
-        const double distance = std::max(range.from - *limit, *limit - range.to);
+            continue;
+        const double distance = std::max(ofValues.from - *limit, *limit - ofValues.to);
         if (distance > spread * 4 && spread > 0)
-            return;
+            continue;
         range.from = std::min(range.from, *limit);
         range.to = std::max(range.to, *limit);
-    };
-    const Range ofValues = range;
-    take(data.lower);
-    range = {std::min(range.from, ofValues.from), std::max(range.to, ofValues.to)};
-    take(data.upper);
+    }
     const double room = (range.to - range.from) * 0.02;
     return {range.from - room, range.to + room};
 }
 
-std::vector<int> CountBins(const MeasureData& data, const Range& range, int bins)
+std::vector<double> ShownOf(const MeasureData& data, const Range& range)
+{
+    std::vector<double> shown;
+    std::copy_if(data.values.begin(), data.values.end(), std::back_inserter(shown),
+                 [&](double value) { return range.Holds(value); });
+    return shown;
+}
+
+std::vector<int> CountBins(const std::vector<double>& shown, const Range& range, int bins)
 {
     std::vector<int> counts(static_cast<std::size_t>(bins));
-    for (const double value : data.values) {
+    for (const double value : shown) {
         const double place = (value - range.from) / (range.to - range.from) * bins;
         ++counts[static_cast<std::size_t>(std::clamp(int(place), 0, bins - 1))];
     }
@@ -56,11 +84,11 @@ std::vector<int> CountBins(const MeasureData& data, const Range& range, int bins
 
 // Square root rule over the values' own range, so that a narrow distribution between wide limits has its
 // bins.
-int BinsFor(const MeasureData& data, const Range& axis)
+int BinsFor(const std::vector<double>& shown, const Range& axis)
 {
-    const auto [least, most] = std::minmax_element(data.values.begin(), data.values.end());
+    const auto [least, most] = std::minmax_element(shown.begin(), shown.end());
     const double share = (*most - *least) / (axis.to - axis.from);
-    const double wanted = std::clamp(std::sqrt(double(data.values.size())), 6.0, 30.0);
+    const double wanted = std::clamp(std::sqrt(double(shown.size())), 6.0, 30.0);
     return std::clamp(int(share > 0 ? wanted / share : wanted), 6, 90);
 }
 
@@ -81,25 +109,50 @@ void DrawBars(QPainter& painter, const PlotFrame& frame, const std::vector<int>&
     painter.setBrush(Qt::NoBrush);
 }
 
-void DrawNormal(QPainter& painter, const PlotFrame& frame, const MeasureData& data, const Range& range,
-                double area)
+// The normal distribution that fits the shown values: those far away would make it flat.
+void DrawNormal(QPainter& painter, const PlotFrame& frame, const std::vector<double>& shown,
+                const Range& range, double area)
 {
-    if (!data.mean || !data.sigma || !(*data.sigma > 0))
+    double mean = 0;
+    double squares = 0;
+    for (std::size_t i = 0; i < shown.size(); ++i) {
+        const double distance = shown[i] - mean;
+        mean += distance / double(i + 1);
+        squares += distance * (shown[i] - mean);
+    }
+    const double sigma = shown.size() > 1 ? std::sqrt(squares / double(shown.size() - 1)) : 0;
+    if (!(sigma > 0))
         return;
     QPainterPath curve;
-    const double height = area / (*data.sigma * std::sqrt(2 * std::numbers::pi));
-    const double from = std::max(range.from, *data.mean - 4 * *data.sigma);
-    const double to = std::min(range.to, *data.mean + 4 * *data.sigma);
-    constexpr int steps = 48;
+    const double height = area / (sigma * std::sqrt(2 * std::numbers::pi));
+    const double from = std::max(range.from, mean - 4 * sigma);
+    const double to = std::min(range.to, mean + 4 * sigma);
+    constexpr int steps = 40;
     for (int i = 0; i <= steps && to > from; ++i) {
         const double value = from + (to - from) * i / steps;
-        const double z = (value - *data.mean) / *data.sigma;
+        const double z = (value - mean) / sigma;
         const QPointF point(frame.X(value),
                             std::max(frame.Y(height * std::exp(-z * z / 2)), frame.GetInner().top()));
         i == 0 ? curve.moveTo(point) : curve.lineTo(point);
     }
     painter.setPen(PlotPen(Ink::Fit, 1.25));
     painter.drawPath(curve);
+}
+
+// How many values are beyond the ends of the axis.
+void DrawBeyond(QPainter& painter, const PlotFrame& frame, const MeasureData& data, const Range& range)
+{
+    const auto below = std::count_if(data.values.begin(), data.values.end(),
+                                     [&](double value) { return value < range.from; });
+    const auto above =
+        std::count_if(data.values.begin(), data.values.end(), [&](double value) { return value > range.to; });
+    const QRectF& inner = frame.GetInner();
+    if (below > 0)
+        DrawLabel(painter, {inner.left() + 3, inner.bottom() - 6}, Qt::AlignLeft | Qt::AlignBottom, Ink::Bad,
+                  QStringLiteral("\u25C2 %1").arg(below));
+    if (above > 0)
+        DrawLabel(painter, {inner.right() - 3, inner.bottom() - 6}, Qt::AlignRight | Qt::AlignBottom,
+                  Ink::Bad, QStringLiteral("%1 \u25B8").arg(above));
 }
 
 // A line too short to be seen, whose round ends are the dot.
@@ -121,69 +174,133 @@ double Tenths(double pixels)
     return std::round(pixels * 10) / 10;
 }
 
-void DrawDots(QPainter& painter, const PlotFrame& frame, const MeasureData& data)
+// A triangle at the edge for a value beyond it.
+void AddArrow(QPainterPath& path, double x, double y, double direction)
 {
-    QPainterPath good;
-    QPainterPath bad;
-    for (std::size_t i = 0; i < data.values.size(); ++i)
-        AddDot(data.good[i] ? good : bad, Tenths(frame.X(double(i))), Tenths(frame.Y(data.values[i])));
-    painter.setPen(DotPen(Ink::Good));
-    painter.drawPath(good);
-    painter.setPen(DotPen(Ink::Bad));
-    painter.drawPath(bad);
+    path.moveTo(x - 3, y - 5 * direction);
+    path.lineTo(x + 3, y - 5 * direction);
+    path.lineTo(x, y);
+    path.closeSubpath();
+}
+
+/// Where the values of a trend are drawn; what lies beyond the axis is an arrow at its edge.
+class TrendDots {
+public:
+    TrendDots(const PlotFrame& frame, const Range& range)
+        : m_frame(frame)
+        , m_range(range)
+    {
+    }
+
+    void AddGood(double x, double value) { Add(m_good, x, value); }
+    void AddBad(double x, double value) { Add(m_bad, x, value); }
+
+    void Draw(QPainter& painter) const
+    {
+        painter.setPen(DotPen(Ink::Good));
+        painter.drawPath(m_good);
+        painter.setPen(DotPen(Ink::Bad));
+        painter.drawPath(m_bad);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(ColourOf(Ink::Bad));
+        painter.drawPath(m_arrows);
+        painter.setBrush(Qt::NoBrush);
+    }
+
+private:
+    void Add(QPainterPath& path, double x, double value)
+    {
+        if (m_range.Holds(value))
+            AddDot(path, x, Tenths(m_frame.Y(value)));
+        else if (value > m_range.to)
+            AddArrow(m_arrows, x, std::round(m_frame.GetInner().top()), -1);
+        else
+            AddArrow(m_arrows, x, std::round(m_frame.GetInner().bottom()), 1);
+    }
+
+    const PlotFrame& m_frame;
+    const Range m_range;
+    QPainterPath m_good, m_bad, m_arrows;
+};
+
+void DrawDots(QPainter& painter, const PlotFrame& frame, const MeasureData& data, const Range& range)
+{
+    TrendDots dots(frame, range);
+    for (std::size_t i = 0; i < data.values.size(); ++i) {
+        const double x = Tenths(frame.X(double(i)));
+        data.good[i] ? dots.AddGood(x, data.values[i]) : dots.AddBad(x, data.values[i]);
+    }
+    dots.Draw(painter);
 }
 
 // One upright line a column of pixels, from the least to the largest value that stands there.
-void DrawColumns(QPainter& painter, const PlotFrame& frame, const MeasureData& data)
+void DrawColumns(QPainter& painter, const PlotFrame& frame, const MeasureData& data, const Range& range)
 {
     struct Column {
         double least = INFINITY;
         double most = -INFINITY;
+        void Take(double value)
+        {
+            least = std::min(least, value);
+            most = std::max(most, value);
+        }
     };
-    std::vector<Column> columns(static_cast<std::size_t>(frame.GetInner().width()) + 1);
+    constexpr double columnWidth = 2;
+    std::vector<Column> columns(static_cast<std::size_t>(frame.GetInner().width() / columnWidth) + 1);
     std::vector<Column> failures(columns.size());
     for (std::size_t i = 0; i < data.values.size(); ++i) {
-        const auto at = static_cast<std::size_t>(frame.X(double(i)) - frame.GetInner().left());
-        Column& column = (data.good[i] ? columns : failures)[std::min(at, columns.size() - 1)];
-        column.least = std::min(column.least, data.values[i]);
-        column.most = std::max(column.most, data.values[i]);
+        const auto at =
+            static_cast<std::size_t>((frame.X(double(i)) - frame.GetInner().left()) / columnWidth);
+        const bool isGood = data.good[i] && range.Holds(data.values[i]);
+        (isGood ? columns : failures)[std::min(at, columns.size() - 1)].Take(data.values[i]);
     }
     QPainterPath path;
-    QPainterPath bad;
+    TrendDots dots(frame, range);
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const double x = Tenths(frame.GetInner().left() + double(i));
+        const double x = std::round(frame.GetInner().left() + double(i) * columnWidth);
         if (columns[i].least <= columns[i].most) {
-            path.moveTo(x, Tenths(frame.Y(columns[i].least) + 0.5));
-            path.lineTo(x, Tenths(frame.Y(columns[i].most) - 0.5));
+            path.moveTo(x, std::round(frame.Y(columns[i].least) + 0.5));
+            path.lineTo(x, std::round(frame.Y(columns[i].most) - 0.5));
         }
         if (failures[i].least <= failures[i].most) {
-            AddDot(bad, x, Tenths(frame.Y(failures[i].least)));
+            dots.AddBad(x, failures[i].least);
             if (failures[i].most > failures[i].least)
-                AddDot(bad, x, Tenths(frame.Y(failures[i].most)));
+                dots.AddBad(x, failures[i].most);
         }
     }
-    painter.setPen(PlotPen(Ink::Good));
+    painter.setPen(PlotPen(Ink::Good, columnWidth * 0.75));
     painter.drawPath(path);
-    painter.setPen(DotPen(Ink::Bad));
-    painter.drawPath(bad);
+    dots.Draw(painter);
 }
 
+// Lines where something began for the first time; ticks at the edge where it did again.
 void DrawMarks(QPainter& painter, PlotFrame& frame, const MeasureData& data)
 {
     constexpr double tickHeight = 7;
     const double top = frame.GetInner().top();
     double taken = -INFINITY;
+    double last = -INFINITY;
+    QPainterPath ticks;
     for (const MeasureData::Mark& mark : data.marks) {
         const double x = frame.X(double(mark.index));
         const double half = LabelWidth(mark.text) / 2 + 3;
         if (!mark.text.isEmpty() && x - half > taken) {
             frame.DrawUpright(double(mark.index), Ink::Mark, Qt::DashLine, mark.text);
             taken = std::max(x, frame.GetInner().left() + half) + half;
-        } else {
-            painter.setPen(PlotPen(Ink::Mark, 1.5));
-            painter.drawLine(QPointF(x, top), QPointF(x, top + tickHeight));
+        } else if (x - last >= 2) {
+            ticks.moveTo(Tenths(x), top);
+            ticks.lineTo(Tenths(x), top + tickHeight);
+            last = x;
         }
     }
+    painter.setPen(PlotPen(Ink::Mark, 1.5));
+    painter.drawPath(ticks);
+}
+
+// Numbers of a hexadecimal unit would be decimal on an axis: they have no unit there.
+QString AxisUnitOf(const MeasureData& data)
+{
+    return data.isDecimal ? data.unit : QString();
 }
 
 } // namespace
@@ -195,40 +312,54 @@ void DrawHistogram(QPainter& painter, const QRectF& area, const MeasureData& dat
     const Range wanted = RangeOf(data);
     const Axis across(wanted.from, wanted.to, 6);
     const Range range{across.GetFrom(), across.GetTo()};
-    const std::vector<int> counts = CountBins(data, range, BinsFor(data, range));
+    const std::vector<double> shown = ShownOf(data, range);
+    const std::vector<int> counts = CountBins(shown, range, BinsFor(shown, range));
     const int most = *std::max_element(counts.begin(), counts.end());
-    PlotFrame frame(painter, area, {across, data.unit}, {Axis(0, std::max(most, 4), 4), {}});
+    PlotFrame frame(painter, area, {across, AxisUnitOf(data)}, {Axis(0, std::max(most, 4), 4), {}});
     frame.DrawUp();
     DrawBars(painter, frame, counts, range);
-    DrawNormal(painter, frame, data, range,
-               double(data.values.size()) * (range.to - range.from) / double(counts.size()));
+    DrawNormal(painter, frame, shown, range,
+               double(shown.size()) * (range.to - range.from) / double(counts.size()));
     if (data.lower)
-        frame.DrawUpright(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"));
+        frame.DrawUpright(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"),
+                          Qt::AlignLeft);
     if (data.upper)
-        frame.DrawUpright(*data.upper, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "UL"));
+        frame.DrawUpright(*data.upper, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "UL"),
+                          Qt::AlignRight);
+    DrawBeyond(painter, frame, data, range);
     frame.DrawAcross();
 }
 
-void DrawTrend(QPainter& painter, const QRectF& area, const MeasureData& data)
+std::vector<FailedDot> DrawTrend(QPainter& painter, const QRectF& area, const MeasureData& data)
 {
     if (data.values.empty())
-        return;
+        return {};
     const Range wanted = RangeOf(data);
     const double last = double(std::max<std::size_t>(data.values.size(), 2) - 1);
-    PlotFrame frame(painter, area, {Axis(0, last, 8), {}}, {Axis(wanted.from, wanted.to, 5), data.unit});
+    const Axis up(wanted.from, wanted.to, 5);
+    const Range range{up.GetFrom(), up.GetTo()};
+    PlotFrame frame(painter, area, {Axis(0, last, 8), {}}, {up, AxisUnitOf(data)});
     frame.DrawUp();
     if (double(data.values.size()) > frame.GetInner().width() * 1.5)
-        DrawColumns(painter, frame, data);
+        DrawColumns(painter, frame, data, range);
     else
-        DrawDots(painter, frame, data);
+        DrawDots(painter, frame, data, range);
     if (data.mean)
         frame.DrawLevel(*data.mean, Ink::Mean, Qt::SolidLine, {});
     if (data.lower)
-        frame.DrawLevel(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"));
+        frame.DrawLevel(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"),
+                        Qt::AlignBottom);
     if (data.upper)
         frame.DrawLevel(*data.upper, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "UL"));
     DrawMarks(painter, frame, data);
     frame.DrawAcross();
+    std::vector<FailedDot> failed;
+    for (std::size_t i = 0; i < data.values.size(); ++i)
+        if (!data.good[i])
+            failed.push_back({i,
+                              {frame.X(double(i)), std::clamp(frame.Y(data.values[i]), frame.GetInner().top(),
+                                                              frame.GetInner().bottom())}});
+    return failed;
 }
 
 } // namespace ZYN::Page

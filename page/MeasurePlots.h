@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QtCore/QPointF>
 #include <QtCore/QRectF>
 #include <QtCore/QString>
 
@@ -13,7 +14,8 @@ namespace ZYN::Page {
 /// What the plots of one measurement show. Values are in the base unit, in order of time.
 struct MeasureData {
     QString unit;
-    std::optional<double> lower, upper, mean, sigma;
+    bool isDecimal = true; ///< false for a hexadecimal or binary unit
+    std::optional<double> lower, upper, mean;
     std::vector<double> values;
     std::vector<bool> good; ///< as long as the values
     /// Something began at this value: a number for it, and what it is called.
@@ -24,10 +26,18 @@ struct MeasureData {
     std::vector<Mark> marks;
 };
 
-/// How often which value was measured, with limits and the normal distribution of the same mean and sigma.
+/// A failed value of a trend and where it stands in the picture.
+struct FailedDot {
+    std::size_t index = 0;
+    QPointF at;
+};
+
+/// How often which value was measured, with limits and the normal distribution that fits. A few values far
+/// from all others are not shown but counted at the edge.
 void DrawHistogram(QPainter& painter, const QRectF& area, const MeasureData& data);
 /// The values in order of time with limits and mean. Where more values than pixels stand side by side, each
-/// column of pixels shows the range of its values, and failed ones one by one.
-void DrawTrend(QPainter& painter, const QRectF& area, const MeasureData& data);
+/// column of pixels shows the range of its values, and failed ones one by one. Values beyond the axis are
+/// arrows at its edge.
+std::vector<FailedDot> DrawTrend(QPainter& painter, const QRectF& area, const MeasureData& data);
 
 } // namespace ZYN::Page

@@ -1,17 +1,13 @@
 #include "page/MeasureSection.h"
 
-#include "page/Axis.h"
 #include "page/Html.h"
-#include "page/LotAnswers.h"
-#include "page/MeasurePlots.h"
+#include "page/LotPictures.h"
+#include "page/NumberText.h"
 #include "page/PageTexts.h"
 #include "page/SvgPlot.h"
-
-#include <QtCore/QCryptographicHash>
-#include <QtCore/QSet>
+#include "page/UnitTables.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace ZYN::Page {
 
@@ -20,172 +16,95 @@ namespace {
 constexpr QSizeF histogramSize(380, 210);
 constexpr QSizeF trendSize(680, 210);
 constexpr std::size_t openAtFirst = 3;
+constexpr std::size_t mostDrifting = 8;
+constexpr std::size_t mostLinks = 40;
 
-std::size_t IndexOf(const MeasureRow& row, const RunPlace& place)
+QString Hint(const QString& text)
 {
-    for (std::size_t i = 0; i < row.values.size(); ++i)
-        if (row.values[i].serial == place.serial && row.values[i].start == place.start)
-            return i;
-    return 0;
+    return text.isEmpty() ? QString() : QStringLiteral("<p class=\"hint\">%1</p>").arg(text);
 }
 
-QString DriftName(const Drift& drift)
+QString FiguresOf(const MeasureRow& row)
 {
-    return drift.kind == QLatin1String("step") ? Texts::tr("step") : Texts::tr("trend");
+    return Texts::tr("%n values, mean %1, sigma %2, limits %3", nullptr, int(row.count))
+        .arg(Figure(row.mean, row.unit, row.style), Figure(row.sigma, row.unit, row.style), Limits(row));
 }
 
-MeasureData DataOf(const MeasureRow& row)
+// Failed dots that lead to their units.
+QString Links(const std::vector<FailedDot>& dots, const MeasureRow& row,
+              const std::vector<MeasuredValue>& values, const UnitTables& units)
 {
-    MeasureData data{row.unit, row.lower, row.upper, row.mean, row.sigma, {}, {}, {}};
-    data.values.reserve(row.values.size());
-    for (const MeasuredValue& value : row.values) {
-        data.values.push_back(value.value);
-        data.good.push_back(value.code >= 0);
+    QString text;
+    std::size_t count = 0;
+    for (const FailedDot& dot : dots) {
+        const MeasuredValue& value = values[dot.index];
+        const QString link = units.LinkTo(value.serial);
+        if (link.isEmpty() || ++count > mostLinks)
+            continue;
+        text +=
+            QStringLiteral("<a href=\"%1\"><title>%2: %3</title><circle cx=\"%4\" cy=\"%5\" r=\"5\"/></a>")
+                .arg(link, Escaped(value.serial), Escaped(Figure(value.value, row.unit, row.style)),
+                     QString::number(qRound(dot.at.x())), QString::number(qRound(dot.at.y())));
     }
-    if (row.drift)
-        data.marks.push_back({IndexOf(row, row.drift->since), DriftName(*row.drift)});
-    QSet<int> named; // the first hit of each rule
-    for (const RuleHit& hit : row.rules) {
-        const QString name = named.contains(hit.rule) ? QString() : Texts::tr("rule %1").arg(hit.rule);
-        named.insert(hit.rule);
-        data.marks.push_back({IndexOf(row, hit.since), name});
-    }
-    std::stable_sort(
-        data.marks.begin(), data.marks.end(),
-        [](const MeasureData::Mark& a, const MeasureData::Mark& b) { return a.index < b.index; });
-    return data;
-}
-
-QString Optional(const std::optional<double>& value, const QString& unit)
-{
-    return value ? Figure(*value, unit) : QString(QChar(0x2013));
-}
-
-QString Plain(const std::optional<double>& value)
-{
-    return value ? QString::number(*value, 'f', 2) : QString(QChar(0x2013));
-}
-
-QString LimitsOf(const MeasureRow& row)
-{
-    if (!row.lower && !row.upper)
-        return QString(QChar(0x2013));
-    return Optional(row.lower, row.unit) + QStringLiteral(" … ") + Optional(row.upper, row.unit);
-}
-
-QString Plots(const MeasureRow& row)
-{
-    const MeasureData data = DataOf(row);
-    if (data.values.empty())
-        return {};
-    const QString description =
-        Texts::tr("%n values, mean %1, sigma %2, limits %3", nullptr, int(row.count))
-            .arg(Optional(row.mean, row.unit), Optional(row.sigma, row.unit), LimitsOf(row));
-    const QByteArray histogram =
-        SvgPlot(histogramSize, Texts::tr("How often: %1").arg(row.path), description,
-                [&](QPainter& painter, const QRectF& area) { DrawHistogram(painter, area, data); });
-    const QByteArray trend =
-        SvgPlot(trendSize, Texts::tr("In order of time: %1").arg(row.path), description,
-                [&](QPainter& painter, const QRectF& area) { DrawTrend(painter, area, data); });
-    return QStringLiteral("<div class=\"plots\">%1%2</div>\n")
-        .arg(QString::fromUtf8(histogram), QString::fromUtf8(trend));
-}
-
-QString PlaceText(const RunPlace& place)
-{
-    return Texts::tr("unit %1, %2").arg(place.serial, place.start);
-}
-
-QString DriftSentence(const MeasureRow& row)
-{
-    const Drift& drift = *row.drift;
-    const QString size = QString::number(std::abs(drift.sigmas), 'f', 1);
-    const QString text = drift.kind == QLatin1String("step")
-                             ? (drift.sigmas < 0 ? Texts::tr("A step down of %1 sigma since %2.")
-                                                 : Texts::tr("A step up of %1 sigma since %2."))
-                             : (drift.sigmas < 0 ? Texts::tr("A trend down of %1 sigma, begun at %2.")
-                                                 : Texts::tr("A trend up of %1 sigma, begun at %2."));
-    return text.arg(size, PlaceText(drift.since));
-}
-
-QString NameOf(const MeasureRow& row)
-{
-    QString name = row.path;
-    for (const auto& [key, value] : row.group)
-        name = value + QStringLiteral(": ") + name;
-    return Escaped(name);
-}
-
-QString RowOf(const MeasureRow& row, int number, std::size_t index)
-{
-    const bool isPoor = row.cpk && *row.cpk < 1;
-    return QStringLiteral(
-               "<tr><th scope=\"row\"><a href=\"#m%1-%2\">%3</a></th><td>%4</td><td class=\"n\">%5</td>"
-               "<td class=\"n\">%6</td><td class=\"n\">%7</td><td class=\"n%8\">%9</td>")
-               .arg(QString::number(number), QString::number(index), NameOf(row), Escaped(row.ident),
-                    LimitsOf(row), Optional(row.mean, row.unit), Optional(row.sigma, row.unit),
-                    isPoor ? QStringLiteral(" bad") : QString(), Plain(row.cpk)) +
-           QStringLiteral("<td class=\"n\">%1</td><td class=\"n\">%2</td><td class=\"n\">%3</td></tr>\n")
-               .arg(Plain(row.cpkPassed), QString::number(row.count), QString::number(row.failed));
-}
-
-QString DetailsOf(const MeasureRow& row, int number, std::size_t index)
-{
-    QString text =
-        QStringLiteral("<details id=\"m%1-%2\"%3><summary>%4<span>CPK %5</span></summary>\n")
-            .arg(QString::number(number), QString::number(index),
-                 index < openAtFirst ? QStringLiteral(" open") : QString(), NameOf(row), Plain(row.cpk));
-    if (row.drift)
-        text += QStringLiteral("<p>%1</p>").arg(Escaped(DriftSentence(row)));
-    QStringList rules;
-    QSet<int> told;
-    for (const RuleHit& hit : row.rules) {
-        if (!told.contains(hit.rule))
-            rules.append(
-                Texts::tr("rule %1, first at %2").arg(QString::number(hit.rule), PlaceText(hit.since)));
-        told.insert(hit.rule);
-    }
-    if (!rules.isEmpty())
-        text += QStringLiteral("<p class=\"hint\">%1</p>").arg(Escaped(rules.join(QStringLiteral("; "))));
-    if (row.notNumbers > 0)
-        text += QStringLiteral("<p class=\"hint\">%1</p>")
-                    .arg(Texts::tr("%n values are no finite number", nullptr, int(row.notNumbers)));
-    return text + Plots(row) + QStringLiteral("</details>\n");
+    return text;
 }
 
 } // namespace
 
-QString UnitAnchor(int number, const QString& serial)
+MeasureSection::MeasureSection(const LotAnswers& answers, int number, const UnitTables& units)
+    : m_answers(answers)
+    , m_number(number)
+    , m_units(units)
 {
-    const QByteArray hash =
-        QCryptographicHash::hash(serial.toUtf8(), QCryptographicHash::Sha1).toHex().left(10);
-    return QStringLiteral("u%1-%2").arg(number).arg(QString::fromLatin1(hash));
 }
 
-QString LookAtThis(const LotAnswers& answers, int number)
+QString MeasureSection::Anchor(std::size_t row) const
 {
-    std::vector<std::pair<const MeasureRow*, std::size_t>> drifting;
-    for (std::size_t i = 0; i < answers.measures.size(); ++i)
-        if (answers.measures[i].drift)
-            drifting.emplace_back(&answers.measures[i], i);
+    return QStringLiteral("m%1-%2").arg(QString::number(m_number), QString::number(row));
+}
+
+QString MeasureSection::Plots(std::size_t index) const
+{
+    const MeasureRow& row = m_answers.Rows()[index];
+    const std::vector<MeasuredValue> values = m_answers.measures->ValuesOf(index);
+    if (values.empty())
+        return {};
+    const MeasureData data = DataOf(row, values);
+    const QString description = FiguresOf(row);
+    const QByteArray histogram =
+        SvgPlot(histogramSize, Texts::tr("How often: %1").arg(row.path), description,
+                [&](QPainter& painter, const QRectF& area) { DrawHistogram(painter, area, data); });
+    std::vector<FailedDot> failed;
+    const QByteArray trend = SvgPlot(
+        trendSize, Texts::tr("In order of time: %1").arg(row.path), description,
+        [&](QPainter& painter, const QRectF& area) { failed = DrawTrend(painter, area, data); },
+        [&] { return Links(failed, row, values, m_units); });
+    return QStringLiteral("<div class=\"plots\"><div>%1</div><div class=\"pan\">%2</div></div>\n")
+        .arg(QString::fromUtf8(histogram), QString::fromUtf8(trend));
+}
+
+QString MeasureSection::LookAtThis() const
+{
+    const std::vector<std::size_t> drifting = DriftingRows(m_answers);
     if (drifting.empty())
         return {};
-    std::stable_sort(drifting.begin(), drifting.end(), [](const auto& a, const auto& b) {
-        return std::abs(a.first->drift->sigmas) > std::abs(b.first->drift->sigmas);
-    });
     QString text =
         QStringLiteral("<section class=\"look\" aria-labelledby=\"look%1\">\n<h3 id=\"look%1\">%2</h3>\n")
-            .arg(QString::number(number), Texts::tr("Look at this"));
-    for (const auto& [row, index] : drifting)
-        text += QStringLiteral("<p><a href=\"#m%1-%2\"><strong>%3</strong></a> %4</p>\n%5")
-                    .arg(QString::number(number), QString::number(index), NameOf(*row),
-                         Escaped(DriftSentence(*row)), Plots(*row));
+            .arg(QString::number(m_number), Texts::tr("Look at this"));
+    for (std::size_t i = 0; i < drifting.size(); ++i) {
+        const MeasureRow& row = m_answers.Rows()[drifting[i]];
+        text += QStringLiteral("<p><a href=\"#%1\"><strong>%2</strong></a> %3</p>\n")
+                    .arg(Anchor(drifting[i]), Escaped(NameOf(row)), Escaped(DriftSentence(*row.drift)));
+        if (i < mostDrifting)
+            text += Plots(drifting[i]);
+    }
     return text + QStringLiteral("</section>\n");
 }
 
-QString Measurements(const LotAnswers& answers, int number)
+QString MeasureSection::Table() const
 {
-    if (answers.measures.empty())
+    const std::vector<MeasureRow>& rows = m_answers.Rows();
+    if (rows.empty())
         return {};
     QString text =
         QStringLiteral(
@@ -199,13 +118,42 @@ QString Measurements(const LotAnswers& answers, int number)
         text += QStringLiteral("<th scope=\"col\"%1>%2</th>")
                     .arg(i++ < 2 ? QString() : QStringLiteral(" class=\"n\""), column);
     text += QStringLiteral("</tr></thead>\n<tbody>\n");
-    for (std::size_t i = 0; i < answers.measures.size(); ++i)
-        text += RowOf(answers.measures[i], number, i);
-    text +=
-        QStringLiteral("</tbody></table></div>\n<h3>%1</h3>\n").arg(Texts::tr("Distributions and trends"));
-    for (std::size_t i = 0; i < answers.measures.size(); ++i)
-        text += DetailsOf(answers.measures[i], number, i);
-    return text;
+    const auto cell = [&](const QString& figure, bool isBad = false) {
+        text += QStringLiteral("<td class=\"n%1\">%2</td>")
+                    .arg(isBad ? QStringLiteral(" bad") : QString(), Escaped(figure));
+    };
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const MeasureRow& row = rows[i];
+        text += QStringLiteral("<tr><th scope=\"row\"><a href=\"#%1\">%2</a></th><td>%3</td>")
+                    .arg(Anchor(i), Escaped(NameOf(row)), Escaped(row.ident));
+        cell(Limits(row));
+        cell(Figure(row.mean, row.unit, row.style));
+        cell(Figure(row.sigma, row.unit, row.style));
+        cell(Capability(row.cpk), row.cpk && *row.cpk < 1);
+        cell(Capability(row.cpkPassed));
+        cell(QString::number(row.count));
+        cell(QString::number(row.failed), row.failed > 0);
+        text += QStringLiteral("</tr>\n");
+    }
+    return text + QStringLiteral("</tbody></table></div>\n<h3>%1</h3>\n<p class=\"hint\">%2</p>\n")
+                      .arg(Texts::tr("Distributions and trends"),
+                           Texts::tr("Curve: the normal distribution that fits. Solid line: mean; dashed: "
+                                     "limits and where something began. Failed dots lead to their units."));
+}
+
+QString MeasureSection::Details(std::size_t index) const
+{
+    const MeasureRow& row = m_answers.Rows()[index];
+    QString text = QStringLiteral("<details id=\"%1\"%2><summary>%3<span>CPK %4</span></summary>\n<div>")
+                       .arg(Anchor(index), index < openAtFirst ? QStringLiteral(" open") : QString(),
+                            Escaped(NameOf(row)), Capability(row.cpk));
+    text += Hint(Escaped(FiguresOf(row)));
+    if (row.drift)
+        text += QStringLiteral("<p>%1</p>").arg(Escaped(DriftSentence(*row.drift)));
+    text += Hint(Escaped(RulesSentence(row)));
+    if (row.notNumbers > 0)
+        text += Hint(Texts::tr("%n values are no finite number", nullptr, int(row.notNumbers)));
+    return text + Plots(index) + QStringLiteral("</div></details>\n");
 }
 
 } // namespace ZYN::Page

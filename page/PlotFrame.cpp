@@ -1,5 +1,7 @@
 #include "page/PlotFrame.h"
 
+#include "page/Html.h"
+
 #include <QtGui/QFontMetricsF>
 
 #include <algorithm>
@@ -57,7 +59,7 @@ void DrawLabel(QPainter& painter, const QPointF& at, Qt::Alignment alignment, In
                      : alignment & Qt::AlignBottom ? at.y()
                                                    : at.y() + ascent;
     painter.setPen(ColourOf(ink));
-    painter.drawText(QPointF(x, y), text);
+    painter.drawText(QPointF(x, y), Harmless(text));
 }
 
 PlotFrame::PlotFrame(QPainter& painter, const QRectF& area, const AxisOfPlot& across, const AxisOfPlot& up)
@@ -67,7 +69,7 @@ PlotFrame::PlotFrame(QPainter& painter, const QRectF& area, const AxisOfPlot& ac
     , m_inner(area)
 {
     painter.setFont(PlotFont());
-    m_inner.adjust(WidestLabel(up.axis.Ticks(up.unit)) + gap + 2, lineHeight + 4, -lineHeight,
+    m_inner.adjust(WidestLabel(up.axis.Ticks(up.unit)) + gap + 2, lineHeight + 8, -lineHeight,
                    -lineHeight - gap);
 }
 
@@ -79,7 +81,7 @@ void PlotFrame::DrawUp()
         m_painter.drawLine(QPointF(m_inner.left(), y), QPointF(m_inner.right(), y));
         DrawLabel(m_painter, {m_inner.left() - gap, y}, Qt::AlignRight, Ink::Faint, tick.label);
     }
-    DrawLabel(m_painter, {m_inner.left() - gap, m_inner.top() - lineHeight - 2},
+    DrawLabel(m_painter, {m_inner.left() - gap, m_inner.top() - lineHeight - 6},
               Qt::AlignRight | Qt::AlignTop, Ink::Faint, m_up.axis.UnitText(m_up.unit));
 }
 
@@ -109,17 +111,20 @@ void PlotFrame::DrawAcross()
     }
 }
 
-void PlotFrame::DrawLevel(double value, Ink ink, Qt::PenStyle style, const QString& text)
+void PlotFrame::DrawLevel(double value, Ink ink, Qt::PenStyle style, const QString& text, Qt::Alignment side)
 {
     const double y = Y(value);
     if (y < m_inner.top() - 1 || y > m_inner.bottom() + 1)
         return;
     m_painter.setPen(PlotPen(ink, 1.25, style));
     m_painter.drawLine(QPointF(m_inner.left(), y), QPointF(m_inner.right(), y));
-    DrawLabel(m_painter, {m_inner.right() - 2, y - 3}, Qt::AlignRight | Qt::AlignBottom, ink, text);
+    const bool isBelow = side == Qt::AlignBottom && y + lineHeight < m_inner.bottom();
+    DrawLabel(m_painter, {m_inner.right() - 2, isBelow ? y + 2 : y - 3},
+              Qt::AlignRight | (isBelow ? Qt::AlignTop : Qt::AlignBottom), ink, text);
 }
 
-void PlotFrame::DrawUpright(double value, Ink ink, Qt::PenStyle style, const QString& text)
+void PlotFrame::DrawUpright(double value, Ink ink, Qt::PenStyle style, const QString& text,
+                            Qt::Alignment side)
 {
     const double x = X(value);
     if (x < m_inner.left() - 1 || x > m_inner.right() + 1)
@@ -127,7 +132,9 @@ void PlotFrame::DrawUpright(double value, Ink ink, Qt::PenStyle style, const QSt
     m_painter.setPen(PlotPen(ink, 1.25, style));
     m_painter.drawLine(QPointF(x, m_inner.top()), QPointF(x, m_inner.bottom()));
     const double half = LabelWidth(text) / 2;
-    const double centre = std::clamp(x, m_inner.left() + half, m_inner.right() + lineHeight - half);
+    const double away = half + 1;
+    const double wanted = side == Qt::AlignLeft ? x - away : side == Qt::AlignRight ? x + away : x;
+    const double centre = std::clamp(wanted, m_inner.left() + half, m_inner.right() + lineHeight - half);
     DrawLabel(m_painter, {centre, m_inner.top() - 4}, Qt::AlignHCenter | Qt::AlignBottom, ink, text);
 }
 

@@ -30,10 +30,12 @@ public:
     /// Numbers of the other axis, thinned so that none touches another.
     void DrawAcross();
     /// A line from one side to the other at a value, with a text at its end. Outside the frame nothing is
-    /// drawn.
-    void DrawLevel(double value, Ink ink, Qt::PenStyle style, const QString& text);
-    /// The same upright.
-    void DrawUpright(double value, Ink ink, Qt::PenStyle style, const QString& text);
+    /// drawn. \param side of the line where the text stands: above or below; there only if there is room
+    void DrawLevel(double value, Ink ink, Qt::PenStyle style, const QString& text,
+                   Qt::Alignment side = Qt::AlignTop);
+    /// The same upright. \param side left, right or in the middle
+    void DrawUpright(double value, Ink ink, Qt::PenStyle style, const QString& text,
+                     Qt::Alignment side = Qt::AlignHCenter);
 
 private:
     QPainter& m_painter;

@@ -1,5 +1,6 @@
 #include "page/SvgPlot.h"
 
+#include "page/Html.h"
 #include "page/Ink.h"
 
 #include <QtCore/QBuffer>
@@ -121,15 +122,18 @@ QString Shortened(const QString& svg)
 } // namespace
 
 QByteArray SvgPlot(const QSizeF& size, const QString& title, const QString& description,
-                   const std::function<void(QPainter&, const QRectF&)>& draw)
+                   const std::function<void(QPainter&, const QRectF&)>& draw,
+                   const std::function<QString()>& links)
 {
     const QString whole = QString::fromUtf8(Painted(size, draw));
     const qsizetype begin = whole.indexOf(QStringLiteral("</defs>"));
     const QString body = whole.mid(begin + 7, whole.lastIndexOf(QStringLiteral("</svg>")) - begin - 7);
+    const QString above = links ? links() : QString();
     return QStringLiteral(
-               "<svg viewBox=\"0 0 %1 %2\" role=\"img\"><title>%3</title><desc>%4</desc>%5</svg>\n")
-        .arg(QString::number(size.width()), QString::number(size.height()), title.toHtmlEscaped(),
-             description.toHtmlEscaped(), Shortened(body).trimmed())
+               "<svg viewBox=\"0 0 %1 %2\" role=\"%3\"><title>%4</title><desc>%5</desc>%6%7</svg>\n")
+        .arg(QString::number(size.width()), QString::number(size.height()),
+             above.isEmpty() ? QStringLiteral("img") : QStringLiteral("group"), Escaped(title),
+             Escaped(description), Shortened(body).trimmed(), above)
         .toUtf8();
 }
 

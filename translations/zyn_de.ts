@@ -2002,26 +2002,12 @@ Sigma groß ist; Regeln (Nelson, 1984) kennzeichnen nur Punkte.</translation>
         <translation>%1: das Format ist unklar</translation>
     </message>
     <message>
-        <source>give it a name that ends in .html</source>
-        <translation>einen Namen geben, der auf .html endet</translation>
-    </message>
-    <message>
         <source>%1: open it in a browser</source>
         <translation>%1: im Browser öffnen</translation>
     </message>
     <message>
         <source>Make a page about lots, to look at, print and mail</source>
         <translation>Eine Seite über Lose machen, zum Ansehen, Drucken und Verschicken</translation>
-    </message>
-    <message>
-        <source>File to write, which ends in .html</source>
-        <translation>Zu schreibende Datei, die auf .html endet</translation>
-    </message>
-    <message>
-        <source>One file without scripts: yield, failures, every measurement with its pictures, what drifts
-on top.</source>
-        <translation>Eine Datei ohne Skripte: Ausbeute, Fehler, jede Messung mit ihren Bildern, was driftet
-zuoberst.</translation>
     </message>
     <message>
         <source>Serial</source>
@@ -2400,10 +2386,6 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
             <numerusform>%n Läufe</numerusform>
         </translation>
     </message>
-    <message>
-        <source>Units failed</source>
-        <translation>Fehlerhafte Prüflinge</translation>
-    </message>
     <message numerus="yes">
         <source>%n failed runs</source>
         <translation>
@@ -2436,24 +2418,12 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <translation>Ausbeute nach Position auf dem Nutzen</translation>
     </message>
     <message>
-        <source>Share of units that passed</source>
-        <translation>Anteil bestandener Prüflinge</translation>
-    </message>
-    <message>
         <source>all others</source>
         <translation>alle anderen</translation>
     </message>
     <message>
         <source>What failed first</source>
         <translation>Was zuerst fehlerhaft war</translation>
-    </message>
-    <message>
-        <source>Share of all failed runs, and how many.</source>
-        <translation>Anteil an allen fehlerhaften Läufen, und wie viele.</translation>
-    </message>
-    <message>
-        <source>First failure</source>
-        <translation>Erster Fehler</translation>
     </message>
     <message numerus="yes">
         <source>and %n more: zyn units</source>
@@ -2467,16 +2437,8 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <translation>Fehlerhafte Prüflinge</translation>
     </message>
     <message>
-        <source>Units whose last run did not pass</source>
-        <translation>Prüflinge, deren letzter Lauf nicht bestanden ist</translation>
-    </message>
-    <message>
         <source>Units tested more than once</source>
         <translation>Mehrmals geprüfte Prüflinge</translation>
-    </message>
-    <message>
-        <source>Of one program</source>
-        <translation>Mit demselben Programm</translation>
     </message>
     <message>
         <source>LL</source>
@@ -2714,6 +2676,87 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
     <message>
         <source>is too wide for a map</source>
         <translation>ist zu breit für eine Karte</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n values, mean %1, sigma %2, limits %3, CPK %4 (of passed %5), %6 failed</source>
+        <translation>
+            <numerusform>%n Wert, Mittelwert %1, Sigma %2, Grenzen %3, CPK %4 (der bestandenen %5), %6 fehlerhaft</numerusform>
+            <numerusform>%n Werte, Mittelwert %1, Sigma %2, Grenzen %3, CPK %4 (der bestandenen %5), %6 fehlerhaft</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Wafer %1</source>
+        <translation>Wafer %1</translation>
+    </message>
+    <message>
+        <source>Yield by site</source>
+        <translation>Ausbeute nach Platz</translation>
+    </message>
+    <message>
+        <source>Bins</source>
+        <translation>Bins</translation>
+    </message>
+    <message>
+        <source>Bin %1</source>
+        <translation>Bin %1</translation>
+    </message>
+    <message>
+        <source>First start</source>
+        <translation>Erster Start</translation>
+    </message>
+    <message>
+        <source>Last start</source>
+        <translation>Letzter Start</translation>
+    </message>
+    <message>
+        <source>Units not passed</source>
+        <translation>Nicht bestanden</translation>
+    </message>
+    <message>
+        <source>Share of units that passed; the worst place stands out.</source>
+        <translation>Anteil der Prüflinge, die bestanden; der schlechteste Platz ist hervorgehoben.</translation>
+    </message>
+    <message>
+        <source>Wafers</source>
+        <translation>Wafer</translation>
+    </message>
+    <message>
+        <source>Dies that did not pass stand out.</source>
+        <translation>Chips, die nicht bestanden, sind hervorgehoben.</translation>
+    </message>
+    <message>
+        <source>Share of all first failures, and in how many runs.</source>
+        <translation>Anteil an allen ersten Fehlern, und in wie vielen Läufen.</translation>
+    </message>
+    <message>
+        <source>Share of all units.</source>
+        <translation>Anteil an allen Prüflingen.</translation>
+    </message>
+    <message>
+        <source>Curve: the normal distribution that fits. Solid line: mean; dashed: limits and where something began. Failed dots lead to their units.</source>
+        <translation>Kurve: die passende Normalverteilung. Durchgezogen: Mittelwert; gestrichelt: Grenzen, und wo etwas begann. Fehlerhafte Punkte führen zu ihren Prüflingen.</translation>
+    </message>
+    <message>
+        <source>Units whose last run did not pass.</source>
+        <translation>Prüflinge, deren letzter Lauf nicht bestand.</translation>
+    </message>
+    <message>
+        <source>Units with several runs of one program.</source>
+        <translation>Prüflinge mit mehreren Läufen eines Programms.</translation>
+    </message>
+    <message>
+        <source>give it a name that ends in .html or .pdf</source>
+        <translation>geben Sie ihr einen Namen, der auf .html oder .pdf endet</translation>
+    </message>
+    <message>
+        <source>File to write, which ends in .html or .pdf</source>
+        <translation>Zu schreibende Datei, die auf .html oder .pdf endet</translation>
+    </message>
+    <message>
+        <source>One file without scripts: yield, failures, every measurement with its pictures, what drifts
+on top. As .pdf for paper, a measurement a third of a page.</source>
+        <translation>Eine Datei ohne Skripte: Ausbeute, Fehler, jede Messung mit ihren Bildern, was wandert
+ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</translation>
     </message>
 </context>
 </TS>

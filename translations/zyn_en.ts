@@ -216,5 +216,12 @@
             <numerusform>%n runs were removed</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n values, mean %1, sigma %2, limits %3, CPK %4 (of passed %5), %6 failed</source>
+        <translation>
+            <numerusform>%n value, mean %1, sigma %2, limits %3, CPK %4 (of passed %5), %6 failed</numerusform>
+            <numerusform>%n values, mean %1, sigma %2, limits %3, CPK %4 (of passed %5), %6 failed</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

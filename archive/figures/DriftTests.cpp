@@ -15,28 +15,25 @@ namespace {
 constexpr double Significant = 0.01;
 constexpr double WorthTelling = 0.5; // sigmas
 
-double MeanOf(std::span<const double> numbers)
+double MiddleOf(std::span<const double> numbers)
 {
-    double sum = 0;
-    for (const double number : numbers)
-        sum += number - numbers.front();
-    return numbers.front() + sum / double(numbers.size());
+    return MedianOf({numbers.begin(), numbers.end()});
 }
 
 } // namespace
 
 DriftTests::DriftTests(std::span<const double> numbers)
 {
-    const double sigma = MovingRangeSigma(numbers);
+    const double sigma = RobustSigma(numbers);
     if (!(sigma > 0))
         return;
     const Ranks ranks = RanksOf(numbers);
     const std::size_t tenth = std::max<std::size_t>(1, numbers.size() / 10);
-    const double rise = MeanOf(numbers.last(tenth)) - MeanOf(numbers.first(tenth));
+    const double rise = MiddleOf(numbers.last(tenth)) - MiddleOf(numbers.first(tenth));
     m_candidates[std::size_t(FoundDrift::Kind::Trend)] = {TrendOf(ranks).p, rise / sigma, 0};
     const Step step = StepOf(ranks);
     const double height =
-        step.behind == 0 ? 0 : MeanOf(numbers.subspan(step.behind)) - MeanOf(numbers.first(step.behind));
+        step.behind == 0 ? 0 : MiddleOf(numbers.subspan(step.behind)) - MiddleOf(numbers.first(step.behind));
     m_candidates[std::size_t(FoundDrift::Kind::Step)] = {step.p, height / sigma, step.behind};
 }
 

@@ -22,9 +22,10 @@ struct FoundDrift {
 
 /// What the two tests of one measurement said, until the tests of all others are known.
 ///
-/// The size of a drift is that of a trend from the first to the last tenth, of a step from the mean before it
-/// to the mean behind it, in sigmas of the moving range: the usual sigma holds the drift itself, which would
-/// hide it (a step of ten in the middle would never be more than two).
+/// The size of a drift is that of a trend from the first to the last tenth, of a step from the middle before
+/// it to the middle behind it, in sigmas of the moving range: the usual sigma holds the drift itself, which
+/// would hide it (a step of ten in the middle would never be more than two). Medians, so that a few broken
+/// units, which measure nothing like the others, do not hide it either.
 class DriftTests {
 public:
     DriftTests() = default;

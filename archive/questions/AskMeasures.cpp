@@ -46,23 +46,43 @@ public:
     {
     }
 
-    std::vector<MeasureRow> Rows(const MeasureOptions& options) const
+    /// A row and the number of its series.
+    struct Numbered {
+        MeasureRow row;
+        std::size_t series = 0;
+    };
+
+    std::vector<Numbered> Rows(const MeasureOptions& options) const
     {
         const std::vector<MeasuredSeries>& series = m_reader.GetSeries();
         std::vector<Figures::DriftTests> tests;
         for (const MeasuredSeries& one : series)
             tests.emplace_back(one.values);
         const std::vector<std::optional<Figures::FoundDrift>> drifts = Figures::FindDrifts(tests);
-        std::vector<MeasureRow> rows;
+        std::vector<Numbered> rows;
         for (std::size_t i = 0; i < series.size(); ++i)
             if (IsWanted(series[i], options.names))
-                rows.push_back(RowOf(series[i], drifts[i], options.values));
-        std::stable_sort(rows.begin(), rows.end(), [](const MeasureRow& a, const MeasureRow& b) {
+                rows.push_back({RowOf(series[i], drifts[i], options.values), i});
+        std::stable_sort(rows.begin(), rows.end(), [](const Numbered& one, const Numbered& other) {
+            const MeasureRow& a = one.row;
+            const MeasureRow& b = other.row;
             if (a.cpk != b.cpk)
                 return a.cpk && (!b.cpk || *a.cpk < *b.cpk);
             return std::tie(a.path, a.group) < std::tie(b.path, b.group);
         });
         return rows;
+    }
+
+    std::vector<MeasuredValue> ValuesOf(const MeasuredSeries& series) const
+    {
+        std::vector<MeasuredValue> values;
+        values.reserve(series.values.size());
+        for (std::size_t i = 0; i < series.values.size(); ++i) {
+            const RunPlace& place = PlaceOf(series, i);
+            values.push_back({place.serial, place.lot, place.start, series.values[i],
+                              VerdictOf(series.codes[i]), series.codes[i]});
+        }
+        return values;
     }
 
 private:
@@ -95,15 +115,12 @@ private:
         if (drift) {
             const bool isTrend = drift->kind == Figures::FoundDrift::Kind::Trend;
             row.drift = Drift{isTrend ? QStringLiteral("trend") : QStringLiteral("step"), drift->p,
-                              drift->sigmas, PlaceOf(series, drift->since)};
+                              drift->sigmas, PlaceOf(series, drift->since), drift->since};
         }
         for (const Figures::NelsonHit& hit : Figures::NelsonHits(series.values))
-            row.rules.push_back({hit.rule, PlaceOf(series, hit.since)});
-        for (std::size_t i = 0; withValues && i < series.values.size(); ++i) {
-            const RunPlace& place = PlaceOf(series, i);
-            row.values.push_back({place.serial, place.lot, place.start, series.values[i],
-                                  VerdictOf(series.codes[i]), series.codes[i]});
-        }
+            row.rules.push_back({hit.rule, PlaceOf(series, hit.since), hit.since});
+        if (withValues)
+            row.values = ValuesOf(series);
         return row;
     }
 
@@ -123,7 +140,47 @@ std::optional<std::vector<MeasureRow>> AskMeasures(const Archive& archive, const
     SeriesReader reader(archive, filter);
     if (!reader.Read())
         return std::nullopt;
-    return Measures(reader).Rows(options);
+    std::vector<MeasureRow> rows;
+    for (Measures::Numbered& one : Measures(reader).Rows(options))
+        rows.push_back(std::move(one.row));
+    return rows;
+}
+
+class MeasureAnswer::Private {
+public:
+    Private(const Archive& archive, const RunFilter& filter)
+        : reader(archive, filter)
+    {
+    }
+
+    SeriesReader reader;
+    std::vector<MeasureRow> rows;
+    std::vector<std::size_t> series; ///< of each row
+};
+
+MeasureAnswer::MeasureAnswer() = default;
+MeasureAnswer::~MeasureAnswer() = default;
+
+bool MeasureAnswer::Ask(const Archive& archive, const RunFilter& filter)
+{
+    d = std::make_unique<Private>(archive, filter);
+    if (!d->reader.Read())
+        return false;
+    for (Measures::Numbered& one : Measures(d->reader).Rows({})) {
+        d->rows.push_back(std::move(one.row));
+        d->series.push_back(one.series);
+    }
+    return true;
+}
+
+const std::vector<MeasureRow>& MeasureAnswer::GetRows() const
+{
+    return d->rows;
+}
+
+std::vector<MeasuredValue> MeasureAnswer::ValuesOf(std::size_t row) const
+{
+    return Measures(d->reader).ValuesOf(d->reader.GetSeries()[d->series[row]]);
 }
 
 } // namespace ZYN

@@ -35,6 +35,16 @@ std::optional<QHash<int, QString>> PathsOfComponents(const Archive& archive)
     return query && IsComplete(archive, *query) ? std::optional(paths) : std::nullopt;
 }
 
+void FillFailure(const QSqlQuery& query, const QHash<int, QString>& paths, UnitRow* row)
+{
+    row->firstFailure = paths.value(query.value(3).toInt());
+    const QVariant number = query.value(8);
+    row->failedValue = number.isNull() ? std::nullopt : std::optional(number.toDouble());
+    row->failedUnit = query.value(9).toString();
+    row->failedStyle.factor = query.value(10).toInt();
+    row->failedStyle.unitCode = query.value(11).toInt();
+}
+
 } // namespace
 
 std::optional<std::vector<UnitRow>> AskUnits(const Archive& archive, const RunFilter& filter,
@@ -46,8 +56,11 @@ std::optional<std::vector<UnitRow>> AskUnits(const Archive& archive, const RunFi
     if (!paths || !programs.Read(archive, runs))
         return std::nullopt;
     std::optional<QSqlQuery> query = runs.Select(
-        QStringLiteral("r.unit, r.layout, r.code, f.component, u.product, u.lot, u.serial, u.seen_ident"),
-        ChosenRuns::JoinHome() + runs.JoinFirstFailure() + QStringLiteral(" AND r.code < 0"),
+        QStringLiteral("r.unit, r.layout, r.code, f.component, u.product, u.lot, u.serial, u.seen_ident, "
+                       "f.num, i.unit, i.factor, i.unit_code"),
+        ChosenRuns::JoinHome() + runs.JoinFirstFailure() +
+            QStringLiteral(" AND r.code < 0 LEFT JOIN layout_item i ON i.layout = "
+                           "r.layout AND i.component = f.component"),
         ConditionOf(options, runs), QStringLiteral("ORDER BY r.unit, r.program, ") + ChosenRuns::InOrder());
     std::vector<UnitRow> units;
     qint64 lastUnit = 0;
@@ -76,7 +89,7 @@ std::optional<std::vector<UnitRow>> AskUnits(const Archive& archive, const RunFi
         ++row.runs;
         row.code = code;
         if (code < 0)
-            row.firstFailure = paths->value(query->value(3).toInt());
+            FillFailure(*query, *paths, &row);
     }
     if (!query || !IsComplete(archive, *query))
         return std::nullopt;

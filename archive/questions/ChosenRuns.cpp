@@ -15,16 +15,17 @@ namespace {
 constexpr std::int64_t FarthestClock = std::int64_t(25) * 3600 * 1000;
 
 // The same unit in several lots is called by its first row.
-const QString joinedRuns = QStringLiteral("WITH joined AS (SELECT id, min(id) OVER (PARTITION BY product, "
-                                          "serial, ident, wafer, is_panel, own) AS same "
-                                          "FROM unit), runs AS (SELECT x.id, x.start, x.utc_offset, "
-                                          "x.run_index, x.test_index, x.program, x.code, x.current, "
-                                          "x.is_panel, x.station, x.position, x.site, x.hard_bin, x.layout, "
-                                          "x.limits, x.unit AS home, j.same AS unit, "
-                                          "CASE WHEN x.first = 1 AND row_number() OVER (PARTITION BY j.same, "
-                                          "x.program ORDER BY x.start, x.run_index, "
-                                          "x.test_index, x.id) = 1 THEN 1 ELSE 0 END AS first FROM run x "
-                                          "JOIN joined j ON j.id = x.unit WHERE x.current = 1) ");
+const QString joinedRuns =
+    QStringLiteral("WITH joined AS (SELECT id, min(id) OVER (PARTITION BY product, "
+                   "serial, ident, wafer, is_panel, own) AS same "
+                   "FROM unit), runs AS (SELECT x.id, x.start, x.utc_offset, "
+                   "x.run_index, x.test_index, x.program, x.code, x.current, "
+                   "x.is_panel, x.station, x.position, x.site, x.x, x.y, x.hard_bin, x.layout, "
+                   "x.limits, x.unit AS home, j.same AS unit, "
+                   "CASE WHEN x.first = 1 AND row_number() OVER (PARTITION BY j.same, "
+                   "x.program ORDER BY x.start, x.run_index, "
+                   "x.test_index, x.id) = 1 THEN 1 ELSE 0 END AS first FROM run x "
+                   "JOIN joined j ON j.id = x.unit WHERE x.current = 1) ");
 
 bool Fail(const Archive& archive, const QSqlError& error)
 {

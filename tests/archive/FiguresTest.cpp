@@ -19,7 +19,7 @@ private:
     std::mt19937_64 random{42};
 
     // 100 measurements of 200 units, of which the first one drifts.
-    std::vector<std::optional<FoundDrift>> DriftsOfLot(double slope, double step)
+    std::vector<std::optional<FoundDrift>> DriftsOfLot(double slope, double step, int broken = 0)
     {
         std::normal_distribution<double> noise;
         std::vector<DriftTests> tests;
@@ -28,6 +28,8 @@ private:
             for (int unit = 0; unit < 200; ++unit)
                 values[size_t(unit)] =
                     noise(random) + (measurement > 0 ? 0 : slope * unit / 199 + (unit < 100 ? 0 : step));
+            for (int i = 0; i < broken; ++i)
+                values[size_t(random() % values.size())] = -200;
             tests.emplace_back(values);
         }
         return FindDrifts(tests);
@@ -45,16 +47,17 @@ private slots:
 
     void DriftIsFound_data()
     {
-        const Rows<double, double, int> row;
-        row("slope of two sigma", 2, 0, int(FoundDrift::Kind::Trend));
-        row("step of one sigma", 0, -1, int(FoundDrift::Kind::Step));
+        const Rows<double, double, int, int> row;
+        row("slope of two sigma", 2, 0, 0, int(FoundDrift::Kind::Trend));
+        row("step of one sigma", 0, -1, 0, int(FoundDrift::Kind::Step));
+        row("among broken units", 2, 0, 6, int(FoundDrift::Kind::Trend));
     }
     void DriftIsFound()
     {
-        const auto [slope, step, kind] = CurrentRow<double, double, int>();
+        const auto [slope, step, broken, kind] = CurrentRow<double, double, int, int>();
         int found = 0, asSuch = 0;
         for (int lot = 0; lot < 100; ++lot) {
-            const std::optional<FoundDrift> drift = DriftsOfLot(slope, step).front();
+            const std::optional<FoundDrift> drift = DriftsOfLot(slope, step, broken).front();
             found += drift && (drift->sigmas > 0) == (slope + step > 0);
             asSuch += drift && int(drift->kind) == kind;
         }

@@ -9,6 +9,7 @@ import itertools
 import math
 import os
 import re
+import statistics
 import xml.etree.ElementTree as ElementTree
 from collections import Counter, defaultdict
 from decimal import Decimal
@@ -373,13 +374,15 @@ def holm(ps):
 def drift_of(values, ps, corrected, behind):
     """(kind, p, sigmas, index where it began) or None, from the p of trend and step as they are and corrected.
 
-    Sigma is that of the moving range: the usual one holds the drift itself.
+    Sigma is that of the moving range, by its median: the usual one holds the drift itself and broken units.
     """
-    sigma, found, tenth = moving_sigma(values), [], max(1, len(values) // 10)
+    ranges = [abs(a - b) for a, b in zip(values, values[1:])]
+    sigma = (statistics.median(ranges) / 0.954 if ranges else 0) or moving_sigma(values)
+    found, tenth = [], max(1, len(values) // 10)
     if sigma > 0:
         for kind, raw, p, before, after, index in (("trend", ps[0], corrected[0], values[:tenth], values[-tenth:], 0),
                                                    ("step", ps[1], corrected[1], values[:behind], values[behind:], behind)):
-            size = (mean_of(after) - mean_of(before)) / sigma if before else 0
+            size = (statistics.median(after) - statistics.median(before)) / sigma if before else 0
             if p < 0.01 and abs(size) >= 0.5:
                 found.append((raw, (kind, p, size, index)))
     return min(found, default=(None, None))[1]

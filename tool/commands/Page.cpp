@@ -6,6 +6,7 @@
 #include "terminal/Texts.h"
 
 #include "page/LotPage.h"
+#include "page/LotPdf.h"
 
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
@@ -41,9 +42,10 @@ int Run(const Arguments& arguments, const Manners& manners)
     if (const std::optional<int> code = arguments.options.CheckRuns(&filter))
         return *code;
     const QString path = PathOf(arguments.file);
-    if (QFileInfo(path).suffix().toLower() != QLatin1String("html"))
+    const QString suffix = QFileInfo(path).suffix().toLower();
+    if (suffix != QLatin1String("html") && suffix != QLatin1String("pdf"))
         return arguments.options.WrongValue(Texts::tr("%1: the format is not clear").arg(path),
-                                            Texts::tr("give it a name that ends in .html"));
+                                            Texts::tr("give it a name that ends in .html or .pdf"));
     SafeOutput output(path, arguments.force);
     if (output.Refusal())
         return Fail(*output.Refusal());
@@ -54,14 +56,15 @@ int Run(const Arguments& arguments, const Manners& manners)
     QFile file(output.TemporaryName());
     if (!file.open(QIODevice::WriteOnly))
         return Fail(output.WriteProblem());
-    if (!Page::WriteLotPage(archive, {filter, NamesOf(arguments, archive)}, file))
+    const auto write = suffix == QLatin1String("pdf") ? Page::WriteLotPdf : Page::WriteLotPage;
+    if (!write(archive, {filter, NamesOf(arguments, archive)}, file) || file.error() != QFileDevice::NoError)
         return Fail(archive.GetErrorText().isEmpty() ? output.WriteProblem()
                                                      : Problem{{}, 0, archive.GetErrorText(), {}});
     if (!file.flush())
         return Fail(output.WriteProblem());
     if (const std::optional<Problem> problem = output.Commit())
         return Fail(*problem);
-    if (!manners.quiet)
+    if (!manners.quiet && suffix == QLatin1String("html"))
         PrintNote(Texts::tr("%1: open it in a browser").arg(path));
     return source.GetExitCode();
 }
@@ -74,15 +77,15 @@ Command PageCommand(CommandLine& zyn, const Manners& manners)
         zyn.Subcommand("page", Texts::tr("Make a page about lots, to look at, print and mail"));
     const auto arguments = std::make_shared<Arguments>();
     arguments->options.DescribeRuns(page);
-    page.Value("-o,--output", arguments->file, Texts::tr("File to write, which ends in .html"))
+    page.Value("-o,--output", arguments->file, Texts::tr("File to write, which ends in .html or .pdf"))
         .Named(Texts::tr("FILE"))
         .Required();
     page.Flag("--force", arguments->force, Texts::tr("Replace an existing file"));
     page.Footer(
         Texts::tr(
             "One file without scripts: yield, failures, every measurement with its pictures, what drifts\n"
-            "on top."),
-        {"zyn page lot/ -o lot.html", "zyn page line.zya --lot LOT-2024-077 -o lot.html"});
+            "on top. As .pdf for paper, a measurement a third of a page."),
+        {"zyn page lot/ -o lot.html", "zyn page line.zya --lot LOT-2024-077 -o lot.pdf"});
     return {page, [=, &manners] { return Run(*arguments, manners); }, [] { return true; }};
 }
 

@@ -1,0 +1,125 @@
+#include "page/NumberText.h"
+
+#include "page/Axis.h"
+#include "page/PageTexts.h"
+
+#include <QtCore/QSet>
+
+#include <cmath>
+
+namespace ZYN::Page {
+
+namespace {
+
+const QString dash = QString(QChar(0x2013));
+
+int BaseOf(const NumberStyle& style)
+{
+    return style.unitCode == 25 ? 16 : style.unitCode == 26 ? 2 : 10;
+}
+
+QString PlaceText(const RunPlace& place)
+{
+    return Texts::tr("unit %1, %2").arg(place.serial, place.start);
+}
+
+} // namespace
+
+QString Percent(double part, double whole)
+{
+    return whole > 0 ? QString::number(100 * part / whole, 'f', 1) + QChar(0xA0) + QLatin1Char('%')
+                     : QString();
+}
+
+QString Share(double part, double whole)
+{
+    if (!(whole > 0))
+        return dash;
+    return Texts::tr("%1 (%2 of %3)")
+        .arg(Percent(part, whole), QString::number(part, 'f', 0), QString::number(whole, 'f', 0));
+}
+
+QString Of(std::int64_t part, std::int64_t whole)
+{
+    return Texts::tr("%1 of %2").arg(QString::number(part), QString::number(whole));
+}
+
+QString Figure(const std::optional<double>& value, const QString& unit, const NumberStyle& style)
+{
+    if (!value)
+        return dash;
+    const int base = BaseOf(style);
+    if (base == 10)
+        return WithUnit(*value, unit, 5);
+    if (*value != std::floor(*value) || std::abs(*value) >= 0x1p53)
+        return ShortNumber(*value, 5);
+    return QString::number(qint64(*value), base) + QChar(0x202F) + unit;
+}
+
+QString Capability(const std::optional<double>& value)
+{
+    return value ? QString::number(*value, 'f', 2) : dash;
+}
+
+QString Limits(const MeasureRow& row)
+{
+    const auto figure = [&](const std::optional<double>& limit) {
+        return Figure(limit, row.unit, row.style);
+    };
+    if (row.lower && row.style.lowerOperator == QLatin1String("=="))
+        return QStringLiteral("= ") + figure(row.lower);
+    if (row.lower && row.style.lowerOperator == QLatin1String("!="))
+        return QStringLiteral("≠ ") + figure(row.lower);
+    if (row.lower && row.upper)
+        return figure(row.lower) + QStringLiteral(" … ") + figure(row.upper);
+    if (row.lower)
+        return QStringLiteral("≥ ") + figure(row.lower);
+    return row.upper ? QStringLiteral("≤ ") + figure(row.upper) : dash;
+}
+
+QString NameOf(const MeasureRow& row)
+{
+    QString name;
+    for (const auto& [key, value] : row.group)
+        name += value + QStringLiteral(": ");
+    return name + row.path;
+}
+
+QString GroupText(const AnswerGroup& group)
+{
+    QStringList values;
+    for (const auto& [key, value] : group)
+        values.append(value.isEmpty() ? dash : value);
+    return values.join(QStringLiteral(" · "));
+}
+
+QString LastOf(const AnswerGroup& group)
+{
+    return group.empty() ? QString() : group.back().second;
+}
+
+QString DriftSentence(const Drift& drift)
+{
+    const QString size = QString::number(std::abs(drift.sigmas), 'f', 1);
+    const QString text = drift.kind == QLatin1String("step")
+                             ? (drift.sigmas < 0 ? Texts::tr("A step down of %1 sigma since %2.")
+                                                 : Texts::tr("A step up of %1 sigma since %2."))
+                             : (drift.sigmas < 0 ? Texts::tr("A trend down of %1 sigma, begun at %2.")
+                                                 : Texts::tr("A trend up of %1 sigma, begun at %2."));
+    return text.arg(size, PlaceText(drift.since));
+}
+
+QString RulesSentence(const MeasureRow& row)
+{
+    QStringList rules;
+    QSet<int> told;
+    for (const RuleHit& hit : row.rules) {
+        if (!told.contains(hit.rule))
+            rules.append(
+                Texts::tr("rule %1, first at %2").arg(QString::number(hit.rule), PlaceText(hit.since)));
+        told.insert(hit.rule);
+    }
+    return rules.join(QStringLiteral("; "));
+}
+
+} // namespace ZYN::Page
