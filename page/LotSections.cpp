@@ -21,10 +21,10 @@ constexpr double waferSize = 320;
 
 QString Facts(const LotAnswers& answers)
 {
-    QString text = QStringLiteral("<dl class=\"facts\">\n");
+    QString text = QStringLiteral("<ul class=\"facts\">\n");
     for (const auto& [name, value] : FactsOf(answers))
-        text += QStringLiteral("<div><dt>%1</dt><dd>%2</dd></div>\n").arg(name, Escaped(value));
-    return text + QStringLiteral("</dl>\n");
+        text += QStringLiteral("<li><span>%1</span> %2</li>\n").arg(name, Escaped(value));
+    return text + QStringLiteral("</ul>\n");
 }
 
 QString Cards(const YieldRow& row)

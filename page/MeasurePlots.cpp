@@ -15,6 +15,7 @@ namespace ZYN::Page {
 namespace {
 
 constexpr double dotRadius = 1.6;
+constexpr std::size_t manyDots = 200; // whole pixels do for them, and are half as long
 
 struct Range {
     double from = 0;
@@ -186,11 +187,15 @@ void AddArrow(QPainterPath& path, double x, double y, double direction)
 /// Where the values of a trend are drawn; what lies beyond the axis is an arrow at its edge.
 class TrendDots {
 public:
-    TrendDots(const PlotFrame& frame, const Range& range)
+    /// \param steps places are rounded to, of a pixel
+    TrendDots(const PlotFrame& frame, const Range& range, double steps = 1)
         : m_frame(frame)
         , m_range(range)
+        , m_steps(steps)
     {
     }
+
+    double Rounded(double pixels) const { return std::round(pixels * m_steps) / m_steps; }
 
     void AddGood(double x, double value) { Add(m_good, x, value); }
     void AddBad(double x, double value) { Add(m_bad, x, value); }
@@ -211,7 +216,7 @@ private:
     void Add(QPainterPath& path, double x, double value)
     {
         if (m_range.Holds(value))
-            AddDot(path, x, Tenths(m_frame.Y(value)));
+            AddDot(path, x, Rounded(m_frame.Y(value)));
         else if (value > m_range.to)
             AddArrow(m_arrows, x, std::round(m_frame.GetInner().top()), -1);
         else
@@ -220,14 +225,15 @@ private:
 
     const PlotFrame& m_frame;
     const Range m_range;
+    const double m_steps;
     QPainterPath m_good, m_bad, m_arrows;
 };
 
 void DrawDots(QPainter& painter, const PlotFrame& frame, const MeasureData& data, const Range& range)
 {
-    TrendDots dots(frame, range);
+    TrendDots dots(frame, range, data.values.size() > manyDots ? 1 : 10);
     for (std::size_t i = 0; i < data.values.size(); ++i) {
-        const double x = Tenths(frame.X(double(i)));
+        const double x = dots.Rounded(frame.X(double(i)));
         data.good[i] ? dots.AddGood(x, data.values[i]) : dots.AddBad(x, data.values[i]);
     }
     dots.Draw(painter);

@@ -47,7 +47,8 @@ summary{cursor:pointer;overflow-wrap:anywhere}summary span{color:var(--faint);ma
 .pan{overflow-x:auto}
 @media screen and (max-width:760px){.plots{grid-template-columns:minmax(0,1fr)}.pan svg{min-width:500px}tbody th{min-width:9em}}
 circle{fill:transparent}a:focus circle,a:hover circle{stroke:var(--bad);stroke-width:1.5}
-.facts{display:flex;flex-wrap:wrap;gap:2px 28px;margin:.6em 0}.facts dt{color:var(--faint);font-size:.87em}.facts dd{margin:0;overflow-wrap:anywhere}
+.facts{display:flex;flex-wrap:wrap;gap:2px 28px;margin:.6em 0;padding:0;list-style:none}.facts li{overflow-wrap:anywhere;min-width:0}
+.facts span{display:block;color:var(--faint);font-size:.87em}
 .wafers{display:grid;grid-template-columns:repeat(auto-fill,minmax(160px,1fr));gap:16px}figure{margin:0}figcaption{color:var(--faint)}
 tr:target{background:var(--card);outline:2px solid var(--mark)}
 svg{display:block;width:100%;height:auto;font:11px system-ui,"DejaVu Sans",sans-serif}
@@ -66,6 +67,16 @@ constexpr const char* printRules = R"css(
  a{color:inherit}thead{display:table-header-group}}
 )css";
 
+// A class of lines and one of areas and texts for each ink.
+QString Inks()
+{
+    QString text = QStringLiteral("\n");
+    for (const InkColour& colour : inkColours)
+        text += QStringLiteral("svg .s-%1{fill:none;stroke:var(%2)}svg .f-%1{fill:var(%2);stroke:none}\n")
+                    .arg(QLatin1String(colour.variable + 2), QLatin1String(colour.variable));
+    return text;
+}
+
 } // namespace
 
 QString StyleSheet()
@@ -76,7 +87,7 @@ QString StyleSheet()
         Variables(&InkColour::dark) + QStringLiteral("--page:#12171d;--card:#1a212a;color-scheme:dark");
     return QStringLiteral(":root{%1}\n@media screen and (prefers-color-scheme:dark){:root{%2}}")
                .arg(light, dark) +
-           QLatin1String(rules) + QLatin1String(printRules);
+           QLatin1String(rules) + Inks() + QLatin1String(printRules);
 }
 
 } // namespace ZYN::Page

@@ -36,87 +36,107 @@ QString Attribute(const QString& tag, const char* name)
     return tag.mid(begin, tag.indexOf(QLatin1Char('"'), begin) - begin);
 }
 
-QString Variable(const QString& colour)
+// The ink of a colour, as the name of a class of the style sheet; empty for none.
+QString InkOf(const QString& colour)
 {
     const QColor asked(colour);
     for (const InkColour& ink : inkColours)
-        if (QColor(ink.light) == asked)
-            return QStringLiteral("var(%1)").arg(QLatin1String(ink.variable));
-    return colour;
+        if (asked.isValid() && QColor(ink.light) == asked)
+            return QString::fromLatin1(ink.variable + 2); // without "--"
+    return {};
 }
 
-// What a group of the generator says in twenty attributes, in the few that differ from what is usual.
+// What a group of the generator says in twenty attributes, as a class and the few that differ from what is
+// usual.
 QString ShortGroup(const QString& tag)
 {
-    QString style;
-    const QString fill = Attribute(tag, "fill");
+    const QString fill = InkOf(Attribute(tag, "fill"));
     const QString stroke = Attribute(tag, "stroke");
-    style += QStringLiteral("fill:") + (fill == QLatin1String("none") ? fill : Variable(fill));
-    if (stroke == QLatin1String("none") || stroke.isEmpty()) {
-        style += QStringLiteral(";stroke:none");
-    } else {
-        style += QStringLiteral(";stroke:") + Variable(stroke);
-        if (const QString width = Attribute(tag, "stroke-width"); width != QLatin1String("1"))
-            style += QStringLiteral(";stroke-width:") + width;
-        if (const QString dashes = Attribute(tag, "stroke-dasharray"); !dashes.isEmpty())
-            style += QStringLiteral(";stroke-dasharray:") + dashes;
-        if (Attribute(tag, "stroke-linecap") == QLatin1String("round"))
-            style += QStringLiteral(";stroke-linecap:round");
-    }
-    return QStringLiteral("<g style=\"%1\">").arg(style);
+    if (stroke == QLatin1String("none") || stroke.isEmpty())
+        return QStringLiteral("<g class=\"f-%1\">").arg(fill);
+    QString style;
+    if (const QString width = Attribute(tag, "stroke-width"); width != QLatin1String("1"))
+        style += QStringLiteral(" stroke-width=\"%1\"").arg(width);
+    if (const QString dashes = Attribute(tag, "stroke-dasharray"); !dashes.isEmpty())
+        style += QStringLiteral(" stroke-dasharray=\"%1\"").arg(dashes);
+    if (Attribute(tag, "stroke-linecap") == QLatin1String("round"))
+        style += QStringLiteral(" stroke-linecap=\"round\"");
+    return QStringLiteral("<g class=\"s-%1\"%2>").arg(InkOf(stroke), style);
+}
+
+QString Tenths(const QString& number)
+{
+    return QString::number(qRound(number.toDouble() * 10) / 10.0);
 }
 
 // The text's colour is the pen's: the generator writes it as the fill of the text.
 QString ShortText(const QString& tag)
 {
-    QString text = QStringLiteral("<text x=\"%1\" y=\"%2\"").arg(Attribute(tag, "x"), Attribute(tag, "y"));
-    if (const QString fill = Attribute(tag, "fill"); !fill.isEmpty())
-        text += QStringLiteral(" style=\"fill:%1;stroke:none\"").arg(Variable(fill));
-    return text + QLatin1Char('>');
+    return QStringLiteral("<text class=\"f-%1\" x=\"%2\" y=\"%3\">")
+        .arg(InkOf(Attribute(tag, "fill")), Tenths(Attribute(tag, "x")), Tenths(Attribute(tag, "y")));
 }
 
-// Places with one digit behind the point; what goes straight up or nowhere in its short form.
-QString ShortPath(QString path)
+// Places with one digit behind the point; what goes straight up, across or nowhere in its short form.
+QString ShortPath(const QString& tag)
 {
-    for (const char* const usual : {" vector-effect=\"none\"", " fill-rule=\"evenodd\"", " fill=\"none\""})
-        path.remove(QLatin1String(usual));
     static const QRegularExpression number(QStringLiteral("\\d+\\.\\d{2,}"));
+    static const QRegularExpression rectangle(
+        QStringLiteral("M([\\d.]+),([\\d.]+) L([\\d.]+),\\2 L\\3,([\\d.]+) L\\1,\\4 L\\1,\\2(?=[ \"]|$)"));
+    static const QRegularExpression dot(QStringLiteral("M([\\d.]+),([\\d.]+) L\\1,\\2(?=[ \"]|$)"));
+    static const QRegularExpression upright(QStringLiteral("M([\\d.]+),([\\d.]+) L\\1,"));
+    const QString path = Attribute(tag, "d");
     QString text;
     qsizetype done = 0;
     for (auto match = number.globalMatch(path); match.hasNext();) {
         const QRegularExpressionMatch place = match.next();
         text += QStringView(path).mid(done, place.capturedStart() - done);
-        text += QString::number(qRound(place.captured().toDouble() * 10) / 10.0);
+        text += Tenths(place.captured());
         done = place.capturedEnd();
     }
     text += QStringView(path).mid(done);
-    static const QRegularExpression dot(QStringLiteral("M([\\d.]+),([\\d.]+) L\\1,\\2(?=[ \"])\\s*"));
-    static const QRegularExpression upright(QStringLiteral("M([\\d.]+),([\\d.]+) L\\1,"));
+    text.replace(rectangle, QStringLiteral("M\\1,\\2H\\3V\\4H\\1z"));
     text.replace(dot, QStringLiteral("M\\1,\\2h0"));
-    return text.replace(upright, QStringLiteral("M\\1,\\2V"));
+    text.replace(upright, QStringLiteral("M\\1,\\2V"));
+    text.replace(QLatin1String(" L"), QLatin1String("L")).replace(QLatin1String(" M"), QLatin1String("M"));
+    return text.isEmpty() ? QString() : QStringLiteral("<path d=\"%1\"/>").arg(text);
+}
+
+QString ShortLine(const QString& tag)
+{
+    QString points = Attribute(tag, "points").trimmed();
+    return QStringLiteral("<path d=\"M%1\"/>").arg(points.replace(QLatin1Char(' '), QLatin1Char('L')));
+}
+
+// A group of one element is that element; texts have all that they need themselves.
+QString WithoutGroups(QString text)
+{
+    static const QRegularExpression empty(QStringLiteral("<g [^>]*></g>"));
+    static const QRegularExpression single(QStringLiteral("<g ([^>]*)><path ([^>]*)/></g>"));
+    static const QRegularExpression texts(QStringLiteral("<g [^>]*>((?:<text [^>]*>[^<]*</text>)+)</g>"));
+    text.replace(single, QStringLiteral("<path \\1 \\2/>"));
+    text.replace(texts, QStringLiteral("\\1"));
+    return text.remove(empty);
 }
 
 QString Shortened(const QString& svg)
 {
     static const QRegularExpression tags(QStringLiteral("<(g|text|path|polyline)\\b[^>]*>"));
+    static const QRegularExpression space(QStringLiteral("\\s*\\n\\s*"));
     QString text;
     qsizetype done = 0;
     for (auto match = tags.globalMatch(svg); match.hasNext();) {
         const QRegularExpressionMatch tag = match.next();
         text += QStringView(svg).mid(done, tag.capturedStart() - done);
         done = tag.capturedEnd();
-        QString whole = tag.captured();
-        if (tag.captured(1) == QLatin1String("g"))
-            whole = ShortGroup(whole);
-        else if (tag.captured(1) == QLatin1String("text"))
-            whole = ShortText(whole);
-        else
-            whole = ShortPath(whole);
-        text += whole;
+        const QString name = tag.captured(1);
+        const QString whole = tag.captured();
+        text += name == QLatin1String("g")      ? ShortGroup(whole)
+                : name == QLatin1String("text") ? ShortText(whole)
+                : name == QLatin1String("path") ? ShortPath(whole)
+                                                : ShortLine(whole);
     }
     text += QStringView(svg).mid(done);
-    static const QRegularExpression empty(QStringLiteral("<g [^>]*>\\s*</g>"));
-    return text.remove(empty).replace(QRegularExpression(QStringLiteral("\\n\\s*")), QStringLiteral("\n"));
+    return WithoutGroups(text.remove(space));
 }
 
 } // namespace
