@@ -32,6 +32,7 @@ a{color:var(--good);text-decoration:none}a:hover,a:focus{text-decoration:underli
 .cards span{color:var(--faint);display:block}
 .cards .bad b{color:var(--bad)}
 .two{display:grid;grid-template-columns:repeat(auto-fit,minmax(min(100%,440px),1fr));gap:8px 28px}
+.two svg{max-width:640px}
 .scroll{overflow-x:auto}
 table{border-collapse:collapse;width:100%;font-variant-numeric:tabular-nums}
 caption{text-align:left;padding:4px 0}

@@ -134,7 +134,7 @@ def main(zyn, hostile):
         with open(hostile, encoding="utf-8") as file:
             report = file.read()
         for number, name in enumerate((
-                '"&gt;&lt;script&gt;alert(1)&lt;/script&gt;', "&lt;/style&gt;&lt;img src=http://127.0.0.1/x onerror=alert(1)&gt;",
+                "&quot;&gt;&lt;script&gt;alert(1)&lt;/script&gt;", "&lt;/style&gt;&lt;img src=http://127.0.0.1/x onerror=alert(1)&gt;",
                 "javascript:alert(1)", "--&gt;&lt;svg onload=alert(1)&gt;", "\u202egpj.exe", "@import url(http://127.0.0.1/)")):
             with open(f"{folder}/attack/{number}.zyr", "w", encoding="utf-8") as file:
                 file.write(report.replace("L;&lt;1&gt;", name).replace("%1;&quot;Program&quot;", name))
