@@ -83,6 +83,7 @@ def figures_agree(browser, ask):
 
 
 def looks_well(browser, path):
+    browser.media()
     for width in (360, 1100, 2500):
         browser.open(path, width)
         browser.evaluate('document.querySelectorAll("details").forEach(one => one.open = true)')
