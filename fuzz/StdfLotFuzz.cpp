@@ -6,8 +6,8 @@
 #include "stdf/LotModels.h"
 
 #include "export/CExportDirectorReport.h"
-#include "report/CReportBuilderSTDF.h"
-#include "report/StdfLotFile.h"
+#include "report/stdf/CReportBuilderSTDF.h"
+#include "report/stdf/StdfLotFile.h"
 
 #include <ZYNCommon/UUTTest.h>
 

@@ -2,7 +2,7 @@
 #include "stdf/LotModels.h"
 #include "support/Test.h"
 
-#include "report/StdfLotFile.h"
+#include "report/stdf/StdfLotFile.h"
 
 using namespace ZYN;
 using LotModels::Append;

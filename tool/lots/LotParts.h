@@ -1,6 +1,6 @@
 #pragma once
 
-#include "report/StdfLotFile.h"
+#include "report/stdf/StdfLotFile.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QList>

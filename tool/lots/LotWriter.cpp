@@ -3,8 +3,8 @@
 #include "kinds/LotFile.h"
 #include "terminal/Texts.h"
 
-#include "report/StdfFailureFile.h"
-#include "report/StdfLotFile.h"
+#include "report/stdf/StdfFailureFile.h"
+#include "report/stdf/StdfLotFile.h"
 #include "stdf/GzipDevice.h"
 
 #include <QtCore/QFile>
@@ -13,8 +13,6 @@
 namespace ZYN::Tool {
 
 namespace {
-
-constexpr quint32 unknownCount = 4294967295U;
 
 // The file of a lot that is locked; closing it leaves that open.
 class View : public QFile {
@@ -87,7 +85,8 @@ QByteArray Bytes(const LockedLot& lot, const LotParts& parts, const QList<LotPar
     const quint32 good = parts.good - qMin(parts.good, leftOut);
     *position = place.position;
     return bytes + ClosingWith(parts, place.partCount + quint32(wanted.size()),
-                               place.goodCount == unknownCount ? unknownCount : place.goodCount + good);
+                               place.goodCount == StdfFormat::unknownCount ? StdfFormat::unknownCount
+                                                                           : place.goodCount + good);
 }
 
 } // namespace

@@ -160,10 +160,10 @@ QByteArrayView StdfTestRecord(char* memory, quint32 number, const TestMeasuremen
     const auto exponent = static_cast<qint8>(-judgement.scale);
 
     StdfRecord record(memory);
-    record.Begin(15, 10)
+    record.Begin(StdfFormat::ptr)
         .U4(number)
-        .U1(1) // HEAD_NUM
-        .U1(1) // SITE_NUM
+        .U1(StdfFormat::head)
+        .U1(StdfFormat::site)
         .U1(TestFlags(judgement, ModelAdapter::ResultState(measurement)))
         .U1(ParameterFlags(judgement))
         .R4(judgement.result);

@@ -1,7 +1,5 @@
 #include "StdfLotFile.h"
 
-#include "StdfLotRecords.h"
-
 #include <QtCore/QIODevice>
 #include <QtCore/QtEndian>
 
@@ -9,63 +7,39 @@
 
 namespace ZYN {
 
+using namespace StdfFormat;
+
 namespace {
 
-constexpr qint64 headerSize = 4;
 // Records that follow closely are read many at once, as much as stays in the processor's cache; a header
 // far away is read with little around it.
 constexpr qint64 largeWindow = 64 * 1024;
 constexpr qint64 smallWindow = 1024;
 
-constexpr quint16 Kind(int type, int subType)
+/// The number at a place of a record's body; unknown where the body ends before.
+quint32 CountAt(QByteArrayView body, qsizetype offset)
 {
-    return static_cast<quint16>(type | subType << 8);
+    return body.size() - offset < 4 ? unknownCount : qFromLittleEndian<quint32>(body.data() + offset);
 }
-constexpr quint16 far = Kind(0, 10);
-constexpr quint16 mir = Kind(1, 10);
-constexpr quint16 mrr = Kind(1, 20);
-constexpr quint16 pcr = Kind(1, 30);
 
-/// The fields of a record's body, in order. Texts after the end of the body are empty.
-class Fields {
-public:
-    explicit Fields(const QByteArray& body)
-        : bytes(body)
-    {
-    }
-
-    void Skip(qsizetype count) { at = qMin(at + count, bytes.size()); }
-
-    quint32 U4(quint32 missing)
-    {
-        if (bytes.size() - at < 4) {
-            at = bytes.size();
-            return missing;
-        }
-        at += 4;
-        return qFromLittleEndian<quint32>(bytes.constData() + at - 4);
-    }
-
-    QString Text()
-    {
-        if (at >= bytes.size())
-            return {};
-        const auto count = static_cast<quint8>(bytes.at(at++));
-        const qsizetype start = at;
-        Skip(count);
-        return QString::fromUtf8(bytes.constData() + start, at - start);
-    }
-
-private:
-    const QByteArray& bytes;
-    qsizetype at = 0;
-};
+/// Takes the text at the start of the rest of a record's body. Behind its end all texts are empty.
+QString TakeText(QByteArrayView& rest)
+{
+    if (rest.isEmpty())
+        return {};
+    const qsizetype length = qMin<qsizetype>(static_cast<quint8>(rest.front()), rest.size() - 1);
+    const QString text = QString::fromUtf8(rest.sliced(1, length));
+    rest = rest.sliced(1 + length);
+    return text;
+}
 
 } // namespace
 
-qint64 StdfLotFile::Header::End() const
+StdfLotFile::Header StdfLotFile::Header::Of(qint64 position, const char* bytes)
 {
-    return position + headerSize + length;
+    return {position,
+            qFromLittleEndian<quint16>(bytes),
+            {static_cast<quint8>(bytes[2]), static_cast<quint8>(bytes[3])}};
 }
 
 StdfLotFile::StdfLotFile(QIODevice* lotDevice)
@@ -88,9 +62,8 @@ std::optional<StdfLotFile::Header> StdfLotFile::HeaderAt(qint64 position)
         if (window.size() < headerSize)
             return std::nullopt;
     }
-    const char* const bytes = window.constData() + (position - windowStart);
-    const Header header{position, qFromLittleEndian<quint16>(bytes), qFromLittleEndian<quint16>(bytes + 2)};
-    if (header.length == 0 && header.kind == 0 && position >= ZeroTail()) {
+    const Header header = Header::Of(position, window.constData() + (position - windowStart));
+    if (header.length == 0 && header.kind == RecordKind() && position >= ZeroTail()) {
         size = position;
         return std::nullopt;
     }
@@ -110,19 +83,17 @@ qint64 StdfLotFile::ZeroTail()
     return *zeroTail;
 }
 
-QByteArray StdfLotFile::Body(const Header& header)
+QByteArray StdfLotFile::BodyOf(const Header& header)
 {
-    return device->seek(header.position + headerSize) ? device->read(header.length) : QByteArray();
+    return device->seek(header.Body()) ? device->read(header.length) : QByteArray();
 }
 
 std::optional<StdfPlace> StdfLotFile::PlaceAtPcr(const Header& header)
 {
-    const QByteArray body = Body(header);
-    Fields fields(body);
-    fields.Skip(2); // HEAD_NUM, SITE_NUM
-    StdfPlace place{header.position, true, fields.U4(0)};
-    fields.Skip(8);                                            // RTST_CNT, ABRT_CNT
-    place.goodCount = fields.U4(StdfLotRecords::unknownCount); // optional
+    const QByteArray body = BodyOf(header);
+    const bool counts = body.size() >= Pcr::partCount + 4;
+    const StdfPlace place{header.position, true, counts ? CountAt(body, Pcr::partCount) : 0,
+                          CountAt(body, Pcr::goodCount)};
     return place.partCount > 0 ? std::optional(place) : std::nullopt;
 }
 
@@ -142,13 +113,12 @@ std::optional<StdfLotNames> StdfLotFile::ReadNames()
     qint64 position = 0;
     while (const auto header = HeaderAt(position)) {
         if (header->kind == mir) {
-            const QByteArray body = Body(*header);
-            Fields fields(body);
-            fields.Skip(8 + 7); // SETUP_T, START_T; STAT_NUM up to CMOD_COD
+            const QByteArray body = BodyOf(*header);
+            QByteArrayView rest = QByteArrayView(body).sliced(qMin(mirNames, body.size()));
             StdfLotNames names;
-            names.lotId = fields.Text();
-            names.partType = fields.Text();
-            names.nodeName = fields.Text();
+            names.lotId = TakeText(rest);
+            names.partType = TakeText(rest);
+            names.nodeName = TakeText(rest);
             return names;
         }
         position = header->End();
@@ -160,21 +130,23 @@ std::optional<StdfPlace> StdfLotFile::PlaceFromEnd()
 {
     // The PCR of head 1 and site 1 with the counts that are never known, then an MRR with its time only.
     // Bytes that look so by chance would have to agree in 22 places at exactly the end of the file.
-    constexpr qint64 pcrSize = headerSize + 22;
-    constexpr qint64 tailSize = pcrSize + headerSize + 4;
-    static const QByteArray pcrStart = QByteArrayLiteral("\x16\x00\x01\x1e\x01\x01");
-    static const QByteArray mrrStart = QByteArrayLiteral("\x04\x00\x01\x14");
-    static const QByteArray unknown(4, '\xff');
-
-    if (size < tailSize || !device->seek(size - tailSize))
+    constexpr qint64 mrrSize = headerSize + mrrLength;
+    constexpr qint64 tailSize = headerSize + Pcr::length + mrrSize;
+    const qint64 start = size - tailSize;
+    if (start < 0 || !device->seek(start))
         return std::nullopt;
     const QByteArray tail = device->read(tailSize);
-    const bool known = tail.size() == tailSize && tail.startsWith(pcrStart) &&
-                       tail.sliced(10, 4) == unknown && // RTST_CNT
-                       tail.sliced(14, 4) == unknown && // ABRT_CNT
-                       tail.sliced(22, 4) == unknown && // FUNC_CNT
-                       tail.sliced(pcrSize, 4) == mrrStart;
-    return known ? PlaceAtPcr({size - tailSize, 22, pcr}) : std::nullopt;
+    if (tail.size() != tailSize)
+        return std::nullopt;
+    const Header counts = Header::Of(start, tail.constData());
+    const Header end = Header::Of(size - mrrSize, tail.constData() + tailSize - mrrSize);
+    const QByteArrayView body = QByteArrayView(tail).sliced(headerSize, Pcr::length);
+    const bool known = counts.kind == pcr && counts.length == Pcr::length && body[Pcr::headNumber] == head &&
+                       body[Pcr::siteNumber] == site && CountAt(body, Pcr::retestCount) == unknownCount &&
+                       CountAt(body, Pcr::abortCount) == unknownCount &&
+                       CountAt(body, Pcr::functionalCount) == unknownCount && end.kind == mrr &&
+                       end.length == mrrLength;
+    return known ? PlaceAtPcr(counts) : std::nullopt;
 }
 
 StdfPlace StdfLotFile::FindPlace()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "StdfLotFile.h"
+#include "StdfLotNames.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QDateTime>
@@ -33,8 +33,6 @@ QByteArrayView PartStart(char* memory);
 QByteArrayView PartResult(char* memory, const UUTTest* test, const UUTTest* topTest, quint32 tests);
 /// PCR and, with a time, MRR.
 QByteArray Closing(quint32 partCount, quint32 goodCount, std::optional<quint32> finishTime);
-
-constexpr quint32 unknownCount = 4294967295U;
 
 } // namespace StdfLotRecords
 

@@ -1,21 +1,15 @@
 #pragma once
 
+#include "StdfFormat.h"
+#include "StdfLotNames.h"
+
 #include <QtCore/QByteArray>
-#include <QtCore/QString>
 
 #include <optional>
 
 class QIODevice;
 
 namespace ZYN {
-
-/// What tells one lot file from another.
-struct StdfLotNames {
-    QString lotId;
-    QString partType;
-    QString nodeName;
-    bool operator==(const StdfLotNames&) const = default;
-};
 
 /// Where the next part goes in a lot file.
 struct StdfPlace {
@@ -56,13 +50,16 @@ private:
     struct Header {
         qint64 position = 0;
         quint16 length = 0;
-        quint16 kind = 0;
-        qint64 End() const;
+        StdfFormat::RecordKind kind;
+        qint64 Body() const { return position + StdfFormat::headerSize; }
+        qint64 End() const { return Body() + length; }
+        /// \param bytes `headerSize` bytes, as they lie at the position
+        static Header Of(qint64 position, const char* bytes);
     };
 
     /// The record at a position; null at the end of the file and for one that is cut off.
     std::optional<Header> HeaderAt(qint64 position);
-    QByteArray Body(const Header& header);
+    QByteArray BodyOf(const Header& header);
     std::optional<StdfPlace> PlaceFromEnd();
     std::optional<StdfPlace> PlaceAtPcr(const Header& header);
     /// Where the zero bytes begin that fill the file to its end.

@@ -306,7 +306,7 @@ void CReportBuilderSTDF::WritePart()
     testNumber = 0;
     ++partCount;
     // A count that another program left as unknown stays so.
-    if (ModelAdapter::IsPassed(uutTest->GetResult()) && goodCount != StdfLotRecords::unknownCount)
+    if (ModelAdapter::IsPassed(uutTest->GetResult()) && goodCount != StdfFormat::unknownCount)
         ++goodCount;
 }
 

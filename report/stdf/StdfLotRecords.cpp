@@ -1,5 +1,6 @@
 #include "StdfLotRecords.h"
 
+#include "StdfFormat.h"
 #include "StdfRecord.h"
 
 #include "export/ModelAdapter.h"
@@ -16,13 +17,10 @@
 
 namespace ZYN::StdfLotRecords {
 
+using namespace StdfFormat;
+
 namespace {
 
-constexpr quint8 head = 1;
-constexpr quint8 site = 1;
-constexpr quint16 noSoftBin = 65535;
-constexpr quint16 noBurnInTime = 65535;
-constexpr qint16 noCoordinate = -32768;
 const QStringView none;
 
 using RecordMemory = std::array<char, StdfRecord::longest>;
@@ -67,19 +65,16 @@ QString UnitIdent(const UUTTest* test)
 
 QByteArray FileHeader(const UUTTest* test, const TestProgram* program)
 {
-    constexpr quint8 littleEndian = 2;
-    constexpr quint8 version = 4;
     RecordMemory memory;
     StdfRecord record(memory.data());
-    QByteArray header = record.Begin(0, 10).U1(littleEndian).U1(version).Bytes().toByteArray(); // FAR
+    QByteArray header = record.Begin(far).U1(littleEndian).U1(version).Bytes().toByteArray();
     if (!test || !program)
         return header;
 
     const StdfLotNames names = Names(test);
     const ZYNSession* const session = test->GetSession();
     const quint32 startTime = Seconds(test->GetStartTime());
-    record
-        .Begin(1, 10)  // MIR
+    record.Begin(mir)
         .U4(startTime) // SETUP_T
         .U4(startTime) // START_T
         .U1(1)         // STAT_NUM
@@ -101,14 +96,14 @@ QByteArray FileHeader(const UUTTest* test, const TestProgram* program)
 
 QByteArrayView PartStart(char* memory)
 {
-    return StdfRecord(memory).Begin(5, 10).U1(head).U1(site).Bytes();
+    return StdfRecord(memory).Begin(pir).U1(head).U1(site).Bytes();
 }
 
 QByteArrayView PartResult(char* memory, const UUTTest* test, const UUTTest* topTest, quint32 tests)
 {
     const QString ownProduct = ProductName(test);
     return StdfRecord(memory)
-        .Begin(5, 20)
+        .Begin(prr)
         .U1(head)
         .U1(site)
         .U1(PartFlags(test->GetResult()))
@@ -127,8 +122,7 @@ QByteArray Closing(quint32 partCount, quint32 goodCount, std::optional<quint32> 
 {
     RecordMemory memory;
     StdfRecord record(memory.data());
-    QByteArray closing = record
-                             .Begin(1, 30) // PCR
+    QByteArray closing = record.Begin(pcr)
                              .U1(head)
                              .U1(site)
                              .U4(partCount)
@@ -139,7 +133,7 @@ QByteArray Closing(quint32 partCount, quint32 goodCount, std::optional<quint32> 
                              .Bytes()
                              .toByteArray();
     if (finishTime)
-        closing += record.Begin(1, 20).U4(*finishTime).Bytes(); // MRR
+        closing += record.Begin(mrr).U4(*finishTime).Bytes();
     return closing;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "StdfFormat.h"
+
 #include <QtCore/QByteArrayView>
 #include <QtCore/QStringView>
 #include <QtCore/QtEndian>
@@ -40,10 +42,10 @@ public:
     }
 
     /// Starts a record and forgets the one before.
-    StdfRecord& Begin(quint8 type, quint8 subType)
+    StdfRecord& Begin(StdfFormat::RecordKind kind)
     {
         at = start;
-        return U2(0).U1(type).U1(subType);
+        return U2(0).U1(kind.type).U1(kind.subType);
     }
 
     StdfRecord& U1(quint8 value) { return Append(value); }
@@ -90,8 +92,7 @@ public:
     /// The whole record.
     QByteArrayView Bytes()
     {
-        constexpr qsizetype headerSize = 4;
-        const auto length = qToLittleEndian(static_cast<quint16>(at - start - headerSize));
+        const auto length = qToLittleEndian(static_cast<quint16>(at - start - StdfFormat::headerSize));
         std::memcpy(start, &length, sizeof length);
         return {start, at - start};
     }
