@@ -22,6 +22,7 @@
 #include <ZYNCommon/ZYNSession.h>
 
 #include <QtCore/QFileInfo>
+#include <QtCore/QJsonDocument>
 
 #include <utility>
 
@@ -75,9 +76,14 @@ void WriteJsonResult(const TestResult* result, QJsonObject& target)
     target.insert(QStringLiteral("Result"), object);
 }
 
-JsonItems Wrapped(const QString& key, const QJsonObject& object)
+QByteArray Compact(const QJsonObject& object)
 {
-    return JsonItems(QJsonObject{{key, object}});
+    return QJsonDocument(object).toJson(QJsonDocument::Compact);
+}
+
+void AddHeaderItem(QByteArrayList& items, const QString& key, const QJsonObject& item)
+{
+    items.append(Compact({{key, item}}));
 }
 
 } // namespace
@@ -89,6 +95,8 @@ bool CReportBuilderJSON::Open()
     // A walk that ended early may have left these set.
     inSubUnitTest = false;
     hasSubUnitTests = false;
+    text.clear();
+    tails.clear();
     SetOpened(true);
     return true;
 }
@@ -100,9 +108,9 @@ bool CReportBuilderJSON::Close()
         return true;
     JsonIndenter document(*GetDevice());
     document.Write(R"({"UUTTest":{"Information":[)");
-    document.Write(information.Pieces());
+    document.WriteItems(information);
     document.Write(isPanel ? R"(],"PanelItems":[)" : R"(],"Programs":[)");
-    document.Write((isPanel ? panelItems : programs).Pieces());
+    document.WriteItems(isPanel ? panelItems : programs);
     document.Write("]}}");
     if (!document.Finish())
         NoteOutputFailure();
@@ -111,23 +119,52 @@ bool CReportBuilderJSON::Close()
     return true;
 }
 
-JsonItems& CReportBuilderJSON::Items()
+/// Adds an item to the innermost array that is open.
+void CReportBuilderJSON::AddToProgram(const QJsonObject& item)
 {
-    return inSubUnitTest ? panelItems : information;
+    if (text.endsWith('}'))
+        text += ',';
+    text += Compact(item);
+}
+
+/// The same, of an item that holds others in an array, under a key of its own. By the order of keys it is
+/// known now what follows that array.
+void CReportBuilderJSON::BeginItem(const QJsonObject& item, const QString& key)
+{
+    QJsonObject before;
+    QJsonObject after;
+    for (auto member = item.begin(); member != item.end(); ++member)
+        (member.key() < key ? before : after).insert(member.key(), member.value());
+    AddToProgram(before);
+    text.chop(1);
+    text += (before.isEmpty() ? "\"" : ",\"") + key.toUtf8() + "\":[";
+    tails.append((after.isEmpty() ? "]" : "],") + Compact(after).sliced(1));
+}
+
+void CReportBuilderJSON::EndItem()
+{
+    if (tails.isEmpty())
+        return; // nothing was begun
+    text += tails.takeLast();
+    if (!tails.isEmpty())
+        return;
+    text.squeeze();
+    lastProgram = std::exchange(text, {});
+    programs.append(lastProgram);
 }
 
 bool CReportBuilderJSON::BeginUUTTest(UUTTest* uutTest)
 {
     if (!uutTest)
         return false;
-    Items().Append(Wrapped(QStringLiteral("UUTTest"),
-                           {
-                               {QStringLiteral("Result"), uutTest->GetResultString()},
-                               {QStringLiteral("Duration"), uutTest->GetDurationStringFormated()},
-                               {QStringLiteral("TestTime"), uutTest->GetStartTimeString()},
-                               {QStringLiteral("DateTime"), uutTest->GetStopTimeString()},
-                               {QStringLiteral("Description"), uutTest->GetResultDescription()},
-                           }));
+    AddHeaderItem(UnitItems(), QStringLiteral("UUTTest"),
+                  {
+                      {QStringLiteral("Result"), uutTest->GetResultString()},
+                      {QStringLiteral("Duration"), uutTest->GetDurationStringFormated()},
+                      {QStringLiteral("TestTime"), uutTest->GetStartTimeString()},
+                      {QStringLiteral("DateTime"), uutTest->GetStopTimeString()},
+                      {QStringLiteral("Description"), uutTest->GetResultDescription()},
+                  });
     return true;
 }
 
@@ -136,15 +173,14 @@ bool CReportBuilderJSON::BeginUnitUnderTest(UnitUnderTest* unit)
     if (!unit)
         return false;
     const QSharedPointer<ProductType> productType = unit->GetProductType();
-    Items().Append(
-        Wrapped(QStringLiteral("UnitUnderTest"),
-                {
-                    {QStringLiteral("SerialNo"), unit->GetSerialNo()},
-                    {QStringLiteral("Ident"), unit->GetIdentString()},
-                    {QStringLiteral("PanelIndex"), static_cast<qint64>(unit->GetPanelIndex())},
-                    {QStringLiteral("Name"), unit->GetName()},
-                    {QStringLiteral("ProductType"), productType ? productType->GetName() : QString()},
-                }));
+    AddHeaderItem(UnitItems(), QStringLiteral("UnitUnderTest"),
+                  {
+                      {QStringLiteral("SerialNo"), unit->GetSerialNo()},
+                      {QStringLiteral("Ident"), unit->GetIdentString()},
+                      {QStringLiteral("PanelIndex"), static_cast<qint64>(unit->GetPanelIndex())},
+                      {QStringLiteral("Name"), unit->GetName()},
+                      {QStringLiteral("ProductType"), productType ? productType->GetName() : QString()},
+                  });
     return true;
 }
 
@@ -152,13 +188,13 @@ bool CReportBuilderJSON::BeginProductType(ProductType* productType)
 {
     if (!productType)
         return false;
-    information.Append(Wrapped(QStringLiteral("ProductType"),
-                               {
-                                   {QStringLiteral("Name"), productType->GetName()},
-                                   {QStringLiteral("Description"), productType->GetDescription()},
-                                   {QStringLiteral("ArticelCode"), productType->GetArticelCode()},
-                                   {QStringLiteral("Customer"), productType->GetCustomer()},
-                               }));
+    AddHeaderItem(information, QStringLiteral("ProductType"),
+                  {
+                      {QStringLiteral("Name"), productType->GetName()},
+                      {QStringLiteral("Description"), productType->GetDescription()},
+                      {QStringLiteral("ArticelCode"), productType->GetArticelCode()},
+                      {QStringLiteral("Customer"), productType->GetCustomer()},
+                  });
     return true;
 }
 
@@ -166,11 +202,11 @@ bool CReportBuilderJSON::BeginProductionLot(ProductionLot* lot)
 {
     if (!lot)
         return false;
-    information.Append(
-        Wrapped(QStringLiteral("ProductionLot"), {
-                                                     {QStringLiteral("LotNumber"), lot->GetName()},
-                                                     {QStringLiteral("OrderCode"), lot->GetOrderCode()},
-                                                 }));
+    AddHeaderItem(information, QStringLiteral("ProductionLot"),
+                  {
+                      {QStringLiteral("LotNumber"), lot->GetName()},
+                      {QStringLiteral("OrderCode"), lot->GetOrderCode()},
+                  });
     return true;
 }
 
@@ -178,13 +214,13 @@ bool CReportBuilderJSON::BeginSession(ZYNSession* session)
 {
     if (!session)
         return false;
-    information.Append(Wrapped(QStringLiteral("TestEnvironment"),
-                               {
-                                   {QStringLiteral("KVAVersion"), Environment::EngineVersion()},
-                                   {QStringLiteral("MachineName"), session->GetMachineName()},
-                                   {QStringLiteral("User"), session->GetCurrentUserName()},
-                                   {QStringLiteral("Workspace"), session->GetWorkspaceName()},
-                               }));
+    AddHeaderItem(information, QStringLiteral("TestEnvironment"),
+                  {
+                      {QStringLiteral("KVAVersion"), Environment::EngineVersion()},
+                      {QStringLiteral("MachineName"), session->GetMachineName()},
+                      {QStringLiteral("User"), session->GetCurrentUserName()},
+                      {QStringLiteral("Workspace"), session->GetWorkspaceName()},
+                  });
     return true;
 }
 
@@ -192,13 +228,13 @@ bool CReportBuilderJSON::BeginFixture(Fixture* fixture)
 {
     if (!fixture)
         return false;
-    information.Append(
-        Wrapped(QStringLiteral("Fixture"), {
-                                               {QStringLiteral("Name"), fixture->GetName()},
-                                               {QStringLiteral("Ident"), fixture->GetIdent()},
-                                               {QStringLiteral("SerialNo"), fixture->GetSerialNo()},
-                                               {QStringLiteral("Description"), fixture->GetDescription()},
-                                           }));
+    AddHeaderItem(information, QStringLiteral("Fixture"),
+                  {
+                      {QStringLiteral("Name"), fixture->GetName()},
+                      {QStringLiteral("Ident"), fixture->GetIdent()},
+                      {QStringLiteral("SerialNo"), fixture->GetSerialNo()},
+                      {QStringLiteral("Description"), fixture->GetDescription()},
+                  });
     return true;
 }
 
@@ -206,8 +242,9 @@ bool CReportBuilderJSON::BeginTestProgram(TestProgram* program, TestResult* resu
 {
     if (!program || !result)
         return false;
-    groups = {};
-    programObject = {
+    text.clear();
+    tails.clear();
+    QJsonObject object{
         {QStringLiteral("File"), program->GetFileInfo().fileName()},
         {QStringLiteral("Version"), program->GetVersion()},
         {QStringLiteral("Creator"), program->GetCreator()},
@@ -215,16 +252,15 @@ bool CReportBuilderJSON::BeginTestProgram(TestProgram* program, TestResult* resu
         {QStringLiteral("FileVersion"), program->GetFileVersion()},
     };
     // The program's header has the empty string as its key; readers of the format rely on it.
-    WriteJsonComponent(QString(), program, programObject);
-    WriteJsonResult(result, programObject);
-    lastProgram = JsonItems(programObject);
+    WriteJsonComponent(QString(), program, object);
+    WriteJsonResult(result, object);
+    BeginItem(object, QStringLiteral("Groups"));
     return true;
 }
 
 bool CReportBuilderJSON::EndTestProgram(TestProgram*)
 {
-    lastProgram = JsonItems(programObject, QStringLiteral("Groups"), groups);
-    programs.Append(lastProgram);
+    EndItem();
     return true;
 }
 
@@ -232,16 +268,16 @@ bool CReportBuilderJSON::BeginTestGroup(TestGroup* group, TestResult* result)
 {
     if (!group || !result)
         return false;
-    groupObject = {};
-    steps = {};
-    WriteJsonComponent(QStringLiteral("TestGroup"), group, groupObject);
-    WriteJsonResult(result, groupObject);
+    QJsonObject object;
+    WriteJsonComponent(QStringLiteral("TestGroup"), group, object);
+    WriteJsonResult(result, object);
+    BeginItem(object, QStringLiteral("Steps"));
     return true;
 }
 
 bool CReportBuilderJSON::EndTestGroup(TestGroup*)
 {
-    groups.Append(JsonItems(groupObject, QStringLiteral("Steps"), steps));
+    EndItem();
     return true;
 }
 
@@ -249,16 +285,16 @@ bool CReportBuilderJSON::BeginTestStep(TestStep* step, TestResult* result)
 {
     if (!step || !result)
         return false;
-    stepObject = {};
-    values = {};
-    WriteJsonComponent(QStringLiteral("TestStep"), step, stepObject);
-    WriteJsonResult(result, stepObject);
+    QJsonObject object;
+    WriteJsonComponent(QStringLiteral("TestStep"), step, object);
+    WriteJsonResult(result, object);
+    BeginItem(object, QStringLiteral("Values"));
     return true;
 }
 
 bool CReportBuilderJSON::EndTestStep(TestStep*)
 {
-    steps.Append(JsonItems(stepObject, QStringLiteral("Values"), values).Joined());
+    EndItem();
     return true;
 }
 
@@ -269,7 +305,7 @@ bool CReportBuilderJSON::BeginTestMeasurement(TestMeasurement* measurement, Test
     QJsonObject object;
     WriteJsonComponent(QStringLiteral("TestMeasurement"), measurement, object);
     WriteJsonResult(result, object);
-    values.Append(JsonItems(object));
+    AddToProgram(object);
     return true;
 }
 
@@ -283,7 +319,7 @@ bool CReportBuilderJSON::BeginSubUnitTest()
 bool CReportBuilderJSON::EndSubUnitTest()
 {
     inSubUnitTest = false;
-    panelItems.Append(lastProgram);
+    panelItems.append(lastProgram);
     return true;
 }
 

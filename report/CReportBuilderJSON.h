@@ -1,8 +1,9 @@
 #pragma once
 
-#include "JsonItems.h"
-
 #include "export/CExportBuilderImp.h"
+
+#include <QtCore/QByteArrayList>
+#include <QtCore/QJsonObject>
 
 namespace ZYN {
 
@@ -40,22 +41,23 @@ public:
     bool EndSubUnitTest() override;
 
 private:
-    /// Where header items go: to the panel items inside one, else to the unit's own information.
-    JsonItems& Items();
+    /// Header items of a unit go to the panel items inside one, else to the unit's own information.
+    QByteArrayList& UnitItems() { return inSubUnitTest ? panelItems : information; }
+    void AddToProgram(const QJsonObject& item);
+    void BeginItem(const QJsonObject& item, const QString& key);
+    void EndItem();
 
     bool inSubUnitTest = false;
     bool hasSubUnitTests = false;
-    QJsonObject programObject;
-    QJsonObject stepObject;
-    QJsonObject groupObject;
-    JsonItems information;
-    JsonItems panelItems;
-    JsonItems programs;
-    /// The program that was written last, as far as it came: a panel item ends with it.
-    JsonItems lastProgram{QJsonObject()};
-    JsonItems groups;
-    JsonItems steps;
-    JsonItems values;
+    QByteArrayList information;
+    QByteArrayList panelItems;
+    QByteArrayList programs;
+    /// A panel item ends with the program that was written last.
+    QByteArray lastProgram = "{}";
+    /// The program that is being walked, as compact text: a tree of it takes several times the memory.
+    QByteArray text;
+    /// What follows the children of the items that are open, the innermost last.
+    QByteArrayList tails;
 };
 
 } // namespace ZYN

@@ -39,10 +39,13 @@ void JsonIndenter::Write(QByteArrayView compact)
     }
 }
 
-void JsonIndenter::Write(const QByteArrayList& pieces)
+void JsonIndenter::WriteItems(const QByteArrayList& items)
 {
-    for (const QByteArray& piece : pieces)
-        Write(QByteArrayView(piece));
+    for (qsizetype index = 0; index < items.size(); ++index) {
+        if (index > 0)
+            Write(",");
+        Write(items[index]);
+    }
 }
 
 bool JsonIndenter::Finish()

@@ -18,7 +18,8 @@ public:
 
     /// Adds a piece of the document. No piece ends within a text.
     void Write(QByteArrayView compact);
-    void Write(const QByteArrayList& pieces);
+    /// Adds what is between the brackets of an array.
+    void WriteItems(const QByteArrayList& items);
     /// Ends the document.
     /// \return whether the device took all of it; nothing follows what it refused
     bool Finish();
