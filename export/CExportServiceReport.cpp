@@ -9,7 +9,6 @@
 
 #include <QtCore/QDir>
 #include <QtCore/QFileDevice>
-#include <QtCore/QObject>
 
 namespace ZYN {
 
@@ -128,10 +127,12 @@ QString CExportServiceReport::GetWrittenFileName() const
 
 QString CExportServiceReport::FileNameFilter()
 {
-    // The native extension and the lot files are not for people to choose: they are not offered.
-    return QStringLiteral("XML %1 (*.xml);;PDF %1 (*.pdf);;HTML %1 (*.html);;CSV %1 (*.csv);;"
-                          "Text %1 (*.txt);;JSON %1 (*.json)")
-        .arg(QObject::tr("File"));
+    return FormatRegistry::FileNameFilter();
+}
+
+QList<ReportFormat> CExportServiceReport::Formats()
+{
+    return FormatRegistry::Formats();
 }
 
 QString CExportServiceReport::ExtensionForFormat(const QString& format)

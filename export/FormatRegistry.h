@@ -1,13 +1,15 @@
 #pragma once
 
+#include <ZYNPersistence/CExportServiceReport.h>
+
+#include <QtCore/QList>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
 
 namespace ZYN {
 
 class IExportBuilder;
 
-/// The table of formats: every lookup by name or extension is answered from it.
+/// The table of formats: all that is asked about formats is answered from it.
 namespace FormatRegistry {
 
 /// Builder of a report format, owned by the caller; null for an unknown name.
@@ -22,6 +24,10 @@ QString ExtensionForFormat(const QString& format);
 /// Format for a file name, by the first extension of the fixed search order found anywhere in it.
 QString FormatForExtension(const QString& fileName);
 bool ValidFormat(const QString& format);
+/// The report formats, each once, in the order of lists for people.
+QList<ReportFormat> Formats();
+/// The formats that a file dialog offers.
+QString FileNameFilter();
 
 } // namespace FormatRegistry
 

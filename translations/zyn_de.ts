@@ -306,6 +306,34 @@
         <source>%1 is no file.</source>
         <translation>%1 ist keine Datei.</translation>
     </message>
+    <message>
+        <source>spreadsheets</source>
+        <translation>Tabellenkalkulation</translation>
+    </message>
+    <message>
+        <source>reading and printing as plain text</source>
+        <translation>Lesen und Drucken als reiner Text</translation>
+    </message>
+    <message>
+        <source>native: everything that is read back</source>
+        <translation>das eigene: alles, was wieder gelesen wird</translation>
+    </message>
+    <message>
+        <source>printing and archives</source>
+        <translation>Druck und Archiv</translation>
+    </message>
+    <message>
+        <source>browsers</source>
+        <translation>Browser</translation>
+    </message>
+    <message>
+        <source>programs</source>
+        <translation>Programme</translation>
+    </message>
+    <message>
+        <source>yield tools: STDF V4, appended to a lot file</source>
+        <translation>Ausbeuteanalyse: STDF V4, an eine Losdatei angefügt</translation>
+    </message>
 </context>
 <context>
     <name>ReportRuns</name>
@@ -1087,32 +1115,8 @@ endet mit 1, wenn einer davon ein Fehler ist.</translation>
         <translation>bekannt sind: %1</translation>
     </message>
     <message>
-        <source>native: everything that is read back</source>
-        <translation>das eigene: alles, was wieder gelesen wird</translation>
-    </message>
-    <message>
-        <source>spreadsheets</source>
-        <translation>Tabellenkalkulation</translation>
-    </message>
-    <message>
-        <source>reading and printing as plain text</source>
-        <translation>Lesen und Drucken als reiner Text</translation>
-    </message>
-    <message>
-        <source>browsers</source>
-        <translation>Browser</translation>
-    </message>
-    <message>
-        <source>printing and archives</source>
-        <translation>Druck und Archiv</translation>
-    </message>
-    <message>
         <source>programs</source>
         <translation>Programme</translation>
-    </message>
-    <message>
-        <source>yield tools: STDF V4, appended to a lot file</source>
-        <translation>Ausbeuteanalyse: STDF V4, an eine Losdatei angefügt</translation>
     </message>
     <message>
         <source>Format</source>

@@ -2,13 +2,24 @@
 
 #include <ZYNPersistence/ZYNPersistenceGlobal.h>
 
+#include <QtCore/QList>
 #include <QtCore/QString>
+#include <QtCore/QStringList>
 
 namespace ZYN {
 
 class CExportServiceReport_Private;
 class TestResultSet;
 class UUTTest;
+
+/// What is to be known of a report format.
+struct ReportFormat {
+    QString name;           ///< upper case
+    QStringList otherNames; ///< lower case; `SetFormat` takes any case
+    QString extension;      ///< without dot
+    const char* purpose;    ///< what it is good for, in English; `QObject::tr` translates it
+    bool takesManyReports;  ///< one file takes the parts of many reports; else a report is a file
+};
 
 /// Writes test results to a report file.
 ///
@@ -59,6 +70,8 @@ public:
     /// into that STDF lot file, the failure file beside it.
     QString GetWrittenFileName() const;
 
+    /// All formats, in the order in which people should find them.
+    static QList<ReportFormat> Formats();
     /// Filters for a file dialog, translated.
     static QString FileNameFilter();
     /// Extension without dot ("zyr" for XML); empty for an unknown format.

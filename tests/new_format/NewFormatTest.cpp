@@ -1,35 +1,26 @@
+#include "CReportBuilderFailures.h"
+
 #include "support/SampleModels.h"
 #include "support/Test.h"
 
-#include <ZYNPersistence/CExportServiceReport.h>
+#include "export/CExportDirectorReport.h"
 
 using namespace ZYN;
 
-/// A format that was added as docs/adding-a-format.md says: a source pair, an include and a row of the table.
+/// The format of docs/adding-a-format.md.
 class NewFormatTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void Lookups()
-    {
-        QCOMPARE(CExportServiceReport::ExtensionForFormat(" failures "), "fails");
-        QCOMPARE(CExportServiceReport::FormatForExtension("out/panel.fails"), "FAILURES");
-        QVERIFY(CExportServiceReport::ValidFormat("Failures"));
-        QCOMPARE(CExportServiceReport::FormatForExtension("panel.csv"), "CSV");
-    }
-
     void Report()
     {
         const QTemporaryDir folder;
         const QString name = folder.filePath("panel.fails");
-        CExportServiceReport service;
-        QVERIFY(service.SetFormat("FAILURES"));
-        service.SetOutputFileName(name);
-        QVERIFY(service.Export(SampleModels::Panel().data()));
-        QVERIFY(service.OutputComplete());
-        QFile file(name);
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        QCOMPARE(file.readAll(), QByteArray("1\t5V rail\t4.5\tV\n2\t3V3 rail\t\tV\n"));
+        CReportBuilderFailures builder;
+        QVERIFY(builder.OpenFile(name));
+        QVERIFY(CExportDirectorReport().ExportUUTTest(SampleModels::Panel().data(), &builder));
+        QVERIFY(builder.OutputComplete());
+        QCOMPARE(Files::Content(name), "1\t5V rail\t4.5\tV\n2\t3V3 rail\t\tV\n");
     }
 };
 

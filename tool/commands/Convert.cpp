@@ -19,6 +19,8 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
+#include <algorithm>
+
 namespace ZYN::Tool {
 
 namespace {
@@ -56,8 +58,13 @@ QString FormatOf(const Arguments& arguments)
 // One file that takes the parts of many reports.
 bool IsLotFile(const Arguments& arguments, const QString& format)
 {
-    return !arguments.file.empty() && !IsStandardOutput(PathOf(arguments.file)) &&
-           (format == QLatin1String("STDF") || format == QLatin1String("STD"));
+    if (arguments.file.empty() || IsStandardOutput(PathOf(arguments.file)))
+        return false;
+    const QList<ReportFormat> formats = CExportServiceReport::Formats();
+    return std::any_of(formats.begin(), formats.end(), [&](const ReportFormat& known) {
+        return known.takesManyReports &&
+               (known.name == format || known.otherNames.contains(format.toLower()));
+    });
 }
 
 // 0 when the command line makes sense.
