@@ -2,11 +2,12 @@
 
 #include "FuzzSupport.h"
 
+#include "kinds/ReportStructure.h"
+
 #include "export/CExportDirectorReport.h"
 #include "export/FormatRegistry.h"
 #include "export/IExportBuilder.h"
 #include "export/IOutputState.h"
-#include "import/ReportStructure.h"
 
 #include <ZYNCommon/UUTTest.h>
 #include <ZYNPersistence/CImportServiceReport.h>
@@ -61,7 +62,7 @@ Reading Imported(const QByteArray& document)
 
 QByteArray RequireStableReport(const QByteArray& report, const QStringList& knownErrors)
 {
-    for (const ImportFinding& fault : ReportStructure::Faults(report))
+    for (const ImportFinding& fault : Tool::ReportStructure::Faults(report))
         Require(false, "an own report has the structure of a report", fault.text);
     // Limits of a measurement of another kind are written as the one's own, and so they are read next.
     const bool isBorrowed =

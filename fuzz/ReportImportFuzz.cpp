@@ -4,7 +4,7 @@
 #include "FuzzSupport.h"
 #include "ReportGenerations.h"
 
-#include "import/ReportStructure.h"
+#include "kinds/ReportStructure.h"
 
 #include <ZYNCommon/UUTTest.h>
 
@@ -14,7 +14,7 @@ using namespace ZYN::Fuzz;
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
     const QByteArray document = Input(data, size);
-    for (const ImportFinding& fault : ReportStructure::Faults(document))
+    for (const ImportFinding& fault : Tool::ReportStructure::Faults(document))
         Require(fault.line > 0 && fault.column > 0 && !fault.text.isEmpty(),
                 "a fault has a text and a place");
     const Reading reading = Imported(document);

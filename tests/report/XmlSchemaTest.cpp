@@ -5,7 +5,7 @@
 #include "support/SampleModels.h"
 #include "support/Test.h"
 
-#include "import/ReportStructure.h"
+#include "kinds/ReportStructure.h"
 
 #include <examples/line_simulator/Line.h>
 
@@ -19,11 +19,11 @@ QString Faults(const QByteArray& document)
     return RelaxNg::Faults("report-1.4.0.rng", Files::Write(ReportFiles::ScratchFile(), document));
 }
 
-/// What the library's own checker has against it, with the lines.
+/// What the tool's checker has against it, with the lines.
 QString StructureFaults(const QByteArray& document)
 {
     QStringList lines;
-    for (const ImportFinding& fault : ReportStructure::Faults(document))
+    for (const ImportFinding& fault : Tool::ReportStructure::Faults(document))
         lines.append(QString("%1: %2").arg(fault.line).arg(fault.text));
     return lines.join(u'\n');
 }
@@ -171,10 +171,10 @@ private slots:
     {
         const QByteArray document = Sample("panel");
         for (qsizetype size = 0; size < document.size(); size += 7)
-            ReportStructure::Faults(document.first(size));
+            Tool::ReportStructure::Faults(document.first(size));
         QCOMPARE(StructureFaults(QByteArray("<a>").repeated(100000)), "1: 'a' in 'document' is unknown");
         const QByteArray unknown = "<TestReport Version='1'>" + QByteArray("<a/>").repeated(5000);
-        QCOMPARE(ReportStructure::Faults(unknown).size(), 1000);
+        QCOMPARE(Tool::ReportStructure::Faults(unknown).size(), 1000);
     }
 };
 

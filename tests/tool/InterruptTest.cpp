@@ -1,5 +1,5 @@
 #include "support/Test.h"
-#include "tool/TemporaryFiles.h"
+#include "files/TemporaryFiles.h"
 
 #include <QtCore/QDir>
 #include <QtCore/QTemporaryDir>

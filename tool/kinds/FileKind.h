@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kinds/Finding.h"
+#include "kinds/ShowOptions.h"
 #include "terminal/Problem.h"
 
 #include <QtCore/QByteArray>
@@ -10,20 +12,6 @@
 #include <optional>
 
 namespace ZYN::Tool {
-
-/// Something that `zyn check` says about a file.
-struct Finding {
-    bool isError = true; ///< false: worth knowing, but the file is good
-    qint64 line = 0;     ///< from 1; 0 when it concerns the whole file
-    qint64 column = 0;   ///< from 1; 0 when it concerns the whole line
-    QString text;
-    qint64 offset = -1; ///< in a binary file: byte from 0 at which the place begins; -1 for none
-};
-
-struct ShowOptions {
-    bool failedOnly = false;
-    bool withMap = false; ///< of STDF files also the wafers
-};
 
 /// A kind of file that the tool can show and check.
 struct FileKind {

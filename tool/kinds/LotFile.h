@@ -1,6 +1,14 @@
 #pragma once
 
-#include "kinds/FileKind.h"
+#include "kinds/Finding.h"
+#include "kinds/ShowOptions.h"
+#include "terminal/Problem.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <optional>
 
 namespace ZYN::Tool {
 

@@ -2,10 +2,10 @@
 
 #include "files/PlainFile.h"
 #include "kinds/ReportParts.h"
+#include "kinds/ReportStructure.h"
 #include "terminal/Texts.h"
 
 #include "import/ReportDocument.h"
-#include "import/ReportStructure.h"
 #include "import/XmlProlog.h"
 
 #include <ZYNCommon/TestComponent.h>

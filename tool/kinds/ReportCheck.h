@@ -1,6 +1,9 @@
 #pragma once
 
-#include "kinds/FileKind.h"
+#include "kinds/Finding.h"
+
+#include <QtCore/QList>
+#include <QtCore/QString>
 
 namespace ZYN::Tool {
 

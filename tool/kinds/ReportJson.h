@@ -1,6 +1,12 @@
 #pragma once
 
-#include "kinds/FileKind.h"
+#include "kinds/ShowOptions.h"
+#include "terminal/Problem.h"
+
+#include <QtCore/QJsonObject>
+#include <QtCore/QString>
+
+#include <optional>
 
 namespace ZYN::Tool {
 

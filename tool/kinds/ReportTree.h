@@ -1,6 +1,11 @@
 #pragma once
 
-#include "kinds/FileKind.h"
+#include "kinds/ShowOptions.h"
+#include "terminal/Problem.h"
+
+#include <QtCore/QString>
+
+#include <optional>
 
 namespace ZYN::Tool {
 

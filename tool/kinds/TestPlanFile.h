@@ -1,6 +1,15 @@
 #pragma once
 
-#include "kinds/FileKind.h"
+#include "kinds/Finding.h"
+#include "kinds/ShowOptions.h"
+#include "terminal/Problem.h"
+
+#include <QtCore/QByteArray>
+#include <QtCore/QJsonObject>
+#include <QtCore/QList>
+#include <QtCore/QString>
+
+#include <optional>
 
 namespace ZYN::Tool {
 

@@ -1,14 +1,14 @@
-#include "ReportStructure.h"
+#include "kinds/ReportStructure.h"
 
-#include "XmlProlog.h"
+#include "terminal/Texts.h"
 
-#include <QtCore/QCoreApplication>
+#include "import/XmlProlog.h"
 
 #include <algorithm>
 #include <span>
 #include <vector>
 
-namespace ZYN::ReportStructure {
+namespace ZYN::Tool::ReportStructure {
 
 namespace {
 
@@ -191,10 +191,10 @@ private:
         }
         for (const QLatin1StringView attribute : item->element ? item->element->attributes : item->attributes)
             if (!attributes.hasAttribute(attribute))
-                Add(Tr("attribute '%1' of '%2' is missing").arg(attribute, name));
+                Add(Texts::tr("attribute '%1' of '%2' is missing").arg(attribute, name));
         // A key is written as it stands: one with a blank in it, or with an attribute or element behind it.
         if (item->element == &productParameter && attributes.size() != 1)
-            Add(Tr("'%1' has not one attribute: the parameter's key was no name").arg(name), false);
+            Add(Texts::tr("'%1' has not one attribute: the parameter's key was no name").arg(name), false);
         m_open.push_back({item->element ? item->element : &propertyElement, name});
     }
 
@@ -214,7 +214,8 @@ private:
         const auto found = std::find_if(items.begin() + std::ptrdiff_t(open.next), items.end(), isIt);
         if (found == items.end()) {
             const bool isKnown = std::any_of(items.begin(), items.end(), isIt);
-            Add((isKnown ? Tr("'%1' in '%2' is not in its place") : Tr("'%1' in '%2' is unknown"))
+            Add((isKnown ? Texts::tr("'%1' in '%2' is not in its place")
+                         : Texts::tr("'%1' in '%2' is unknown"))
                     .arg(name, open.name));
             return nullptr;
         }
@@ -233,8 +234,8 @@ private:
             const bool isMissing =
                 item.occurs == Item::Once || (item.occurs == Item::WithPrevious && open.previousMet);
             if (isMissing)
-                Add(before.isEmpty() ? Tr("'%1' is missing in '%2'").arg(item.name, open.name)
-                                     : Tr("'%1' is missing before '%2'").arg(item.name, before));
+                Add(before.isEmpty() ? Texts::tr("'%1' is missing in '%2'").arg(item.name, open.name)
+                                     : Texts::tr("'%1' is missing before '%2'").arg(item.name, before));
             open.previousMet = isMissing;
         }
     }
@@ -243,8 +244,6 @@ private:
     {
         m_findings.append({m_reader.lineNumber(), m_reader.columnNumber() + 1, text, isError});
     }
-
-    static QString Tr(const char* text) { return QCoreApplication::translate("ReportStructure", text); }
 
     const QByteArray& m_bytes;
     QXmlStreamReader m_reader;
@@ -259,4 +258,4 @@ QList<ImportFinding> Faults(const QByteArray& document)
     return Walk(document).Run();
 }
 
-} // namespace ZYN::ReportStructure
+} // namespace ZYN::Tool::ReportStructure
