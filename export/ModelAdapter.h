@@ -12,6 +12,7 @@
 #include <ZYNCommon/TestMeasurement.h>
 #include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/ValidationInterface.h>
+#include <ZYNCommon/ValueDisplay.h>
 #include <ZYNCommon/WorkSpace.h>
 #include <ZYNCommon/ZYNApplication.h>
 #include <ZYNCommon/ZYNTypes.h>
@@ -114,14 +115,7 @@ inline bool IsNumber(int typeCode)
 /// The base of the digits in which values of a unit are written; 0 for decimal numbers.
 inline int DigitBase(int unitCode)
 {
-    switch (unitCode) {
-    case MeasurementUnit::Hexadecimal:
-        return 16;
-    case MeasurementUnit::Binary:
-        return 2;
-    default:
-        return 0;
-    }
+    return MeasurementUnit::DigitBase(unitCode);
 }
 
 /// Whether a validation's operator may be written so; the empty text means no limit.
@@ -151,9 +145,11 @@ inline int UnitCode(const MeasurementUnit& unit)
     return unit.GetCode();
 }
 
-/// The validation's value display, limits and their operators; null where it has none. Values are
-/// reached like pointers, whether they are borrowed or held.
-inline ValidationInterface::Limits Limits(const ValidationInterface* validation)
+/// A validation's value display, limits and their operators; null where it has none. Values are reached like
+/// pointers, whether they are borrowed or held.
+using HeldLimits = ValidationInterface::Limits;
+
+inline HeldLimits Limits(const ValidationInterface* validation)
 {
     return validation->GetLimits();
 }
@@ -227,6 +223,12 @@ inline QString IntegerTypeText()
 inline QString RealTypeText()
 {
     return TestComponentAttr::TypeToString(TestComponentAttr::Real);
+}
+
+/// Whether a power of ten has a prefix of its own, as 3 has "k".
+inline bool HasPrefix(int power)
+{
+    return ValueDisplay::HasPrefix(ValueDisplay::ScaleFactor(power));
 }
 
 /// Logs the first user of a workspace in; this makes it the session's current user.

@@ -62,7 +62,7 @@ Reading Imported(const QByteArray& document)
 
 QByteArray RequireStableReport(const QByteArray& report, const QStringList& knownErrors)
 {
-    for (const ImportFinding& fault : Tool::ReportStructure::Faults(report))
+    for (const ImportFinding& fault : Tool::ReportStructure::Findings(report))
         Require(false, "an own report has the structure of a report", fault.text);
     // Limits of a measurement of another kind are written as the one's own, and so they are read next.
     const bool isBorrowed =

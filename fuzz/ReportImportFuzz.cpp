@@ -14,7 +14,7 @@ using namespace ZYN::Fuzz;
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size)
 {
     const QByteArray document = Input(data, size);
-    for (const ImportFinding& fault : Tool::ReportStructure::Faults(document))
+    for (const ImportFinding& fault : Tool::ReportStructure::Findings(document))
         Require(fault.line > 0 && fault.column > 0 && !fault.text.isEmpty(),
                 "a fault has a text and a place");
     const Reading reading = Imported(document);

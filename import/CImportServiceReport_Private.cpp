@@ -116,12 +116,12 @@ int CImportServiceReport_Private::Integer(QStringView text, bool emptyIsGood)
     return number;
 }
 
-double CImportServiceReport_Private::Milliseconds(QStringView text)
+double CImportServiceReport_Private::Duration(QStringView milliseconds)
 {
     bool ok = false;
-    const double seconds = ReportValues::ToReal(text, -3, &ok);
+    const double seconds = ReportValues::ToReal(milliseconds, -3, &ok);
     if (!ok)
-        AddFinding(tr("duration '%1' is not a number, read as 0").arg(text));
+        AddFinding(tr("duration '%1' is not a number, read as 0").arg(milliseconds));
     return seconds;
 }
 

@@ -7,11 +7,22 @@
 
 #include <QtCore/QBuffer>
 #include <QtCore/QCoreApplication>
+#include <QtCore/QSharedPointer>
+#include <QtCore/QXmlStreamReader>
 
 #include <memory>
 #include <vector>
 
 namespace ZYN {
+
+class ProductType;
+class Station;
+class TestComponent;
+class TestGroup;
+class TestProgram;
+class TestResult;
+class TestStep;
+class ValidationInterface;
 
 /// The state of one parse and the handlers of the elements. A handler begins at the start of its element and
 /// returns at its end, or false when the document ends before that. Handlers do not call themselves, so
@@ -78,7 +89,8 @@ private:
 
     /// \param emptyIsGood no finding for an empty text, which reads as 0 too
     int Integer(QStringView text, bool emptyIsGood = false);
-    double Milliseconds(QStringView text);
+    /// \return seconds
+    double Duration(QStringView milliseconds);
     void NoteUnknownProperty(QStringView name, QLatin1StringView element);
     void NoteStrayText(QLatin1StringView element);
     /// Notes something that is wrong with the document.

@@ -39,7 +39,7 @@ bool CImportServiceReport_Private::ReadUUTTest(UUTTest* uutTest)
         } else if (name == "DateTime"_L1) {
             uutTest->SetStopTimeString(text.toString());
         } else if (name == "Duration"_L1) {
-            uutTest->SetDuration(Milliseconds(text));
+            uutTest->SetDuration(Duration(text));
         } else if (name == "TestTime"_L1) {
             uutTest->SetStartTimeString(text.toString());
         } else {

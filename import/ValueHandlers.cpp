@@ -77,7 +77,7 @@ bool CImportServiceReport_Private::ReadTestResult()
         if (name == "Value"_L1)
             ReadValue(text);
         else if (name == "Duration"_L1)
-            result->SetDuration(Milliseconds(text));
+            result->SetDuration(Duration(text));
         else if (name == "Comment"_L1)
             result->SetComment(text.toString());
         else if (name == "Attribute"_L1)

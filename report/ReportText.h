@@ -43,7 +43,7 @@ struct Row {
     const ValueDisplay* display;
     const ValidationInterface* validation;
     /// The validation's limits; without one there are none.
-    decltype(ModelAdapter::Limits(validation)) limits{};
+    ModelAdapter::HeldLimits limits{};
 };
 
 /// How a column looks its text up.

@@ -7,10 +7,10 @@
 
 namespace ZYN::Stdf {
 
-/// Something about a file: a fault, or a remark about what is unusual and allowed.
+/// Something about a file: a fault, which is an error, or a remark about what is unusual and allowed.
 struct Finding {
     qint64 offset = 0;
-    bool fault = true;
+    bool isError = true; ///< a fault; else a remark
     QString text;
 };
 

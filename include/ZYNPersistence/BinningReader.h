@@ -17,6 +17,8 @@ public:
     BinningReader& operator=(const BinningReader& other);
     BinningReader& operator=(BinningReader&& other) noexcept;
 
+    ///     QString errorText;
+    ///     const Binning binning = BinningReader::read("bins.ini", errorText); // binning.valid tells
     /// \param errorText receives the message of the first fault in file order; untouched on success
     /// \return the definition; not valid after a fault
     static Binning read(const QString& fileName, QString& errorText);

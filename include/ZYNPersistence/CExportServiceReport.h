@@ -52,6 +52,9 @@ public:
     void SetXMLStyle(const QString& path);
 
     /// Writes one result set.
+    ///
+    ///     if (!service.Export(&resultSet) || !service.OutputComplete())
+    ///         qCritical("%ls", qUtf16Printable(service.GetErrorText() + service.GetOutputError()));
     /// \return false when the export could not start (see `GetErrorText`) or there is nothing to report
     bool Export(TestResultSet* resultSet);
     /// Writes a unit's test with its result sets and panel items.
@@ -71,6 +74,9 @@ public:
     QString GetWrittenFileName() const;
 
     /// All formats, in the order in which people should find them.
+    ///
+    ///     for (const ReportFormat& format : CExportServiceReport::Formats())
+    ///         box->addItem(format.name, QObject::tr(format.purpose));
     static QList<ReportFormat> Formats();
     /// Filters for a file dialog, translated.
     static QString FileNameFilter();

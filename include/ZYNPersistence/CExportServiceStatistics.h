@@ -30,6 +30,9 @@ public:
     /// Whether limits, figures and values are scaled by their displays. Affects later exports.
     void SetUseScaledData(bool flag);
 
+    ///     StatisticsDataReport report; // after a lot was counted into it
+    ///     service.SetFormat("CSV");
+    ///     service.Export(&report);
     /// \return false when the export could not start (see `GetErrorText`) or the report is null
     bool Export(StatisticsDataReport* report);
     /// Why the last export could not start; empty when it did.

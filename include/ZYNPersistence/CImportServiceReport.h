@@ -3,26 +3,12 @@
 #include <ZYNPersistence/ZYNPersistenceGlobal.h>
 
 #include <QtCore/QList>
-#include <QtCore/QSharedPointer>
 #include <QtCore/QString>
-#include <QtCore/QXmlStreamReader>
-
-#include <memory>
-#include <vector>
 
 namespace ZYN {
 
 class CImportServiceReport_Private;
-class ProductType;
-class Station;
-class TestComponent;
-class TestGroup;
-class TestMeasurement;
-class TestProgram;
-class TestResult;
-class TestStep;
 class UUTTest;
-class ValidationInterface;
 
 /// Something that was wrong with a document, or good and yet lost by reading it.
 struct ImportFinding {
@@ -52,6 +38,9 @@ public:
     bool FormatOk() const;
     void SetInputFileName(const QString& fileName);
     /// Fills the test, which stays the caller's.
+    ///
+    ///     service.SetInputFileName("SN-1042.zyr");
+    ///     const bool isWhole = service.Import(&test) && service.GetFindings().isEmpty();
     /// \return false when the file cannot be opened or `uutTest` is null; a broken document gives true,
     ///         with what could be read: ask `GetFindings`
     bool Import(UUTTest* uutTest);

@@ -21,6 +21,9 @@ public:
     /// \return the test plan, owned by the caller; null when the file could not be read
     TestPlan* ReadTestPlan(const QString& fileName);
     /// The same; a failure's text with line and column goes to `errorText` unless that is null.
+    ///
+    ///     QString errorText;
+    ///     const std::unique_ptr<TestPlan> plan(service.ReadTestPlan("MCB-48.tpl", &errorText));
     TestPlan* ReadTestPlan(const QString& fileName, QString* errorText);
 };
 

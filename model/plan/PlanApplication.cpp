@@ -10,7 +10,7 @@
 #include <ZYNCommon/TestPlanData.h>
 #include <ZYNCommon/ValidationInterface.h>
 
-#include "../value/PropertyValue.h"
+#include "model/value/PropertyValue.h"
 
 #include <algorithm>
 #include <memory>

@@ -4,7 +4,7 @@
 #include <ZYNCommon/TestResult.h>
 #include <ZYNCommon/ValidationInterface.h>
 
-#include "../value/NumericVariant.h"
+#include "model/value/NumericVariant.h"
 
 #include <algorithm>
 #include <bit>

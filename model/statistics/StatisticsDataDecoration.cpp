@@ -3,7 +3,7 @@
 #include <ZYNCommon/StatisticsData.h>
 #include <ZYNCommon/ValidationInterface.h>
 
-#include "../result/ValidationText.h"
+#include "model/result/ValidationText.h"
 
 #include <algorithm>
 #include <cmath>

@@ -9,8 +9,8 @@
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/ZYNSession.h>
 
-#include "../result/TimeText.h"
-#include "../result/WorstResult.h"
+#include "model/result/TimeText.h"
+#include "model/result/WorstResult.h"
 #include "text/DurationText.h"
 
 #include <algorithm>

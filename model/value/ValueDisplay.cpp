@@ -17,19 +17,6 @@ namespace {
 
 using NumericVariant::Kind;
 
-/// Base of the digits that a unit's values are shown in; 0 for decimal numbers.
-int DigitBase(int unitCode)
-{
-    switch (unitCode) {
-    case MeasurementUnit::Hexadecimal:
-        return 16;
-    case MeasurementUnit::Binary:
-        return 2;
-    default:
-        return 0;
-    }
-}
-
 /// The bits of a number in two's complement; nothing for what is not whole or has more than 64.
 std::optional<qint64> BitsOf(const QVariant& value)
 {
@@ -81,7 +68,7 @@ QString ValueDisplay::ToString(const QVariant& value) const
 {
     if (value.isNull())
         return QString();
-    if (const int base = DigitBase(m_unitCode)) {
+    if (const int base = MeasurementUnit::DigitBase(m_unitCode)) {
         const std::optional<qint64> bits = BitsOf(value);
         return bits ? DecimalText::ToDigits(*bits, base) : DecimalOf(value, 0);
     }
@@ -96,6 +83,11 @@ QString ValueDisplay::StaticToString(const QVariant& value)
 QString ValueDisplay::GetScaleString() const
 {
     return ScaleFactorToString(m_factor);
+}
+
+bool ValueDisplay::HasPrefix(ScaleFactor factor)
+{
+    return factor >= ScalePico && factor <= ScaleTera && factor % 3 == 0;
 }
 
 QString ValueDisplay::ScaleFactorToString(ScaleFactor factor)

@@ -45,7 +45,7 @@ const Scale& ScaleOf(qint8 factor)
         for (size_t index = 0; index < all.size(); ++index) {
             const int power = static_cast<int>(index) - 128;
             all[index] = {static_cast<float>(std::pow(0.1, power)),
-                          ValueDisplay::ScaleFactorToString(ValueDisplay::ScaleFactor(power)) != u"#"};
+                          ModelAdapter::HasPrefix(power)};
         }
         return all;
     }();

@@ -23,7 +23,7 @@ QString Faults(const QByteArray& document)
 QString StructureFaults(const QByteArray& document)
 {
     QStringList lines;
-    for (const ImportFinding& fault : Tool::ReportStructure::Faults(document))
+    for (const ImportFinding& fault : Tool::ReportStructure::Findings(document))
         lines.append(QString("%1: %2").arg(fault.line).arg(fault.text));
     return lines.join(u'\n');
 }
@@ -171,10 +171,10 @@ private slots:
     {
         const QByteArray document = Sample("panel");
         for (qsizetype size = 0; size < document.size(); size += 7)
-            Tool::ReportStructure::Faults(document.first(size));
+            Tool::ReportStructure::Findings(document.first(size));
         QCOMPARE(StructureFaults(QByteArray("<a>").repeated(100000)), "1: 'a' in 'document' is unknown");
         const QByteArray unknown = "<TestReport Version='1'>" + QByteArray("<a/>").repeated(5000);
-        QCOMPARE(Tool::ReportStructure::Faults(unknown).size(), 1000);
+        QCOMPARE(Tool::ReportStructure::Findings(unknown).size(), 1000);
     }
 };
 

@@ -42,7 +42,7 @@ struct Contents {
     {
         QString text;
         for (const Stdf::Finding& finding : findings) {
-            if (finding.fault)
+            if (finding.isError)
                 text += QStringLiteral("%1: %2\n").arg(QString::number(finding.offset), finding.text);
         }
         return text;

@@ -106,7 +106,7 @@ QList<Finding> CheckLot(const QString& path)
     checker.Finish(reader);
     QList<Finding> findings;
     for (const Stdf::Finding& finding : checker.GetFindings())
-        findings.append({.isError = finding.fault, .text = finding.text, .offset = finding.offset});
+        findings.append({.isError = finding.isError, .text = finding.text, .offset = finding.offset});
     return findings;
 }
 

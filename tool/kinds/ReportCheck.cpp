@@ -187,9 +187,9 @@ QList<Finding> CheckReport(const QString& path)
     if (!file.GetProblem().isEmpty())
         findings.append({.text = file.GetProblem()});
     QSet<qint64> linesOutOfOrder;
-    for (const ImportFinding& fault : ReportStructure::Faults(*bytes)) {
-        findings.append(FromImport(fault));
-        linesOutOfOrder.insert(fault.line);
+    for (const ImportFinding& finding : ReportStructure::Findings(*bytes)) {
+        findings.append(FromImport(finding));
+        linesOutOfOrder.insert(finding.line);
     }
     // What is out of order is also what the import could not read.
     for (const ImportFinding& finding : service.GetFindings())

@@ -16,7 +16,7 @@ namespace ZYN::Tool {
 namespace {
 
 // Why the file that was read is no complete report, and in which line.
-std::optional<std::pair<qint64, QString>> Fault(const PlainFile& file, const CImportServiceReport& service)
+std::optional<std::pair<qint64, QString>> FirstError(const PlainFile& file, const CImportServiceReport& service)
 {
     if (!file.GetProblem().isEmpty())
         return std::pair(qint64(0), file.GetProblem());
@@ -55,8 +55,8 @@ std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& n
         *problem = Problem{name, 0, Texts::tr("cannot be read"), Texts::tr("check its permissions")};
         return nullptr;
     }
-    if (const auto fault = Fault(file, service)) {
-        const auto& [line, text] = *fault;
+    if (const auto error = FirstError(file, service)) {
+        const auto& [line, text] = *error;
         *problem =
             Problem{name, line,
                     Texts::tr("is no complete report: %1").arg(text.chopped(text.endsWith(QLatin1Char('.')))),

@@ -4,6 +4,8 @@
 
 #include "import/XmlProlog.h"
 
+#include <QtCore/QXmlStreamReader>
+
 #include <algorithm>
 #include <span>
 #include <vector>
@@ -253,7 +255,7 @@ private:
 
 } // namespace
 
-QList<ImportFinding> Faults(const QByteArray& document)
+QList<ImportFinding> Findings(const QByteArray& document)
 {
     return Walk(document).Run();
 }

@@ -11,7 +11,10 @@ namespace ZYN {
 /// A named object of the model with an id and a table of string parameters.
 ///
 /// Base of everything that a test database would store: components, units, product types, lots,
-/// fixtures, stations, workspaces. Not copyable (it is a `QObject`). One object is used by one thread
+/// fixtures, stations, workspaces.
+///
+/// Callers ask `GetName`; what formats millions of components asks `TestComponent::GetNameView`, which lends the
+/// name; `StoredName` is for classes that derive from this one and tell another name. Not copyable (it is a `QObject`). One object is used by one thread
 /// at a time; separate objects may be used in separate threads.
 class ZYNCOMMON_EXPORT ManagedObject : public QObject {
     Q_OBJECT

@@ -46,6 +46,8 @@ public:
     QString ToString() const;
     /// The same in plain ASCII: "V", "Ohm", "degC", "hex".
     QString ToAsciiString() const;
+    /// The base of the digits in which values of a unit are shown; 0 for decimal numbers.
+    static constexpr int DigitBase(int code) { return code == Hexadecimal ? 16 : code == Binary ? 2 : 0; }
     /// All known codes in ascending order.
     static QList<int> KnownCodes();
 

@@ -38,6 +38,8 @@ public:
     ScaleFactor GetScaleFactor() const { return m_factor; }
     /// Text of the factor's prefix.
     QString GetScaleString() const;
+    /// Whether a power has a prefix, be it the empty one of `ScaleNone`.
+    static bool HasPrefix(ScaleFactor factor);
     /// "p", "n", "u", "m", "", "k", "M", "G", "T"; "#" for what is no prefix.
     static QString ScaleFactorToString(ScaleFactor factor);
 

@@ -48,6 +48,7 @@ inline constexpr auto SectionName = [](const IniSection& section) { return secti
 inline constexpr auto Unit = [](const ValidationInterface* limits) { return limits->measurementUnit; };
 inline constexpr auto UnitCode = [](const MeasurementUnit& unit) { return unit.number; };
 
+/// Named as the project's own: rows keep one.
 struct HeldLimits {
     ValueDisplay* display;
     std::optional<QVariant> lower;
@@ -81,6 +82,7 @@ inline constexpr auto ItemValue = [](const TestComponentAttr* item) { return QVa
 inline constexpr auto ItemChildren = [](const TestComponentAttr*) { return QList<TestComponentAttr*>(); };
 inline constexpr auto IntegerTypeText = [] { return QString("Whole"); };
 inline constexpr auto RealTypeText = [] { return QString("Decimal"); };
+inline constexpr auto HasPrefix = [](int) { return true; };
 inline constexpr auto LoginFirstUser = [](WorkSpace* workSpace, const QString& password) {
     workSpace->Login(0, password);
 };
