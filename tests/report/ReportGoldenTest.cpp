@@ -6,7 +6,7 @@
 
 using namespace ZYN;
 
-/// Every text format against its expected files; under ctest also in other locales.
+/// Every format but PDF against its expected files; under ctest also in other locales.
 class ReportGoldenTest : public QObject {
     Q_OBJECT
 
@@ -26,7 +26,7 @@ private Q_SLOTS:
     void Report_data()
     {
         const Rows<QString, QString> row;
-        for (const QString format : {"XML", "TXT", "CSV", "HTML", "JSON"}) {
+        for (const QString format : {"XML", "TXT", "CSV", "HTML", "JSON", "STDF"}) {
             for (const QString& name : ReportGoldenRows(format))
                 row(qPrintable(format + ' ' + name), format, name);
         }

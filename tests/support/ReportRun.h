@@ -27,7 +27,7 @@ ReportRun ExportSample(const QString& format, const SampleModels::ReportCase& sa
 /// The same into a folder that is removed afterwards.
 ReportRun ExportSample(const QString& format, const SampleModels::ReportCase& sample);
 
-/// Runs a sample and compares the file with tests/golden/<case>/report.<extension>.
+/// Runs a sample and compares the file with tests/golden/<case>/report.<extension>, a lot as JSON lines.
 /// \return what is wrong; empty when nothing is
 QString CheckReportGolden(const QString& format, const QString& caseName);
 

@@ -10,14 +10,16 @@ struct CaseRow {
     bool withLogo = false;
     bool ignoreReportFlag = false;
     std::optional<bool> useScaledData = std::nullopt;
+    /// What it shows is in HTML only.
+    bool htmlOnly = false;
 };
 
 constexpr CaseRow caseRows[] = {
     {"passed-unit", PassedUnit},
     {"failed-unit", FailedUnit},
-    {"failed-unit-unscaled", FailedUnit, false, false, false},
+    {"failed-unit-unscaled", FailedUnit, false, false, false, true},
     {"panel", Panel},
-    {"panel-logo", Panel, true},
+    {"panel-logo", Panel, true, false, std::nullopt, true},
     {"bare-unit", BareUnit},
     {"hostile-names", HostileNames},
     {"excluded", ExcludedComponents},
@@ -30,15 +32,16 @@ QStringList ReportCaseNames()
 {
     QStringList names;
     for (const CaseRow& row : caseRows)
-        names.append(row.name);
+        if (!row.htmlOnly)
+            names.append(row.name);
     return names;
 }
 
 std::optional<ReportCase> MakeReportCase(const QString& name)
 {
-    for (const auto& [rowName, make, withLogo, ignoreReportFlag, useScaledData] : caseRows) {
-        if (name == rowName)
-            return ReportCase{name, make(), withLogo, ignoreReportFlag, useScaledData};
+    for (const CaseRow& row : caseRows) {
+        if (name == row.name)
+            return ReportCase{name, row.make(), row.withLogo, row.ignoreReportFlag, row.useScaledData};
     }
     return std::nullopt;
 }
