@@ -36,7 +36,7 @@ std::optional<Choice> Choose(const QString& value, QLatin1String first, Choice f
 class BinningBuilder {
 public:
     explicit BinningBuilder(const IniReader& iniReader)
-        : ini(iniReader)
+        : m_ini(iniReader)
     {
     }
 
@@ -54,19 +54,19 @@ public:
         if (bins.contains(bin.id))
             return QStringLiteral("There are duplicate sections with bin id %1").arg(bin.id);
 
-        bin.name = ini.getPropertyValue(section, QStringLiteral("_NAME_"));
+        bin.name = m_ini.getPropertyValue(section, QStringLiteral("_NAME_"));
         if (bin.name.isEmpty())
             return QStringLiteral("Section '%1' must have property '_NAME_'").arg(section);
-        if (names.contains(bin.name))
+        if (m_names.contains(bin.name))
             return QStringLiteral("There are duplicate sections with bin name %1").arg(bin.name);
 
-        const auto type = Choose(ini.getPropertyValue(section, QStringLiteral("_TYPE_")),
+        const auto type = Choose(m_ini.getPropertyValue(section, QStringLiteral("_TYPE_")),
                                  QLatin1String("HARD"), BinType::Hard, QLatin1String("SOFT"), BinType::Soft);
         if (!type)
             return QStringLiteral("Section '%1' must have property '_TYPE_' with value 'HARD' or 'SOFT'")
                 .arg(section);
         const auto result =
-            Choose(ini.getPropertyValue(section, QStringLiteral("_RESULT_")), QLatin1String("PASS"),
+            Choose(m_ini.getPropertyValue(section, QStringLiteral("_RESULT_")), QLatin1String("PASS"),
                    BinResult::Pass, QLatin1String("FAIL"), BinResult::Fail);
         if (!result)
             return QStringLiteral("Section '%1' must have property '_RESULT_' with value 'PASS' or 'FAIL'")
@@ -74,7 +74,7 @@ public:
 
         bin.type = *type;
         bin.result = *result;
-        names.insert(bin.name);
+        m_names.insert(bin.name);
         bins.insert(bin.id, bin);
         return {};
     }
@@ -82,8 +82,8 @@ public:
     QMap<qint32, BinDefinition> bins;
 
 private:
-    const IniReader& ini;
-    std::set<QString> names; // a hash of Qt would end the process for want of memory
+    const IniReader& m_ini;
+    std::set<QString> m_names; // a hash of Qt would end the process for want of memory
 };
 
 Binning ReadFile(const QString& fileName, QString& errorText)

@@ -3,53 +3,53 @@
 namespace ZYN {
 
 CExportBuilderDelegation::CExportBuilderDelegation(IExportBuilder* builder)
-    : target(builder)
+    : m_target(builder)
 {
 }
 
 CExportBuilderDelegation::~CExportBuilderDelegation()
 {
-    delete target;
+    delete m_target;
 }
 
 void CExportBuilderDelegation::SetProperty(const QString& key, const QString& value)
 {
-    target->SetProperty(key, value);
+    m_target->SetProperty(key, value);
 }
 
 void CExportBuilderDelegation::SetDevice(QIODevice* device)
 {
-    target->SetDevice(device);
+    m_target->SetDevice(device);
 }
 
 QIODevice* CExportBuilderDelegation::GetDevice()
 {
-    return target->GetDevice();
+    return m_target->GetDevice();
 }
 
 void CExportBuilderDelegation::SetUseScaledData(bool flag)
 {
-    target->SetUseScaledData(flag);
+    m_target->SetUseScaledData(flag);
 }
 
 bool CExportBuilderDelegation::GetUseScaledData()
 {
-    return target->GetUseScaledData();
+    return m_target->GetUseScaledData();
 }
 
 bool CExportBuilderDelegation::Open()
 {
-    return target->Open();
+    return m_target->Open();
 }
 
 bool CExportBuilderDelegation::Close()
 {
-    return target->Close();
+    return m_target->Close();
 }
 
 bool CExportBuilderDelegation::IsOpened()
 {
-    return target->IsOpened();
+    return m_target->IsOpened();
 }
 
 } // namespace ZYN

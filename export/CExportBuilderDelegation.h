@@ -26,17 +26,17 @@ public:
 #define ZYN_SLOT_NONE(name)                                                                                  \
     bool name() override                                                                                     \
     {                                                                                                        \
-        return target->name();                                                                               \
+        return m_target->name();                                                                             \
     }
 #define ZYN_SLOT_ONE(name, Model)                                                                            \
     bool name(Model* object) override                                                                        \
     {                                                                                                        \
-        return target->name(object);                                                                         \
+        return m_target->name(object);                                                                       \
     }
 #define ZYN_SLOT_RESULT(name, Component)                                                                     \
     bool name(Component* component, TestResult* result) override                                             \
     {                                                                                                        \
-        return target->name(component, result);                                                              \
+        return m_target->name(component, result);                                                            \
     }
     ZYN_EXPORT_BUILDER_SLOTS(ZYN_SLOT_NONE, ZYN_SLOT_ONE, ZYN_SLOT_RESULT)
 #undef ZYN_SLOT_NONE
@@ -44,7 +44,7 @@ public:
 #undef ZYN_SLOT_RESULT
 
 protected:
-    IExportBuilder* const target;
+    IExportBuilder* const m_target;
 };
 
 } // namespace ZYN

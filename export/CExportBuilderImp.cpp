@@ -15,116 +15,116 @@ CExportBuilderImp::~CExportBuilderImp()
 
 void CExportBuilderImp::SetProperty(const QString& key, const QString& value)
 {
-    if (!properties.contains(key))
-        properties.insert(key, value);
+    if (!m_properties.contains(key))
+        m_properties.insert(key, value);
 }
 
 QString CExportBuilderImp::GetProperty(const QString& key) const
 {
-    return properties.value(key);
+    return m_properties.value(key);
 }
 
 void CExportBuilderImp::SetDevice(QIODevice* newDevice)
 {
-    if (newDevice == device)
+    if (newDevice == m_device)
         return;
-    if (device && device->isOpen()) {
+    if (m_device && m_device->isOpen()) {
         CheckOutput();
-        device->close();
+        m_device->close();
         // Closing writes too (network file systems report a full disk only here).
-        if (const auto* output = qobject_cast<QFileDevice*>(device);
+        if (const auto* output = qobject_cast<QFileDevice*>(m_device);
             output && output->error() != QFileDevice::NoError)
             NoteOutputFailure();
     }
-    device = newDevice;
+    m_device = newDevice;
 }
 
 QIODevice* CExportBuilderImp::GetDevice()
 {
-    return device;
+    return m_device;
 }
 
 QIODevice::OpenMode CExportBuilderImp::OutputMode() const
 {
-    if (!rawMode)
+    if (!m_rawMode)
         return QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Text;
-    if (readWrite)
+    if (m_readWrite)
         return QIODevice::ReadWrite;
     return QIODevice::WriteOnly | QIODevice::Truncate;
 }
 
 void CExportBuilderImp::ReleaseFile()
 {
-    if (!file)
+    if (!m_file)
         return;
-    if (device == file)
-        device = nullptr;
-    if (file->isOpen())
-        file->close();
-    delete file;
-    file = nullptr;
+    if (m_device == m_file)
+        m_device = nullptr;
+    if (m_file->isOpen())
+        m_file->close();
+    delete m_file;
+    m_file = nullptr;
 }
 
 bool CExportBuilderImp::OpenFile(const QString& fileName)
 {
-    if (file) {
+    if (m_file) {
         ReleaseFile();
-        device = nullptr;
+        m_device = nullptr;
     }
     // A walk that failed leaves the builder opened; a new file begins a new document all the same.
     SetOpened(false);
-    outputFailed = false;
-    outputError.clear();
-    documentEnded = false;
+    m_outputFailed = false;
+    m_outputError.clear();
+    m_documentEnded = false;
 
-    file = new QFile(fileName);
-    if (!file->open(OutputMode())) {
+    m_file = new QFile(fileName);
+    if (!m_file->open(OutputMode())) {
         ReleaseFile();
-        device = nullptr;
+        m_device = nullptr;
         return false;
     }
-    SetDevice(file);
+    SetDevice(m_file);
     return true;
 }
 
 void CExportBuilderImp::SetUseScaledData(bool flag)
 {
-    useScaledData = flag;
+    m_useScaledData = flag;
 }
 
 bool CExportBuilderImp::GetUseScaledData()
 {
-    return useScaledData;
+    return m_useScaledData;
 }
 
 bool CExportBuilderImp::IsOpened()
 {
-    return opened;
+    return m_opened;
 }
 
 void CExportBuilderImp::SetOpened(bool flag)
 {
-    if (opened && !flag)
-        documentEnded = true;
+    if (m_opened && !flag)
+        m_documentEnded = true;
     if (flag) {
-        documentEnded = false;
+        m_documentEnded = false;
         // A device from outside was not seen before; a file was reset when it was opened.
-        if (device != file) {
-            outputFailed = false;
-            outputError.clear();
+        if (m_device != m_file) {
+            m_outputFailed = false;
+            m_outputError.clear();
         }
     }
-    opened = flag;
+    m_opened = flag;
 }
 
 bool CExportBuilderImp::OutputComplete() const
 {
-    return documentEnded && !outputFailed;
+    return m_documentEnded && !m_outputFailed;
 }
 
 QString CExportBuilderImp::OutputError() const
 {
-    return outputError;
+    return m_outputError;
 }
 
 QIODevice* CExportBuilderImp::OpenedDevice()
@@ -152,19 +152,19 @@ bool CExportBuilderImp::BindStream(QTextStream& stream)
 
 QString CExportBuilderImp::RelativeToOutput(const QString& path) const
 {
-    return file ? QFileInfo(file->fileName()).dir().relativeFilePath(path) : path;
+    return m_file ? QFileInfo(m_file->fileName()).dir().relativeFilePath(path) : path;
 }
 
 bool CExportBuilderImp::RemoveOutputFile()
 {
-    return file && file->remove();
+    return m_file && m_file->remove();
 }
 
 void CExportBuilderImp::NoteOutputFailure()
 {
-    if (!outputFailed && device)
-        outputError = device->errorString();
-    outputFailed = true;
+    if (!m_outputFailed && m_device)
+        m_outputError = m_device->errorString();
+    m_outputFailed = true;
 }
 
 void CExportBuilderImp::CheckOutput(QTextStream& stream)

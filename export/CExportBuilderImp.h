@@ -78,22 +78,22 @@ protected:
     void CheckOutput();
 
     /// Open the file without text translation.
-    bool rawMode = false;
+    bool m_rawMode = false;
     /// With `rawMode`: open it for reading and writing, and do not truncate it.
-    bool readWrite = false;
+    bool m_readWrite = false;
 
 private:
     QIODevice::OpenMode OutputMode() const;
     void ReleaseFile();
 
-    QIODevice* device = nullptr;
-    QFile* file = nullptr;
-    bool opened = false;
-    bool useScaledData = false;
-    QMap<QString, QString> properties;
-    bool outputFailed = false;
-    QString outputError; ///< what the device said to it
-    bool documentEnded = false;
+    QIODevice* m_device = nullptr;
+    QFile* m_file = nullptr;
+    bool m_opened = false;
+    bool m_useScaledData = false;
+    QMap<QString, QString> m_properties;
+    bool m_outputFailed = false;
+    QString m_outputError; ///< what the device said to it
+    bool m_documentEnded = false;
 };
 
 } // namespace ZYN

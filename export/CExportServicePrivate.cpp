@@ -41,9 +41,9 @@ bool CExportServicePrivate::Start()
 bool CExportServicePrivate::Finish(bool walked)
 {
     const auto* const output = dynamic_cast<const IOutputState*>(builder);
-    outputComplete = walked && output && output->OutputComplete();
-    if (output && !outputComplete)
-        outputError = output->OutputError();
+    m_outputComplete = walked && output && output->OutputComplete();
+    if (output && !m_outputComplete)
+        m_outputError = output->OutputError();
     return walked;
 }
 

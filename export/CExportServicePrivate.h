@@ -36,8 +36,8 @@ public:
     template <class Walk>
     bool Run(const Walk& walk) noexcept
     {
-        outputComplete = false;
-        outputError.clear();
+        m_outputComplete = false;
+        m_outputError.clear();
         try {
             return Start() && Finish(walk());
         } catch (...) {
@@ -47,9 +47,9 @@ public:
     }
 
     /// Whether the last export ran to its end and every byte reached the device.
-    bool OutputComplete() const { return outputComplete; }
+    bool OutputComplete() const { return m_outputComplete; }
     /// Why not, once it could start; empty where nobody knows.
-    const QString& OutputError() const { return outputError; }
+    const QString& OutputError() const { return m_outputError; }
 
     IExportBuilder* builder = nullptr;
     QString fileName;
@@ -62,8 +62,8 @@ private:
     /// Says in `errorText` what the current exception means.
     void NoteException() noexcept;
 
-    bool outputComplete = false;
-    QString outputError;
+    bool m_outputComplete = false;
+    QString m_outputError;
 };
 
 } // namespace ZYN

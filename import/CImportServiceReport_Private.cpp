@@ -50,11 +50,11 @@ bool CImportServiceReport_Private::Import(UUTTest* uutTest)
 
 void CImportServiceReport_Private::DropDocument()
 {
-    result = nullptr;
-    results.clear();
-    step.reset();
-    group.reset();
-    program.reset();
+    m_result = nullptr;
+    m_results.clear();
+    m_step.reset();
+    m_group.reset();
+    m_program.reset();
     reader.reset();
     document.close();
     document.setData(QByteArray());

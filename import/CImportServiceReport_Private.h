@@ -101,19 +101,19 @@ private:
 
     // Carried over from one import to the next, as is the limits' notation: its factor and data type are
     // those of the last `Limits`, its unit code begins anew with every measurement.
-    ReportValues::Notation notation;
-    QSharedPointer<ValidationInterface> validation;
-    QSharedPointer<ProductType> productType;
-    QSharedPointer<Station> station;
-    long testIndex = 0;
-    bool inSubUnitTests = false;
+    ReportValues::Notation m_notation;
+    QSharedPointer<ValidationInterface> m_validation;
+    QSharedPointer<ProductType> m_productType;
+    QSharedPointer<Station> m_station;
+    long m_testIndex = 0;
+    bool m_inSubUnitTests = false;
 
     // Of the current document.
-    std::vector<std::unique_ptr<TestResult>> results;
-    QSharedPointer<TestProgram> program;
-    QSharedPointer<TestGroup> group;
-    QSharedPointer<TestStep> step;
-    TestResult* result = nullptr;
+    std::vector<std::unique_ptr<TestResult>> m_results;
+    QSharedPointer<TestProgram> m_program;
+    QSharedPointer<TestGroup> m_group;
+    QSharedPointer<TestStep> m_step;
+    TestResult* m_result = nullptr;
 };
 
 /// Reads up to the end of an element.

@@ -32,7 +32,7 @@ bool CImportServiceReport_Private::ReadUUTTest(UUTTest* uutTest)
         if (name == "Result"_L1) {
             uutTest->SetResult(EN_ZYN_RESULT(Integer(text)));
             // A panel item has a stop time even where the report gives none.
-            if (inSubUnitTests)
+            if (m_inSubUnitTests)
                 uutTest->SetStopTimeString(u"0"_s);
         } else if (name == "Description"_L1) {
             uutTest->SetResultDescription(text.toString());
@@ -56,7 +56,7 @@ bool CImportServiceReport_Private::ReadUnitUnderTest(UUTTest* uutTest)
         if (name == "Name"_L1)
             unit.reset(new UnitUnderTest(anyId, text.toString()));
         else if (name == "ProductType"_L1)
-            productType.reset(new ProductType(Integer(attributes.value("Code"_L1)), text.toString()));
+            m_productType.reset(new ProductType(Integer(attributes.value("Code"_L1)), text.toString()));
         else if (name != "SerialNo"_L1 && name != "Ident"_L1 && name != "PanelIndex"_L1)
             return false;
         else if (!unit)
@@ -72,7 +72,7 @@ bool CImportServiceReport_Private::ReadUnitUnderTest(UUTTest* uutTest)
     if (!ReadLeaf("UnitUnderTest"_L1, onProperty))
         return false;
     if (unit) {
-        unit->SetProductType(productType);
+        unit->SetProductType(m_productType);
         uutTest->SetUnitUnderTest(unit);
     }
     return true;
@@ -80,21 +80,21 @@ bool CImportServiceReport_Private::ReadUnitUnderTest(UUTTest* uutTest)
 
 bool CImportServiceReport_Private::ReadProductType()
 {
-    if (!productType) {
+    if (!m_productType) {
         AddFinding(tr("'ProductType' before any 'UnitUnderTest', not read"));
         reader->skipCurrentElement();
         return !reader->hasError();
     }
-    const auto multiPanel = productType->GetMultiPanelInfo();
+    const auto multiPanel = m_productType->GetMultiPanelInfo();
     const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
         if (name == "Description"_L1)
-            productType->SetDescription(text.toString());
+            m_productType->SetDescription(text.toString());
         else if (name == "ArticelCode"_L1)
-            productType->SetArticelCode(text.toString());
+            m_productType->SetArticelCode(text.toString());
         else if (name == "Customer"_L1)
-            productType->SetCustomer(text.toString());
+            m_productType->SetCustomer(text.toString());
         else if (name == "ClusterLevel"_L1)
-            productType->SetClusterLevel(Integer(text, true));
+            m_productType->SetClusterLevel(Integer(text, true));
         else if (name == "MCP"_L1)
             multiPanel->SetMultiPanel(Integer(text) != 0);
         else if (name == "MCPItems"_L1)
@@ -118,9 +118,9 @@ void CImportServiceReport_Private::ReadSplittingMap(const QString& text)
     for (const QString& part : text.split(u' ')) {
         const QStringList pieces = part.split(u'_');
         if (pieces.size() >= 2)
-            productType->AddTestProgram(Integer(pieces.first()));
+            m_productType->AddTestProgram(Integer(pieces.first()));
     }
-    productType->GetMultiPanelInfo()->SetSplittingString(text);
+    m_productType->GetMultiPanelInfo()->SetSplittingString(text);
 }
 
 bool CImportServiceReport_Private::ReadProductionLot(UUTTest* uutTest)
@@ -179,7 +179,7 @@ bool CImportServiceReport_Private::ReadTestEnvironment(UUTTest* uutTest)
 
 bool CImportServiceReport_Private::ReadSubUnitTests(UUTTest* uutTest)
 {
-    inSubUnitTests = true;
+    m_inSubUnitTests = true;
     const auto noProperty = [](QStringView, QStringView, const QXmlStreamAttributes&) { return false; };
     return ReadElement("SubUnitTests"_L1, noProperty, [&](QStringView name) {
         if (name != "SubUnitTest"_L1)

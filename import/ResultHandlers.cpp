@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 bool CImportServiceReport_Private::ReadTestResults(UUTTest* uutTest)
 {
-    station.reset();
+    m_station.reset();
     const auto noProperty = [](QStringView, QStringView, const QXmlStreamAttributes&) { return false; };
     return ReadElement("TestResults"_L1, noProperty, [&](QStringView name) {
         if (name != "TestResultSet"_L1)
@@ -35,14 +35,14 @@ bool CImportServiceReport_Private::ReadTestResults(UUTTest* uutTest)
 
 bool CImportServiceReport_Private::ReadTestResultSet(UUTTest* uutTest)
 {
-    results.clear();
+    m_results.clear();
     const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
         if (name == "StationID"_L1)
-            station.reset(new Station(Integer(text, true), u"hurz"_s)); // a report does not name stations
-        else if (name == "StationDescription"_L1 && station)
-            station->SetDescription(text.toString());
+            m_station.reset(new Station(Integer(text, true), u"hurz"_s)); // a report does not name stations
+        else if (name == "StationDescription"_L1 && m_station)
+            m_station->SetDescription(text.toString());
         else if (name == "TestIndex"_L1)
-            testIndex = Integer(text, true);
+            m_testIndex = Integer(text, true);
         else
             return name == "FailedGroups"_L1 || name == "FailedSteps"_L1; // the model counts them itself
         return true;
@@ -62,14 +62,14 @@ bool CImportServiceReport_Private::ReadTestResultSet(UUTTest* uutTest)
 void CImportServiceReport_Private::AssignResultSet(UUTTest* uutTest)
 {
     // A report does not name a program that has no result, and a set without one could not be written again.
-    if (!program)
-        program = QSharedPointer<TestProgram>::create(0L, QString(), 0UL);
-    auto resultSet = std::make_unique<TestResultSet>(program, station);
-    resultSet->SetTestIndex(testIndex);
-    for (std::unique_ptr<TestResult>& collected : results)
+    if (!m_program)
+        m_program = QSharedPointer<TestProgram>::create(0L, QString(), 0UL);
+    auto resultSet = std::make_unique<TestResultSet>(m_program, m_station);
+    resultSet->SetTestIndex(m_testIndex);
+    for (std::unique_ptr<TestResult>& collected : m_results)
         resultSet->AddResult(collected.release());
-    result = nullptr;
-    results.clear();
+    m_result = nullptr;
+    m_results.clear();
     uutTest->AssignResultSet(resultSet.release());
 }
 
@@ -113,33 +113,33 @@ void CImportServiceReport_Private::SetSwitches(Model* component, const Component
 void CImportServiceReport_Private::ReadResultOf(const QSharedPointer<TestComponent>& component,
                                                 const QSharedPointer<ValidationInterface>& judgedBy)
 {
-    results.push_back(std::make_unique<TestResult>(component));
-    result = results.back().get();
+    m_results.push_back(std::make_unique<TestResult>(component));
+    m_result = m_results.back().get();
     ReadTestResult();
-    result->SetValidation(judgedBy);
-    component->SetResult(result);
+    m_result->SetValidation(judgedBy);
+    component->SetResult(m_result);
 }
 
 bool CImportServiceReport_Private::ReadTestProgram()
 {
     const Component read = StartComponent();
-    program = QSharedPointer<TestProgram>::create(read.id, read.name, 0UL);
+    m_program = QSharedPointer<TestProgram>::create(read.id, read.name, 0UL);
     const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
         if (name == "Name"_L1)
-            program->SetDisplayName(text.toString());
+            m_program->SetDisplayName(text.toString());
         else if (name == "Version"_L1)
-            program->SetVersion(text.toString());
+            m_program->SetVersion(text.toString());
         else if (name == "File"_L1)
-            program->SetFileName(text.toUtf8().constData());
+            m_program->SetFileName(text.toUtf8().constData());
         else if (name == "Creator"_L1)
-            program->SetCreator(text.toString());
+            m_program->SetCreator(text.toString());
         else
             return name == "Ident"_L1 || name == "SourceLine"_L1 || name == "FileVersion"_L1;
         return true;
     };
     return ReadElement("Testprogram"_L1, onProperty, [&](QStringView name) {
         if (name == "Result"_L1)
-            ReadResultOf(program, nullptr);
+            ReadResultOf(m_program, nullptr);
         else if (name == "TestGroup"_L1)
             ReadTestGroup();
         else
@@ -161,13 +161,13 @@ bool CImportServiceReport_Private::ReadTestGroup()
     return ReadElement("TestGroup"_L1, onProperty, [&](QStringView name) {
         if (name == "Result"_L1) {
             // All properties stand before it.
-            group = QSharedPointer<TestGroup>::create(read.id, read.name, program.data(),
-                                                      unsigned(read.sourceLine), -1L, EN_ZYN_GROUP(kind),
-                                                      nullptr);
-            SetSwitches(group.data(), read);
-            ReadResultOf(group, nullptr);
-            if (program)
-                program->AddGroup(group);
+            m_group = QSharedPointer<TestGroup>::create(read.id, read.name, m_program.data(),
+                                                        unsigned(read.sourceLine), -1L, EN_ZYN_GROUP(kind),
+                                                        nullptr);
+            SetSwitches(m_group.data(), read);
+            ReadResultOf(m_group, nullptr);
+            if (m_program)
+                m_program->AddGroup(m_group);
         } else if (name == "TestStep"_L1) {
             ReadTestStep();
         } else if (name == "TestParameter"_L1) {
@@ -187,12 +187,12 @@ bool CImportServiceReport_Private::ReadTestStep()
     };
     return ReadElement("TestStep"_L1, onProperty, [&](QStringView name) {
         if (name == "Result"_L1) {
-            step = QSharedPointer<TestStep>::create(read.id, read.name, group.data(),
-                                                    unsigned(read.sourceLine), -1L, QString());
-            SetSwitches(step.data(), read);
-            ReadResultOf(step, nullptr);
-            if (group)
-                group->AddStep(step);
+            m_step = QSharedPointer<TestStep>::create(read.id, read.name, m_group.data(),
+                                                      unsigned(read.sourceLine), -1L, QString());
+            SetSwitches(m_step.data(), read);
+            ReadResultOf(m_step, nullptr);
+            if (m_group)
+                m_group->AddStep(m_step);
             else
                 AddFinding(tr("step '%1' before any group, in no program").arg(read.name));
         } else if (name == "TestMeasurement"_L1) {
@@ -207,7 +207,7 @@ bool CImportServiceReport_Private::ReadTestStep()
 bool CImportServiceReport_Private::ReadTestMeasurement()
 {
     Component read = StartComponent();
-    notation.unitCode = 0;
+    m_notation.unitCode = 0;
     bool hasLimits = false;
     const auto onProperty = [&](QStringView name, QStringView text, const QXmlStreamAttributes&) {
         return ReadCommonProperty(name, text, read);
@@ -217,14 +217,14 @@ bool CImportServiceReport_Private::ReadTestMeasurement()
             hasLimits = true;
             ReadTestLimits();
         } else if (name == "Result"_L1) {
-            if (!hasLimits && validation)
+            if (!hasLimits && m_validation)
                 AddFinding(
                     tr("measurement '%1' has no limits, takes those of the one before").arg(read.name));
             const auto measurement = QSharedPointer<TestMeasurement>::create(
-                read.id, read.name, EN_ZYN_ADDRESS(read.type), step.data(), unsigned(read.sourceLine), -1L);
-            ReadResultOf(measurement, validation);
-            if (step)
-                step->AddMeasurement(measurement);
+                read.id, read.name, EN_ZYN_ADDRESS(read.type), m_step.data(), unsigned(read.sourceLine), -1L);
+            ReadResultOf(measurement, m_validation);
+            if (m_step)
+                m_step->AddMeasurement(measurement);
             else
                 AddFinding(tr("measurement '%1' before any step, in no program").arg(read.name));
         } else {

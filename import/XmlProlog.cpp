@@ -60,7 +60,7 @@ bool SkipTag(const QByteArray& markup, qsizetype& at)
         const char c = markup[at];
         if (c == '"' || c == '\'')
             at = EndOf(markup, c == '"' ? "\"" : "'", at + 1) - 1;
-        else if (c == '=' && ++attributes > MaximumAttributes)
+        else if (c == '=' && ++attributes > maximumAttributes)
             return false;
     }
     return true;
@@ -108,7 +108,7 @@ bool MoveToRoot(QXmlStreamReader& reader, const QByteArray& document)
     const int width = WidthOf(QStringConverter::encodingForData(document, u'<'));
     if (const qint64 line = LineOfCrowdedTag(width == 1 ? document : Narrowed(document, width)))
         reader.raiseError(QObject::tr("The start tag in line %1 has more than %2 attributes")
-                              .arg(QString::number(line), QString::number(MaximumAttributes)));
+                              .arg(QString::number(line), QString::number(maximumAttributes)));
     // Stops what is expanded inside the document type itself, before it can be looked at.
     reader.setEntityExpansionLimit(0);
     while (!reader.atEnd()) {

@@ -9,7 +9,7 @@ namespace ZYN::XmlProlog {
 
 /// Moves a reader that has not read yet to the root element. Refused with a reader error, as none of the
 /// formats needs them, is what makes a small document dear:
-/// - a start tag with more than `MaximumAttributes`: the reader compares each attribute with all before it
+/// - a start tag with more than `maximumAttributes`: the reader compares each attribute with all before it
 /// - declared entities and attributes: a few kilobytes of references grow to many megabytes, and declared
 /// attributes
 ///   are gone through at every start tag
@@ -17,6 +17,6 @@ namespace ZYN::XmlProlog {
 /// \return false when there is no root element; the reader has the error
 bool MoveToRoot(QXmlStreamReader& reader, const QByteArray& document);
 
-constexpr int MaximumAttributes = 64;
+constexpr int maximumAttributes = 64;
 
 } // namespace ZYN::XmlProlog

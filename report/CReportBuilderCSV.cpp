@@ -33,13 +33,13 @@ constexpr Column columns[] = {
 template <class AddCell>
 void CReportBuilderCSV::WriteLine(AddCell addCell)
 {
-    line.Clear();
+    m_line.Clear();
     for (const Column& column : columns) {
         if (&column != columns)
-            line.Add(u';');
+            m_line.Add(u';');
         addCell(column);
     }
-    stream << line.View() << Qt::endl;
+    m_stream << m_line.View() << Qt::endl;
 }
 
 bool CReportBuilderCSV::WriteRow(const TestComponent* component, const TestResult* result)
@@ -49,7 +49,7 @@ bool CReportBuilderCSV::WriteRow(const TestComponent* component, const TestResul
     const ReportText::Row row(component, result, nullptr);
     WriteLine([&](const Column& column) {
         const CellText text = column.text(row);
-        line.Add(text.View());
+        m_line.Add(text.View());
     });
     return true;
 }
@@ -58,7 +58,7 @@ bool CReportBuilderCSV::BeginTestProgram(TestProgram* program, TestResult* resul
 {
     if (!program || !result)
         return false;
-    WriteLine([this](const Column& column) { line.Add(column.title); });
+    WriteLine([this](const Column& column) { m_line.Add(column.title); });
     return WriteRow(program, result);
 }
 

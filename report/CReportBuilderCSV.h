@@ -35,7 +35,7 @@ private:
     /// \return false without writing when one of the two is null
     bool WriteRow(const TestComponent* component, const TestResult* result);
 
-    LineText line;
+    LineText m_line;
 };
 
 } // namespace ZYN

@@ -5,7 +5,7 @@
 namespace ZYN {
 
 CReportBuilderElements::CReportBuilderElements()
-    : writer(std::make_unique<UPrivateXMLWriter>())
+    : m_writer(std::make_unique<UPrivateXMLWriter>())
 {
 }
 
@@ -13,8 +13,8 @@ CReportBuilderElements::~CReportBuilderElements() = default;
 
 bool CReportBuilderElements::Close()
 {
-    writer->EndDocument();
-    CheckOutput(writer->Stream());
+    m_writer->EndDocument();
+    CheckOutput(m_writer->Stream());
     SetDevice(nullptr);
     SetOpened(false);
     return true;
@@ -24,7 +24,7 @@ bool CReportBuilderElements::BeginUnitUnderTest(UnitUnderTest* unit)
 {
     if (!unit)
         return false;
-    writer->WriteUnitUnderTest(unit);
+    m_writer->WriteUnitUnderTest(unit);
     return true;
 }
 
@@ -32,7 +32,7 @@ bool CReportBuilderElements::BeginProductType(ProductType* productType)
 {
     if (!productType)
         return false;
-    writer->WriteProductType(productType);
+    m_writer->WriteProductType(productType);
     return true;
 }
 
@@ -40,7 +40,7 @@ bool CReportBuilderElements::BeginSession(ZYNSession* session)
 {
     if (!session)
         return false;
-    writer->WriteTestEnvironment(session);
+    m_writer->WriteTestEnvironment(session);
     return true;
 }
 

@@ -24,7 +24,7 @@ public:
     bool BeginSession(ZYNSession* session) override;
 
 protected:
-    const std::unique_ptr<UPrivateXMLWriter> writer;
+    const std::unique_ptr<UPrivateXMLWriter> m_writer;
 };
 
 } // namespace ZYN

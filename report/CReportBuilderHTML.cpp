@@ -68,16 +68,16 @@ bool CReportBuilderHTML::Open()
 {
     if (!CReportBuilderStream::Open())
         return false;
-    panelItem = false;
+    m_panelItem = false;
     const QString logo = GetProperty(u"ReportLogo"_s);
-    page.Begin(logo.isEmpty() ? logo : RelativeToOutput(logo));
+    m_page.Begin(logo.isEmpty() ? logo : RelativeToOutput(logo));
     return true;
 }
 
 bool CReportBuilderHTML::Close()
 {
-    if (stream.device())
-        page.End();
+    if (m_stream.device())
+        m_page.End();
     return CReportBuilderStream::Close();
 }
 
@@ -85,39 +85,39 @@ bool CReportBuilderHTML::BeginUUTTest(UUTTest* uutTest)
 {
     if (!uutTest)
         return false;
-    if (panelItem) {
+    if (m_panelItem) {
         const auto unit = uutTest->GetUnitUnderTest();
-        page.LineBreak();
-        page.Headline(unit ? QObject::tr("Panel Item") + u' ' + QString::number(unit->GetPanelIndex())
-                           : QObject::tr("Panel Item"));
+        m_page.LineBreak();
+        m_page.Headline(unit ? QObject::tr("Panel Item") + u' ' + QString::number(unit->GetPanelIndex())
+                             : QObject::tr("Panel Item"));
     }
-    page.OpenTable(overview);
+    m_page.OpenTable(overview);
     WriteVerdict(QObject::tr("Test Result"), uutTest->GetResult(), uutTest->GetResultString());
 
     const QString duration = uutTest->GetDurationStringFormated();
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Test Date/Time"), uutTest->GetStopTimeString());
-    page.Pair(duration.isEmpty() ? QString() : QObject::tr("Test Duration"), duration);
-    page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Test Date/Time"), uutTest->GetStopTimeString());
+    m_page.Pair(duration.isEmpty() ? QString() : QObject::tr("Test Duration"), duration);
+    m_page.CloseRow();
     return true;
 }
 
 void CReportBuilderHTML::WriteVerdict(const QString& label, EN_ZYN_RESULT result, const QString& text)
 {
-    page.OpenRow(overview);
-    page.Cell(label, u"name"_s);
-    page.Cell(text, u"value"_s, ReportText::ResultId(result), verdictSpan);
-    page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Cell(label, u"name"_s);
+    m_page.Cell(text, u"value"_s, ReportText::ResultId(result), verdictSpan);
+    m_page.CloseRow();
 }
 
 bool CReportBuilderHTML::BeginUnitUnderTest(UnitUnderTest* unit)
 {
     if (!unit)
         return false;
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("UUT SerialNo."), unit->GetSerialNo());
-    page.Pair(QObject::tr("UUT Identification"), unit->GetIdentString());
-    page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("UUT SerialNo."), unit->GetSerialNo());
+    m_page.Pair(QObject::tr("UUT Identification"), unit->GetIdentString());
+    m_page.CloseRow();
     return true;
 }
 
@@ -125,14 +125,14 @@ bool CReportBuilderHTML::BeginProductType(ProductType* productType)
 {
     if (!productType)
         return false;
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Product Name"), productType->GetName());
-    page.Pair(QObject::tr("Product Description"), productType->GetDescription());
-    page.CloseRow();
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Article Code"), productType->GetArticelCode());
-    page.Pair(QObject::tr("Customer"), productType->GetCustomer());
-    page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Product Name"), productType->GetName());
+    m_page.Pair(QObject::tr("Product Description"), productType->GetDescription());
+    m_page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Article Code"), productType->GetArticelCode());
+    m_page.Pair(QObject::tr("Customer"), productType->GetCustomer());
+    m_page.CloseRow();
     return true;
 }
 
@@ -140,10 +140,10 @@ bool CReportBuilderHTML::BeginProductionLot(ProductionLot* lot)
 {
     if (!lot)
         return false;
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Lot Name"), lot->GetName());
-    page.Pair(filler, filler);
-    page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Lot Name"), lot->GetName());
+    m_page.Pair(filler, filler);
+    m_page.CloseRow();
     return true;
 }
 
@@ -152,15 +152,15 @@ bool CReportBuilderHTML::BeginSession(ZYNSession* session)
     if (!session)
         return false;
     // Six cells where the other rows have four.
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("KVA Version"), Environment::EngineVersion());
-    page.Pair(QObject::tr("Test Machine"), session->GetMachineName());
-    page.Pair(QObject::tr("Workspace"), session->GetWorkspaceName());
-    page.CloseRow();
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Operator"), session->GetCurrentUserName());
-    page.Pair(filler, filler);
-    page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("KVA Version"), Environment::EngineVersion());
+    m_page.Pair(QObject::tr("Test Machine"), session->GetMachineName());
+    m_page.Pair(QObject::tr("Workspace"), session->GetWorkspaceName());
+    m_page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Operator"), session->GetCurrentUserName());
+    m_page.Pair(filler, filler);
+    m_page.CloseRow();
     return true;
 }
 
@@ -168,16 +168,16 @@ bool CReportBuilderHTML::BeginFixture(Fixture* fixture)
 {
     if (!fixture)
         return false;
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Fixture Type"), fixture->GetFixtureTypeName());
-    page.Pair(QObject::tr("Fixture SerialNo."), fixture->GetSerialNo());
-    page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Fixture Type"), fixture->GetFixtureTypeName());
+    m_page.Pair(QObject::tr("Fixture SerialNo."), fixture->GetSerialNo());
+    m_page.CloseRow();
     return true;
 }
 
 bool CReportBuilderHTML::EndUUTTest(UUTTest*)
 {
-    page.CloseTable();
+    m_page.CloseTable();
     return true;
 }
 
@@ -185,33 +185,33 @@ bool CReportBuilderHTML::BeginTestProgram(TestProgram* program, TestResult* resu
 {
     if (!program || !result)
         return false;
-    page.LineBreak();
-    page.Headline(QObject::tr("Program:"));
+    m_page.LineBreak();
+    m_page.Headline(QObject::tr("Program:"));
     // A panel item's overview is still open here: its program goes on in the same table.
-    page.OpenTable(overview);
+    m_page.OpenTable(overview);
     WriteVerdict(QObject::tr("Result"), result->GetResult(), result->GetResultString());
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Name"), program->GetDisplayName());
-    page.Pair(QObject::tr("File"), ReportText::FileName(program));
-    page.CloseRow();
-    page.OpenRow(overview);
-    page.Pair(QObject::tr("Version"), program->GetVersion());
-    page.Pair(QObject::tr("Duration"), result->GetDurationStringFormated());
-    page.CloseRow();
-    page.CloseTable();
-    page.LineBreak();
-    page.Headline(QObject::tr("Results:"));
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Name"), program->GetDisplayName());
+    m_page.Pair(QObject::tr("File"), ReportText::FileName(program));
+    m_page.CloseRow();
+    m_page.OpenRow(overview);
+    m_page.Pair(QObject::tr("Version"), program->GetVersion());
+    m_page.Pair(QObject::tr("Duration"), result->GetDurationStringFormated());
+    m_page.CloseRow();
+    m_page.CloseTable();
+    m_page.LineBreak();
+    m_page.Headline(QObject::tr("Results:"));
     WriteResultTableHead();
     return true;
 }
 
 void CReportBuilderHTML::WriteResultTableHead()
 {
-    page.OpenTable();
-    page.OpenRow(u"th"_s);
+    m_page.OpenTable();
+    m_page.OpenRow(u"th"_s);
     for (const Column& column : columns)
-        page.HeaderCell(QObject::tr(column.title));
-    page.CloseRow();
+        m_page.HeaderCell(QObject::tr(column.title));
+    m_page.CloseRow();
 }
 
 bool CReportBuilderHTML::WriteRow(const QString& rowClass, const TestComponent* component,
@@ -219,9 +219,9 @@ bool CReportBuilderHTML::WriteRow(const QString& rowClass, const TestComponent* 
 {
     if (!component || !result)
         return false;
-    page.OpenRow(rowClass);
+    m_page.OpenRow(rowClass);
     WriteCells(component, result);
-    page.CloseRow();
+    m_page.CloseRow();
     return true;
 }
 
@@ -231,8 +231,8 @@ void CReportBuilderHTML::WriteCells(const TestComponent* component, const TestRe
     for (const Column& column : columns) {
         const bool isVerdict = column.mark == Mark::Verdict;
         const CellText text = column.text(row);
-        page.Cell(text.View(), column.cellClass,
-                  isVerdict ? ReportText::ResultId(result->GetResult()) : QString());
+        m_page.Cell(text.View(), column.cellClass,
+                    isVerdict ? ReportText::ResultId(result->GetResult()) : QString());
     }
 }
 
@@ -250,10 +250,10 @@ bool CReportBuilderHTML::BeginTestStep(TestStep* step, TestResult* result)
 {
     if (!step || !result)
         return false;
-    page.OpenRow(u"ts"_s);
+    m_page.OpenRow(u"ts"_s);
     if (!ReportText::IsStoodFor(step))
         WriteCells(step, result);
-    page.CloseRow();
+    m_page.CloseRow();
     return true;
 }
 
@@ -265,30 +265,30 @@ bool CReportBuilderHTML::BeginTestMeasurement(TestMeasurement* measurement, Test
 
 bool CReportBuilderHTML::EndTestGroup(TestGroup*)
 {
-    page.OpenRow(u"empty"_s);
-    page.Cell(filler, QString(), QString(), resultColumns);
-    page.CloseRow();
+    m_page.OpenRow(u"empty"_s);
+    m_page.Cell(filler, QString(), QString(), resultColumns);
+    m_page.CloseRow();
     return true;
 }
 
 bool CReportBuilderHTML::EndTestProgram(TestProgram*)
 {
-    page.CloseTable();
-    page.LineBreak();
-    page.LineBreak();
+    m_page.CloseTable();
+    m_page.LineBreak();
+    m_page.LineBreak();
     return true;
 }
 
 bool CReportBuilderHTML::BeginSubUnitTest()
 {
-    page.HorizontalRule();
-    panelItem = true;
+    m_page.HorizontalRule();
+    m_panelItem = true;
     return true;
 }
 
 bool CReportBuilderHTML::EndSubUnitTest()
 {
-    panelItem = false;
+    m_panelItem = false;
     return true;
 }
 

@@ -57,8 +57,8 @@ private:
     bool WriteRow(const QString& rowClass, const TestComponent* component, const TestResult* result);
     void WriteCells(const TestComponent* component, const TestResult* result);
 
-    HtmlPage page{stream};
-    bool panelItem = false;
+    HtmlPage m_page{m_stream};
+    bool m_panelItem = false;
 };
 
 } // namespace ZYN

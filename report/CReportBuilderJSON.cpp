@@ -93,24 +93,24 @@ bool CReportBuilderJSON::Open()
     if (!OpenedDevice())
         return false;
     // A walk that ended early may have left these set.
-    inSubUnitTest = false;
-    hasSubUnitTests = false;
-    text.clear();
-    tails.clear();
+    m_inSubUnitTest = false;
+    m_hasSubUnitTests = false;
+    m_text.clear();
+    m_tails.clear();
     SetOpened(true);
     return true;
 }
 
 bool CReportBuilderJSON::Close()
 {
-    const bool isPanel = std::exchange(hasSubUnitTests, false);
+    const bool isPanel = std::exchange(m_hasSubUnitTests, false);
     if (!IsOpened())
         return true;
     JsonIndenter document(*GetDevice());
     document.Write(R"({"UUTTest":{"Information":[)");
-    document.WriteItems(information);
+    document.WriteItems(m_information);
     document.Write(isPanel ? R"(],"PanelItems":[)" : R"(],"Programs":[)");
-    document.WriteItems(isPanel ? panelItems : programs);
+    document.WriteItems(isPanel ? m_panelItems : m_programs);
     document.Write("]}}");
     if (!document.Finish())
         NoteOutputFailure();
@@ -122,9 +122,9 @@ bool CReportBuilderJSON::Close()
 /// Adds an item to the innermost array that is open.
 void CReportBuilderJSON::AddToProgram(const QJsonObject& item)
 {
-    if (text.endsWith('}'))
-        text += ',';
-    text += Compact(item);
+    if (m_text.endsWith('}'))
+        m_text += ',';
+    m_text += Compact(item);
 }
 
 /// The same, of an item that holds others in an array, under a key of its own. By the order of keys it is
@@ -136,21 +136,21 @@ void CReportBuilderJSON::BeginItem(const QJsonObject& item, const QString& key)
     for (auto member = item.begin(); member != item.end(); ++member)
         (member.key() < key ? before : after).insert(member.key(), member.value());
     AddToProgram(before);
-    text.chop(1);
-    text += (before.isEmpty() ? "\"" : ",\"") + key.toUtf8() + "\":[";
-    tails.append((after.isEmpty() ? "]" : "],") + Compact(after).sliced(1));
+    m_text.chop(1);
+    m_text += (before.isEmpty() ? "\"" : ",\"") + key.toUtf8() + "\":[";
+    m_tails.append((after.isEmpty() ? "]" : "],") + Compact(after).sliced(1));
 }
 
 void CReportBuilderJSON::EndItem()
 {
-    if (tails.isEmpty())
+    if (m_tails.isEmpty())
         return; // nothing was begun
-    text += tails.takeLast();
-    if (!tails.isEmpty())
+    m_text += m_tails.takeLast();
+    if (!m_tails.isEmpty())
         return;
-    text.squeeze();
-    lastProgram = std::exchange(text, {});
-    programs.append(lastProgram);
+    m_text.squeeze();
+    m_lastProgram = std::exchange(m_text, {});
+    m_programs.append(m_lastProgram);
 }
 
 bool CReportBuilderJSON::BeginUUTTest(UUTTest* uutTest)
@@ -188,7 +188,7 @@ bool CReportBuilderJSON::BeginProductType(ProductType* productType)
 {
     if (!productType)
         return false;
-    AddHeaderItem(information, QStringLiteral("ProductType"),
+    AddHeaderItem(m_information, QStringLiteral("ProductType"),
                   {
                       {QStringLiteral("Name"), productType->GetName()},
                       {QStringLiteral("Description"), productType->GetDescription()},
@@ -202,7 +202,7 @@ bool CReportBuilderJSON::BeginProductionLot(ProductionLot* lot)
 {
     if (!lot)
         return false;
-    AddHeaderItem(information, QStringLiteral("ProductionLot"),
+    AddHeaderItem(m_information, QStringLiteral("ProductionLot"),
                   {
                       {QStringLiteral("LotNumber"), lot->GetName()},
                       {QStringLiteral("OrderCode"), lot->GetOrderCode()},
@@ -214,7 +214,7 @@ bool CReportBuilderJSON::BeginSession(ZYNSession* session)
 {
     if (!session)
         return false;
-    AddHeaderItem(information, QStringLiteral("TestEnvironment"),
+    AddHeaderItem(m_information, QStringLiteral("TestEnvironment"),
                   {
                       {QStringLiteral("KVAVersion"), Environment::EngineVersion()},
                       {QStringLiteral("MachineName"), session->GetMachineName()},
@@ -228,7 +228,7 @@ bool CReportBuilderJSON::BeginFixture(Fixture* fixture)
 {
     if (!fixture)
         return false;
-    AddHeaderItem(information, QStringLiteral("Fixture"),
+    AddHeaderItem(m_information, QStringLiteral("Fixture"),
                   {
                       {QStringLiteral("Name"), fixture->GetName()},
                       {QStringLiteral("Ident"), fixture->GetIdent()},
@@ -242,8 +242,8 @@ bool CReportBuilderJSON::BeginTestProgram(TestProgram* program, TestResult* resu
 {
     if (!program || !result)
         return false;
-    text.clear();
-    tails.clear();
+    m_text.clear();
+    m_tails.clear();
     QJsonObject object{
         {QStringLiteral("File"), program->GetFileInfo().fileName()},
         {QStringLiteral("Version"), program->GetVersion()},
@@ -311,15 +311,15 @@ bool CReportBuilderJSON::BeginTestMeasurement(TestMeasurement* measurement, Test
 
 bool CReportBuilderJSON::BeginSubUnitTest()
 {
-    inSubUnitTest = true;
-    hasSubUnitTests = true;
+    m_inSubUnitTest = true;
+    m_hasSubUnitTests = true;
     return true;
 }
 
 bool CReportBuilderJSON::EndSubUnitTest()
 {
-    inSubUnitTest = false;
-    panelItems.append(lastProgram);
+    m_inSubUnitTest = false;
+    m_panelItems.append(m_lastProgram);
     return true;
 }
 

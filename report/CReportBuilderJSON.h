@@ -42,22 +42,22 @@ public:
 
 private:
     /// Header items of a unit go to the panel items inside one, else to the unit's own information.
-    QByteArrayList& UnitItems() { return inSubUnitTest ? panelItems : information; }
+    QByteArrayList& UnitItems() { return m_inSubUnitTest ? m_panelItems : m_information; }
     void AddToProgram(const QJsonObject& item);
     void BeginItem(const QJsonObject& item, const QString& key);
     void EndItem();
 
-    bool inSubUnitTest = false;
-    bool hasSubUnitTests = false;
-    QByteArrayList information;
-    QByteArrayList panelItems;
-    QByteArrayList programs;
+    bool m_inSubUnitTest = false;
+    bool m_hasSubUnitTests = false;
+    QByteArrayList m_information;
+    QByteArrayList m_panelItems;
+    QByteArrayList m_programs;
     /// A panel item ends with the program that was written last.
-    QByteArray lastProgram = "{}";
+    QByteArray m_lastProgram = "{}";
     /// The program that is being walked, as compact text: a tree of it takes several times the memory.
-    QByteArray text;
+    QByteArray m_text;
     /// What follows the children of the items that are open, the innermost last.
-    QByteArrayList tails;
+    QByteArrayList m_tails;
 };
 
 } // namespace ZYN

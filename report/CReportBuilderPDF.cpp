@@ -28,7 +28,7 @@ Q_LOGGING_CATEGORY(logPdf, "zyn.report.pdf")
 class ReportDocument : public QTextDocument {
 public:
     explicit ReportDocument(const QString& logoPath)
-        : logo(logoPath)
+        : m_logo(logoPath)
     {
     }
 
@@ -37,8 +37,8 @@ protected:
     {
         if (type != QTextDocument::ImageResource)
             return QByteArray();
-        if (!logo.isEmpty() && IsLogo(name) && QFileInfo(logo).isFile()) {
-            if (QImage picture(logo); !picture.isNull())
+        if (!m_logo.isEmpty() && IsLogo(name) && QFileInfo(m_logo).isFile()) {
+            if (QImage picture(m_logo); !picture.isNull())
                 return picture;
         }
         // A null picture would make the layout look for the file on its own.
@@ -48,30 +48,33 @@ protected:
     }
 
 private:
-    bool IsLogo(const QUrl& name) const { return name == QUrl(logo) || name == QUrl::fromLocalFile(logo); }
+    bool IsLogo(const QUrl& name) const
+    {
+        return name == QUrl(m_logo) || name == QUrl::fromLocalFile(m_logo);
+    }
 
-    const QString logo;
+    const QString m_logo;
 };
 
 } // namespace
 
 CReportBuilderPDF::CReportBuilderPDF()
     : CExportBuilderDelegation(new CReportBuilderHTML)
-    , html(static_cast<CReportBuilderHTML*>(target))
+    , m_html(static_cast<CReportBuilderHTML*>(m_target))
 {
-    html->SetDevice(&buffer);
+    m_html->SetDevice(&m_buffer);
 }
 
 CReportBuilderPDF::~CReportBuilderPDF()
 {
     // The buffer goes before the HTML builder does.
-    html->SetDevice(nullptr);
+    m_html->SetDevice(nullptr);
 }
 
 void CReportBuilderPDF::SetProperty(const QString& key, const QString& value)
 {
-    if (logo.isEmpty() && key == QLatin1String("ReportLogo"))
-        logo = value;
+    if (m_logo.isEmpty() && key == QLatin1String("ReportLogo"))
+        m_logo = value;
     CExportBuilderDelegation::SetProperty(key, value);
 }
 
@@ -81,14 +84,14 @@ void CReportBuilderPDF::SetDevice(QIODevice*)
 
 bool CReportBuilderPDF::OpenFile(const QString& fileName)
 {
-    outputFileName = fileName;
-    complete = false;
-    refusal.clear();
+    m_outputFileName = fileName;
+    m_complete = false;
+    m_refusal.clear();
     // Each document starts with an empty buffer, also after one that broke off.
-    html->SetDevice(nullptr);
-    html->SetOpened(false);
-    buffer.setData(QByteArray());
-    html->SetDevice(&buffer);
+    m_html->SetDevice(nullptr);
+    m_html->SetOpened(false);
+    m_buffer.setData(QByteArray());
+    m_html->SetDevice(&m_buffer);
     return true;
 }
 
@@ -96,57 +99,57 @@ bool CReportBuilderPDF::Close()
 {
     if (!CExportBuilderDelegation::Close())
         return false;
-    complete = Print() && html->OutputComplete() && IsWholePdf();
+    m_complete = Print() && m_html->OutputComplete() && IsWholePdf();
     return true;
 }
 
 bool CReportBuilderPDF::OutputComplete() const
 {
-    return complete;
+    return m_complete;
 }
 
 QString CReportBuilderPDF::OutputError() const
 {
-    return refusal;
+    return m_refusal;
 }
 
 bool CReportBuilderPDF::Print()
 {
-    if (outputFileName.isEmpty())
+    if (m_outputFileName.isEmpty())
         return false;
     if (!qobject_cast<QGuiApplication*>(QCoreApplication::instance())) {
         qCWarning(logPdf, "A PDF report needs a QGuiApplication for its fonts; no file is made.");
-        refusal = QObject::tr("A PDF report needs a QGuiApplication for its fonts; no file is made.");
+        m_refusal = QObject::tr("A PDF report needs a QGuiApplication for its fonts; no file is made.");
         return false;
     }
     // Qt makes its support of printers at the first use, and two threads at once make it twice.
     static std::mutex onePrinter;
     const std::lock_guard lock(onePrinter);
     // What is printed is read back, and a pipe would wait for another writer.
-    if (const QFileInfo output(outputFileName); output.exists() && !output.isFile()) {
-        qCWarning(logPdf, "Cannot write the PDF report: %ls is no file.", qUtf16Printable(outputFileName));
-        refusal = QObject::tr("%1 is no file.").arg(outputFileName);
+    if (const QFileInfo output(m_outputFileName); output.exists() && !output.isFile()) {
+        qCWarning(logPdf, "Cannot write the PDF report: %ls is no file.", qUtf16Printable(m_outputFileName));
+        m_refusal = QObject::tr("%1 is no file.").arg(m_outputFileName);
         return false;
     }
-    const QByteArray bytes = buffer.data();
-    ReportDocument document(logo);
-    refusal = PdfBounds::WhyTooDear(bytes);
-    if (refusal.isEmpty()) {
+    const QByteArray bytes = m_buffer.data();
+    ReportDocument document(m_logo);
+    m_refusal = PdfBounds::WhyTooDear(bytes);
+    if (m_refusal.isEmpty()) {
         document.setHtml(Qt::codecForHtml(bytes)->toUnicode(bytes));
-        refusal = PdfBounds::WhyTooDear(document);
+        m_refusal = PdfBounds::WhyTooDear(document);
     }
-    if (!refusal.isEmpty())
+    if (!m_refusal.isEmpty())
         return false;
     // Emptied first: what stands there afterwards is then the printer's.
-    if (QFile file(outputFileName); !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+    if (QFile file(m_outputFileName); !file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
         qCWarning(logPdf, "Cannot write the PDF report: %ls", qUtf16Printable(file.errorString()));
-        refusal = file.errorString();
+        m_refusal = file.errorString();
         return false;
     }
 
     QPrinter printer(QPrinter::HighResolution);
     printer.setOutputFormat(QPrinter::PdfFormat);
-    printer.setOutputFileName(outputFileName);
+    printer.setOutputFileName(m_outputFileName);
 
     document.print(&printer);
     return true;
@@ -154,7 +157,7 @@ bool CReportBuilderPDF::Print()
 
 bool CReportBuilderPDF::IsWholePdf() const
 {
-    QFile file(outputFileName);
+    QFile file(m_outputFileName);
     if (!file.open(QIODevice::ReadOnly) || file.read(5) != "%PDF-")
         return false;
     // The printer's last bytes; its state does not tell of a disk that became full.

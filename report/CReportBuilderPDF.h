@@ -36,12 +36,12 @@ private:
     bool Print();
     bool IsWholePdf() const;
 
-    CReportBuilderHTML* html;
-    QBuffer buffer;
-    QString outputFileName;
-    QString refusal;
-    QString logo;
-    bool complete = false;
+    CReportBuilderHTML* m_html;
+    QBuffer m_buffer;
+    QString m_outputFileName;
+    QString m_refusal;
+    QString m_logo;
+    bool m_complete = false;
 };
 
 } // namespace ZYN

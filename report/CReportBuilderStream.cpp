@@ -4,7 +4,7 @@ namespace ZYN {
 
 bool CReportBuilderStream::Open()
 {
-    if (!BindStream(stream))
+    if (!BindStream(m_stream))
         return false;
     SetOpened(true);
     return true;
@@ -12,9 +12,9 @@ bool CReportBuilderStream::Open()
 
 bool CReportBuilderStream::Close()
 {
-    CheckOutput(stream);
+    CheckOutput(m_stream);
     // The stream outlives the device, and must not touch it again.
-    stream.setDevice(nullptr);
+    m_stream.setDevice(nullptr);
     SetDevice(nullptr);
     SetOpened(false);
     return true;

@@ -18,7 +18,7 @@ public:
     bool Close() override;
 
 protected:
-    QTextStream stream;
+    QTextStream m_stream;
 };
 
 } // namespace ZYN

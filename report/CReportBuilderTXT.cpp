@@ -52,7 +52,7 @@ bool CReportBuilderTXT::Close()
 {
     if (!IsOpened())
         return true;
-    sheet.EmptyLine();
+    m_sheet.EmptyLine();
     return CReportBuilderStream::Close();
 }
 
@@ -60,12 +60,12 @@ bool CReportBuilderTXT::BeginUUTTest(UUTTest* uutTest)
 {
     if (!uutTest)
         return false;
-    sheet.EmptyLine();
-    sheet.Label(u"Test Result:", uutTest->GetResultString(), labelWidth);
-    sheet.Label(u"Test Duration:", uutTest->GetDurationStringFormated(), labelWidth);
-    sheet.Label(u"Test Start/Stop:",
-                u"%1 / %2"_s.arg(uutTest->GetStartTimeString(), uutTest->GetStopTimeString()), labelWidth);
-    sheet.EmptyLine();
+    m_sheet.EmptyLine();
+    m_sheet.Label(u"Test Result:", uutTest->GetResultString(), labelWidth);
+    m_sheet.Label(u"Test Duration:", uutTest->GetDurationStringFormated(), labelWidth);
+    m_sheet.Label(u"Test Start/Stop:",
+                  u"%1 / %2"_s.arg(uutTest->GetStartTimeString(), uutTest->GetStopTimeString()), labelWidth);
+    m_sheet.EmptyLine();
     return true;
 }
 
@@ -73,10 +73,10 @@ bool CReportBuilderTXT::BeginUnitUnderTest(UnitUnderTest* unit)
 {
     if (!unit)
         return false;
-    sheet.Label(u"UUT Serial Number:", unit->GetSerialNo(), labelWidth);
-    sheet.Label(u"UUT Identification:", unit->GetIdentString(), labelWidth);
-    sheet.Label(u"UUT Panel Index:", QString::number(unit->GetPanelIndex()), labelWidth);
-    sheet.EmptyLine();
+    m_sheet.Label(u"UUT Serial Number:", unit->GetSerialNo(), labelWidth);
+    m_sheet.Label(u"UUT Identification:", unit->GetIdentString(), labelWidth);
+    m_sheet.Label(u"UUT Panel Index:", QString::number(unit->GetPanelIndex()), labelWidth);
+    m_sheet.EmptyLine();
     return true;
 }
 
@@ -84,11 +84,11 @@ bool CReportBuilderTXT::BeginProductType(ProductType* productType)
 {
     if (!productType)
         return false;
-    sheet.Label(u"Product Name:", productType->GetName(), labelWidth);
-    sheet.Label(u"Product Description:", productType->GetDescription(), labelWidth);
-    sheet.Label(u"Product Article Code:", productType->GetArticelCode(), labelWidth);
-    sheet.Label(u"Product Customer:", productType->GetCustomer(), labelWidth);
-    sheet.EmptyLine();
+    m_sheet.Label(u"Product Name:", productType->GetName(), labelWidth);
+    m_sheet.Label(u"Product Description:", productType->GetDescription(), labelWidth);
+    m_sheet.Label(u"Product Article Code:", productType->GetArticelCode(), labelWidth);
+    m_sheet.Label(u"Product Customer:", productType->GetCustomer(), labelWidth);
+    m_sheet.EmptyLine();
     return true;
 }
 
@@ -96,13 +96,13 @@ bool CReportBuilderTXT::BeginSession(ZYNSession* session)
 {
     if (!session)
         return false;
-    sheet.Label(u"KVA Version:", Environment::EngineVersion(), labelWidth);
-    sheet.Label(u"Session Machine:", session->GetMachineName(), labelWidth);
-    sheet.Label(u"Session User Name:", session->GetCurrentUserName(), labelWidth);
-    sheet.Label(u"Session Workspace:", session->GetWorkspaceName(), labelWidth);
-    sheet.EmptyLine();
-    sheet.Rule(u'*');
-    sheet.EmptyLine();
+    m_sheet.Label(u"KVA Version:", Environment::EngineVersion(), labelWidth);
+    m_sheet.Label(u"Session Machine:", session->GetMachineName(), labelWidth);
+    m_sheet.Label(u"Session User Name:", session->GetCurrentUserName(), labelWidth);
+    m_sheet.Label(u"Session Workspace:", session->GetWorkspaceName(), labelWidth);
+    m_sheet.EmptyLine();
+    m_sheet.Rule(u'*');
+    m_sheet.EmptyLine();
     return true;
 }
 
@@ -110,10 +110,10 @@ bool CReportBuilderTXT::BeginFixture(Fixture* fixture)
 {
     if (!fixture)
         return false;
-    sheet.Label(u"Fixture Name:", fixture->GetName(), labelWidth);
-    sheet.Label(u"Fixture Identification:", fixture->GetIdent(), labelWidth);
-    sheet.Label(u"Fixture Serial Number:", fixture->GetSerialNo(), labelWidth);
-    sheet.EmptyLine();
+    m_sheet.Label(u"Fixture Name:", fixture->GetName(), labelWidth);
+    m_sheet.Label(u"Fixture Identification:", fixture->GetIdent(), labelWidth);
+    m_sheet.Label(u"Fixture Serial Number:", fixture->GetSerialNo(), labelWidth);
+    m_sheet.EmptyLine();
     return true;
 }
 
@@ -121,15 +121,15 @@ bool CReportBuilderTXT::BeginTestProgram(TestProgram* program, TestResult* resul
 {
     if (!program)
         return false;
-    sheet.Banner(u" TEST PROGRAM RESULT ", u'-');
+    m_sheet.Banner(u" TEST PROGRAM RESULT ", u'-');
     // The time of writing, with the English names of C in every locale.
-    sheet.Banner(u' ' + Environment::Now().toString(Qt::TextDate) + u' ', u'-');
-    sheet.EmptyLine();
-    sheet.Label(u"Testprogram:", program->GetName(), programLabelWidth);
-    sheet.Label(u"Filename:", ReportText::FileName(program), programLabelWidth);
-    sheet.Label(u"Version:", program->GetVersion(), programLabelWidth);
-    sheet.Label(u"Creator:", program->GetCreator(), programLabelWidth);
-    sheet.EmptyLine();
+    m_sheet.Banner(u' ' + Environment::Now().toString(Qt::TextDate) + u' ', u'-');
+    m_sheet.EmptyLine();
+    m_sheet.Label(u"Testprogram:", program->GetName(), programLabelWidth);
+    m_sheet.Label(u"Filename:", ReportText::FileName(program), programLabelWidth);
+    m_sheet.Label(u"Version:", program->GetVersion(), programLabelWidth);
+    m_sheet.Label(u"Creator:", program->GetCreator(), programLabelWidth);
+    m_sheet.EmptyLine();
     if (result)
         WriteProgramResult(result);
     return true;
@@ -137,11 +137,11 @@ bool CReportBuilderTXT::BeginTestProgram(TestProgram* program, TestResult* resul
 
 void CReportBuilderTXT::WriteProgramResult(const TestResult* result)
 {
-    sheet.Label(u"Result:", result->GetResultString(), programLabelWidth);
-    sheet.Label(u"Duration:", result->GetDurationStringFormated(), programLabelWidth);
-    sheet.Label(u"Timestamp:", result->GetTimeString(), programLabelWidth);
-    sheet.EmptyLine();
-    sheet.EmptyLine();
+    m_sheet.Label(u"Result:", result->GetResultString(), programLabelWidth);
+    m_sheet.Label(u"Duration:", result->GetDurationStringFormated(), programLabelWidth);
+    m_sheet.Label(u"Timestamp:", result->GetTimeString(), programLabelWidth);
+    m_sheet.EmptyLine();
+    m_sheet.EmptyLine();
 }
 
 bool CReportBuilderTXT::BeginTestGroup(TestGroup* group, TestResult* result)
@@ -156,11 +156,11 @@ bool CReportBuilderTXT::BeginTestGroup(TestGroup* group, TestResult* result)
 void CReportBuilderTXT::WriteTableHead()
 {
     for (const Column& column : columns)
-        sheet.Cell(column.title, column.width, TextSheet::Align::Centre);
-    sheet.EndLine();
+        m_sheet.Cell(column.title, column.width, TextSheet::Align::Centre);
+    m_sheet.EndLine();
     for (const Column& column : columns)
-        sheet.Cell(QString(column.width, u'_'), column.width);
-    sheet.EndLine();
+        m_sheet.Cell(QString(column.width, u'_'), column.width);
+    m_sheet.EndLine();
 }
 
 void CReportBuilderTXT::WriteRow(const TestComponent* component, const TestResult* result, int indentation)
@@ -168,10 +168,10 @@ void CReportBuilderTXT::WriteRow(const TestComponent* component, const TestResul
     const ReportText::Row row(component, result, ReportText::Display(result));
     for (const Column& column : columns) {
         const CellText text = column.text(row);
-        sheet.Cell(text.View(), column.width, TextSheet::Align::Left, indentation);
+        m_sheet.Cell(text.View(), column.width, TextSheet::Align::Left, indentation);
         indentation = 0;
     }
-    sheet.EndLine();
+    m_sheet.EndLine();
 }
 
 bool CReportBuilderTXT::BeginTestParameter(TestParameter* parameter, TestResult* result)
@@ -199,28 +199,28 @@ bool CReportBuilderTXT::BeginTestMeasurement(TestMeasurement* measurement, TestR
 
 bool CReportBuilderTXT::EndTestGroup(TestGroup*)
 {
-    sheet.EmptyLine();
-    sheet.EmptyLine();
+    m_sheet.EmptyLine();
+    m_sheet.EmptyLine();
     return true;
 }
 
 bool CReportBuilderTXT::EndTestProgram(TestProgram*)
 {
-    sheet.EmptyLine();
+    m_sheet.EmptyLine();
     return true;
 }
 
 bool CReportBuilderTXT::BeginSubUnitTest()
 {
-    sheet.Banner(u" PANEL ITEM TEST ", u'+');
-    sheet.EmptyLine();
+    m_sheet.Banner(u" PANEL ITEM TEST ", u'+');
+    m_sheet.EmptyLine();
     return true;
 }
 
 bool CReportBuilderTXT::EndSubUnitTest()
 {
-    sheet.Rule(u'+');
-    sheet.EmptyLine();
+    m_sheet.Rule(u'+');
+    m_sheet.EmptyLine();
     return true;
 }
 

@@ -46,7 +46,7 @@ private:
     /// \param indentation blanks before the component's name
     void WriteRow(const TestComponent* component, const TestResult* result, int indentation);
 
-    TextSheet sheet{stream};
+    TextSheet m_sheet{m_stream};
 };
 
 } // namespace ZYN

@@ -22,10 +22,10 @@ bool CReportBuilderXML::Open()
     QIODevice* const output = OpenedDevice();
     if (!output)
         return false;
-    writer->StartDocument(output);
+    m_writer->StartDocument(output);
     WriteStyleSheet();
-    writer->WriteStartElement(u"TestReport"_s);
-    writer->WriteAttribute(u"Version"_s, u"1.4.0"_s);
+    m_writer->WriteStartElement(u"TestReport"_s);
+    m_writer->WriteAttribute(u"Version"_s, u"1.4.0"_s);
     SetOpened(true);
     return true;
 }
@@ -36,15 +36,15 @@ void CReportBuilderXML::WriteStyleSheet()
     if (style.isEmpty())
         return;
     // In one call: each call of the raw output begins a new line.
-    writer->Stream().writeDTD(u"<?xml-stylesheet type=\"text/xsl\" href=\""_s +
-                              XmlText(QFileInfo(style).absoluteFilePath()) + u"\"?>"_s);
+    m_writer->Stream().writeDTD(u"<?xml-stylesheet type=\"text/xsl\" href=\""_s +
+                                XmlText(QFileInfo(style).absoluteFilePath()) + u"\"?>"_s);
 }
 
 bool CReportBuilderXML::BeginUUTTest(UUTTest* uutTest)
 {
     if (!uutTest)
         return false;
-    writer->WriteUUTTest(uutTest);
+    m_writer->WriteUUTTest(uutTest);
     return true;
 }
 
@@ -52,7 +52,7 @@ bool CReportBuilderXML::BeginProductionLot(ProductionLot* lot)
 {
     if (!lot)
         return false;
-    writer->WriteProductionLot(lot);
+    m_writer->WriteProductionLot(lot);
     return true;
 }
 
@@ -60,7 +60,7 @@ bool CReportBuilderXML::BeginFixture(Fixture* fixture)
 {
     if (!fixture)
         return false;
-    writer->WriteFixture(fixture);
+    m_writer->WriteFixture(fixture);
     return true;
 }
 
@@ -78,8 +78,8 @@ bool CReportBuilderXML::BeginTestResultSet(TestResultSet* resultSet)
 {
     if (!resultSet)
         return false;
-    writer->WriteStartElement(u"TestResultSet"_s);
-    writer->WriteTestResultSetProperties(resultSet);
+    m_writer->WriteStartElement(u"TestResultSet"_s);
+    m_writer->WriteTestResultSetProperties(resultSet);
     return true;
 }
 
@@ -93,9 +93,9 @@ bool CReportBuilderXML::BeginTestProgram(TestProgram* program, TestResult* resul
     if (!program)
         return false;
     StartComponent(u"Testprogram"_s, program);
-    writer->WriteTestProgramProperties(program);
+    m_writer->WriteTestProgramProperties(program);
     if (result)
-        writer->WriteResult(result);
+        m_writer->WriteResult(result);
     return true;
 }
 
@@ -109,8 +109,8 @@ bool CReportBuilderXML::BeginTestGroup(TestGroup* group, TestResult* result)
     if (!group || !result)
         return false;
     StartComponent(u"TestGroup"_s, group);
-    writer->WriteTestGroupProperties(group);
-    writer->WriteResult(result);
+    m_writer->WriteTestGroupProperties(group);
+    m_writer->WriteResult(result);
     return true;
 }
 
@@ -124,8 +124,8 @@ bool CReportBuilderXML::BeginTestStep(TestStep* step, TestResult* result)
     if (!step || !result)
         return false;
     StartComponent(u"TestStep"_s, step);
-    writer->WriteTestStepProperties(step);
-    writer->WriteResult(result);
+    m_writer->WriteTestStepProperties(step);
+    m_writer->WriteResult(result);
     return true;
 }
 
@@ -172,9 +172,9 @@ bool CReportBuilderXML::EndSubUnitTest()
 
 void CReportBuilderXML::StartComponent(const QString& element, const TestComponent* component)
 {
-    writer->WriteStartElement(element);
-    writer->WriteComponentAttributes(component);
-    writer->WriteComponentProperties(component);
+    m_writer->WriteStartElement(element);
+    m_writer->WriteComponentAttributes(component);
+    m_writer->WriteComponentProperties(component);
 }
 
 void CReportBuilderXML::WriteLeaf(const QString& element, const TestComponent* component,
@@ -182,20 +182,20 @@ void CReportBuilderXML::WriteLeaf(const QString& element, const TestComponent* c
 {
     StartComponent(element, component);
     if (const auto& validation = result->GetValidation())
-        writer->WriteLimits(validation.data(), component);
-    writer->WriteResult(result);
-    writer->WriteEndElement();
+        m_writer->WriteLimits(validation.data(), component);
+    m_writer->WriteResult(result);
+    m_writer->WriteEndElement();
 }
 
 bool CReportBuilderXML::StartContainer(const QString& element)
 {
-    writer->WriteStartElement(element);
+    m_writer->WriteStartElement(element);
     return true;
 }
 
 bool CReportBuilderXML::EndContainer()
 {
-    writer->WriteEndElement();
+    m_writer->WriteEndElement();
     return true;
 }
 

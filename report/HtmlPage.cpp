@@ -35,90 +35,90 @@ constexpr QLatin1StringView styleRules[] = {
 
 void HtmlPage::Begin(const QString& logo)
 {
-    tableOpen = false;
-    stream << "<html><head><meta http-equiv=\"Content-Type\" content=\"text/html; charset=UTF-8\" />"
-              "<title>MORA Test Report</title>"_L1
-           << Qt::endl;
-    stream << "<style type=\"text/css\">"_L1 << Qt::endl;
+    m_tableOpen = false;
+    m_stream << "<html><head><meta http-equiv=\"Content-Type\" content=\"text/html; charset=UTF-8\" />"
+                "<title>MORA Test Report</title>"_L1
+             << Qt::endl;
+    m_stream << "<style type=\"text/css\">"_L1 << Qt::endl;
     for (const QLatin1StringView rule : styleRules)
-        stream << "  "_L1 << rule << Qt::endl;
-    stream << "</style></head>"_L1 << Qt::endl;
-    stream << "<body>"_L1 << Qt::endl;
+        m_stream << "  "_L1 << rule << Qt::endl;
+    m_stream << "</style></head>"_L1 << Qt::endl;
+    m_stream << "<body>"_L1 << Qt::endl;
 
-    stream << "<p align=\"center\" class=\"header\">Test Report"_L1;
+    m_stream << "<p align=\"center\" class=\"header\">Test Report"_L1;
     if (!logo.isEmpty())
-        stream << "<img src=\""_L1 << logo << "\" align=\"right\"/>"_L1;
-    stream << "</p>"_L1 << Qt::endl;
-    stream << "<br><br>"_L1 << Qt::endl;
+        m_stream << "<img src=\""_L1 << logo << "\" align=\"right\"/>"_L1;
+    m_stream << "</p>"_L1 << Qt::endl;
+    m_stream << "<br><br>"_L1 << Qt::endl;
 }
 
 void HtmlPage::End()
 {
-    stream << "</body></html>"_L1 << Qt::endl;
+    m_stream << "</body></html>"_L1 << Qt::endl;
 }
 
 void HtmlPage::LineBreak()
 {
-    stream << "<br>"_L1;
+    m_stream << "<br>"_L1;
 }
 
 void HtmlPage::HorizontalRule()
 {
-    stream << "<hr>"_L1;
+    m_stream << "<hr>"_L1;
 }
 
 void HtmlPage::Headline(const QString& text)
 {
-    stream << "<p"_L1;
+    m_stream << "<p"_L1;
     Attribute("class"_L1, u"headline"_s);
-    stream << '>' << text << "</p>"_L1 << Qt::endl;
+    m_stream << '>' << text << "</p>"_L1 << Qt::endl;
 }
 
 void HtmlPage::OpenTable(const QString& tableClass)
 {
-    if (tableOpen)
+    if (m_tableOpen)
         return;
-    stream << "<table width=\"100%\" cellspacing=\"0\" cellpadding=\"4\""_L1;
+    m_stream << "<table width=\"100%\" cellspacing=\"0\" cellpadding=\"4\""_L1;
     Attribute("class"_L1, tableClass);
-    stream << '>' << Qt::endl;
-    tableOpen = true;
+    m_stream << '>' << Qt::endl;
+    m_tableOpen = true;
 }
 
 void HtmlPage::CloseTable()
 {
-    if (!tableOpen)
+    if (!m_tableOpen)
         return;
-    stream << "</table>"_L1 << Qt::endl;
-    tableOpen = false;
+    m_stream << "</table>"_L1 << Qt::endl;
+    m_tableOpen = false;
 }
 
 void HtmlPage::OpenRow(const QString& rowClass)
 {
-    stream << "  <tr"_L1;
+    m_stream << "  <tr"_L1;
     Attribute("class"_L1, rowClass);
-    stream << '>' << Qt::endl;
+    m_stream << '>' << Qt::endl;
 }
 
 void HtmlPage::CloseRow()
 {
-    stream << "  </tr>"_L1 << Qt::endl;
+    m_stream << "  </tr>"_L1 << Qt::endl;
 }
 
 void HtmlPage::HeaderCell(const QString& title)
 {
-    stream << "  <th"_L1;
+    m_stream << "  <th"_L1;
     Attribute("class"_L1, u"th"_s);
-    stream << '>' << title << "</th>"_L1 << Qt::endl;
+    m_stream << '>' << title << "</th>"_L1 << Qt::endl;
 }
 
 void HtmlPage::Cell(QStringView value, const QString& cellClass, const QString& id, int span)
 {
-    stream << "    <td"_L1;
+    m_stream << "    <td"_L1;
     Attribute("class"_L1, cellClass);
     Attribute("id"_L1, id);
     if (span > 1)
         Attribute("colspan"_L1, QString::number(span));
-    stream << '>' << value << "</td>"_L1 << Qt::endl;
+    m_stream << '>' << value << "</td>"_L1 << Qt::endl;
 }
 
 void HtmlPage::Pair(const QString& label, const QString& value)
@@ -130,7 +130,7 @@ void HtmlPage::Pair(const QString& label, const QString& value)
 void HtmlPage::Attribute(QLatin1StringView name, const QString& value)
 {
     if (!value.isEmpty())
-        stream << ' ' << name << "=\""_L1 << value << '"';
+        m_stream << ' ' << name << "=\""_L1 << value << '"';
 }
 
 } // namespace ZYN

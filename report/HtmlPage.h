@@ -10,7 +10,7 @@ namespace ZYN {
 class HtmlPage {
 public:
     explicit HtmlPage(QTextStream& output)
-        : stream(output)
+        : m_stream(output)
     {
     }
 
@@ -39,8 +39,8 @@ public:
 private:
     void Attribute(QLatin1StringView name, const QString& value);
 
-    QTextStream& stream;
-    bool tableOpen = false;
+    QTextStream& m_stream;
+    bool m_tableOpen = false;
 };
 
 } // namespace ZYN

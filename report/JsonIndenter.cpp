@@ -26,15 +26,15 @@ void JsonIndenter::Write(QByteArrayView compact)
         const bool begins = character == '[' || character == '{';
         const bool ends = character == ']' || character == '}';
         const char* const next = character == '"' ? EndOfText(place) : place + 1;
-        depth -= ends ? 1 : 0;
+        m_depth -= ends ? 1 : 0;
         // What is empty ends on a line of its own too.
-        if (ends || lineEnded)
+        if (ends || m_lineEnded)
             AddLineBreak();
         Add(place, next - place);
         if (character == ':')
             Add(" ", 1);
-        depth += begins ? 1 : 0;
-        lineEnded = begins || character == ',';
+        m_depth += begins ? 1 : 0;
+        m_lineEnded = begins || character == ',';
         place = next;
     }
 }
@@ -52,13 +52,13 @@ bool JsonIndenter::Finish()
 {
     Add("\n", 1);
     Flush();
-    return complete;
+    return m_complete;
 }
 
 void JsonIndenter::AddLineBreak()
 {
     constexpr qsizetype blanks = 4;
-    const qsizetype size = 1 + blanks * depth;
+    const qsizetype size = 1 + blanks * m_depth;
     char* const room = Room(size);
     std::fill_n(room, size, ' ');
     *room = '\n';
@@ -72,18 +72,18 @@ void JsonIndenter::Add(const char* text, qsizetype size)
 /// Lengthens what is buffered by characters that the caller fills.
 char* JsonIndenter::Room(qsizetype size)
 {
-    if (used + size > std::ssize(buffer)) {
+    if (m_used + size > std::ssize(m_buffer)) {
         Flush();
-        buffer.resize(std::max(buffer.size(), static_cast<size_t>(size)));
+        m_buffer.resize(std::max(m_buffer.size(), static_cast<size_t>(size)));
     }
-    used += size;
-    return buffer.data() + used - size;
+    m_used += size;
+    return m_buffer.data() + m_used - size;
 }
 
 void JsonIndenter::Flush()
 {
-    complete = complete && device.write(buffer.data(), used) == used;
-    used = 0;
+    m_complete = m_complete && m_device.write(m_buffer.data(), m_used) == m_used;
+    m_used = 0;
 }
 
 } // namespace ZYN

@@ -11,8 +11,8 @@ namespace ZYN {
 class JsonIndenter {
 public:
     explicit JsonIndenter(QIODevice& target)
-        : device(target)
-        , buffer(1 << 16)
+        : m_device(target)
+        , m_buffer(1 << 16)
     {
     }
 
@@ -30,12 +30,12 @@ private:
     char* Room(qsizetype size);
     void Flush();
 
-    QIODevice& device;
-    std::vector<char> buffer;
-    qsizetype used = 0;
-    qsizetype depth = 0;
-    bool lineEnded = false;
-    bool complete = true;
+    QIODevice& m_device;
+    std::vector<char> m_buffer;
+    qsizetype m_used = 0;
+    qsizetype m_depth = 0;
+    bool m_lineEnded = false;
+    bool m_complete = true;
 };
 
 } // namespace ZYN

@@ -16,19 +16,19 @@ public:
     /// Lengthens the line by units that the caller fills; they lie there until the next change.
     char16_t* Append(qsizetype count)
     {
-        const qsizetype start = used;
-        used += count;
-        if (const auto needed = static_cast<size_t>(used); needed > units.size())
-            units.resize(std::max(needed, 2 * units.size()));
-        return units.data() + start;
+        const qsizetype start = m_used;
+        m_used += count;
+        if (const auto needed = static_cast<size_t>(m_used); needed > m_units.size())
+            m_units.resize(std::max(needed, 2 * m_units.size()));
+        return m_units.data() + start;
     }
-    void Clear() { used = 0; }
+    void Clear() { m_used = 0; }
     /// The line so far; valid until the next change.
-    QStringView View() const { return {units.data(), used}; }
+    QStringView View() const { return {m_units.data(), m_used}; }
 
 private:
-    std::vector<char16_t> units;
-    qsizetype used = 0;
+    std::vector<char16_t> m_units;
+    qsizetype m_used = 0;
 };
 
 } // namespace ZYN

@@ -18,7 +18,7 @@ public:
     static constexpr int lineWidth = 100;
 
     explicit TextSheet(QTextStream& output)
-        : stream(output)
+        : m_stream(output)
     {
     }
 
@@ -38,8 +38,8 @@ public:
 private:
     void Field(QStringView text, int width, Align align, QChar pad);
 
-    QTextStream& stream;
-    LineText line;
+    QTextStream& m_stream;
+    LineText m_line;
 };
 
 } // namespace ZYN

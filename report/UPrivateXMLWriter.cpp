@@ -22,9 +22,9 @@ namespace ZYN {
 using namespace Qt::StringLiterals;
 
 UPrivateXMLWriter::UPrivateXMLWriter()
-    : stream(std::make_unique<QXmlStreamWriter>())
+    : m_stream(std::make_unique<QXmlStreamWriter>())
 {
-    stream->setAutoFormatting(true);
+    m_stream->setAutoFormatting(true);
 }
 
 UPrivateXMLWriter::~UPrivateXMLWriter() = default;
@@ -32,48 +32,48 @@ UPrivateXMLWriter::~UPrivateXMLWriter() = default;
 void UPrivateXMLWriter::StartDocument(QIODevice* device)
 {
     // Open elements and errors of a stream survive a change of its device.
-    stream = std::make_unique<QXmlStreamWriter>(device);
-    stream->setAutoFormatting(true);
-    stream->writeStartDocument();
+    m_stream = std::make_unique<QXmlStreamWriter>(device);
+    m_stream->setAutoFormatting(true);
+    m_stream->writeStartDocument();
 }
 
 void UPrivateXMLWriter::EndDocument()
 {
-    stream->writeEndElement();
-    stream->writeEndDocument();
+    m_stream->writeEndElement();
+    m_stream->writeEndDocument();
 }
 
 void UPrivateXMLWriter::WriteStartElement(const QString& name)
 {
-    stream->writeStartElement(name);
+    m_stream->writeStartElement(name);
 }
 
 void UPrivateXMLWriter::WriteEndElement()
 {
-    stream->writeEndElement();
+    m_stream->writeEndElement();
 }
 
 void UPrivateXMLWriter::WriteAttribute(const QString& name, const QString& text)
 {
-    stream->writeAttribute(name, XmlText(text));
+    m_stream->writeAttribute(name, XmlText(text));
 }
 
 void UPrivateXMLWriter::WriteAttribute(const QString& name, qint64 number)
 {
-    stream->writeAttribute(name, QString::number(number, 10));
+    m_stream->writeAttribute(name, QString::number(number, 10));
 }
 
 void UPrivateXMLWriter::StartProperty(const QString& name)
 {
-    stream->writeStartElement(u"Property"_s);
-    stream->writeAttribute(u"Name"_s, name);
+    m_stream->writeStartElement(u"Property"_s);
+    m_stream->writeAttribute(u"Name"_s, name);
 }
 
 void UPrivateXMLWriter::EndProperty(const QString& text)
 {
     // Also when it is empty: only this makes a start and an end tag of it.
-    stream->writeCharacters(XmlText(text));
-    stream->writeEndElement();
+    m_stream->writeCharacters(XmlText(text));
+    m_stream->writeEndElement();
 }
 
 void UPrivateXMLWriter::WriteProperty(const QString& name, const QString& text)
@@ -146,7 +146,7 @@ void UPrivateXMLWriter::WriteParameters(const ProductType* productType)
     for (auto parameter = parameters.cbegin(); parameter != parameters.cend(); ++parameter) {
         if (parameter.key().startsWith("_GoldenDevice"_L1))
             continue;
-        stream->writeEmptyElement(u"Parameter"_s);
+        m_stream->writeEmptyElement(u"Parameter"_s);
         WriteAttribute(XmlText(parameter.key()), parameter.value());
     }
 }

@@ -45,7 +45,7 @@ public:
     void EndDocument();
     /// The stream, for what the operations here do not cover. Texts go through `XmlText`. A new document has
     /// a new stream.
-    QXmlStreamWriter& Stream() { return *stream; }
+    QXmlStreamWriter& Stream() { return *m_stream; }
 
     void WriteStartElement(const QString& name);
     /// Closes the innermost open element.
@@ -95,7 +95,7 @@ private:
     void WriteCounted(const QString& name, qint64 number);
     void WriteParameters(const ProductType* productType);
 
-    std::unique_ptr<QXmlStreamWriter> stream;
+    std::unique_ptr<QXmlStreamWriter> m_stream;
 };
 
 } // namespace ZYN

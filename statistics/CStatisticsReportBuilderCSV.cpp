@@ -75,7 +75,7 @@ bool CStatisticsReportBuilderCSV::BeginStatisticsData(StatisticsData* data)
 {
     if (!data)
         return false;
-    entries.append(data);
+    m_entries.append(data);
     return true;
 }
 
@@ -88,16 +88,16 @@ bool CStatisticsReportBuilderCSV::Close()
 void CStatisticsReportBuilderCSV::WriteTable()
 {
     for (const Row& row : rows) {
-        stream << row.label;
-        for (const StatisticsData* const entry : std::as_const(entries)) {
+        m_stream << row.label;
+        for (const StatisticsData* const entry : std::as_const(m_entries)) {
             StatisticsDataDecoration figures(entry);
             figures.SetUseScaledData(GetUseScaledData());
-            stream << ';' << row.text(*entry, figures);
+            m_stream << ';' << row.text(*entry, figures);
         }
-        stream << Qt::endl;
+        m_stream << Qt::endl;
     }
     int values = 0;
-    for (const StatisticsData* const entry : std::as_const(entries))
+    for (const StatisticsData* const entry : std::as_const(m_entries))
         values = std::max(values, entry->Size());
     for (int index = 0; index < values; ++index)
         WriteValueRow(index);
@@ -105,16 +105,16 @@ void CStatisticsReportBuilderCSV::WriteTable()
 
 void CStatisticsReportBuilderCSV::WriteValueRow(int index)
 {
-    stream << QObject::tr("Value") << ' ' << index + 1;
-    for (const StatisticsData* const entry : std::as_const(entries)) {
-        stream << ';';
+    m_stream << QObject::tr("Value") << ' ' << index + 1;
+    for (const StatisticsData* const entry : std::as_const(m_entries)) {
+        m_stream << ';';
         const TestResult* const result = entry->GetResult(index);
         if (!result)
             continue;
-        stream << result->GetValueString(GetUseScaledData() ? PlannedDisplay(entry->GetComponent())
-                                                            : nullptr);
+        m_stream << result->GetValueString(GetUseScaledData() ? PlannedDisplay(entry->GetComponent())
+                                                              : nullptr);
     }
-    stream << Qt::endl;
+    m_stream << Qt::endl;
 }
 
 } // namespace ZYN

@@ -23,7 +23,7 @@ private:
     void WriteTable();
     void WriteValueRow(int index);
 
-    QList<StatisticsData*> entries;
+    QList<StatisticsData*> m_entries;
 };
 
 } // namespace ZYN

@@ -15,9 +15,9 @@ bool CStatisticsReportBuilderXML::Open()
     QIODevice* const output = OpenedDevice();
     if (!output)
         return false;
-    writer->StartDocument(output);
-    writer->WriteStartElement(u"TestStatisticsReport"_s);
-    writer->WriteAttribute(u"Version"_s, u"1.0.2"_s);
+    m_writer->StartDocument(output);
+    m_writer->WriteStartElement(u"TestStatisticsReport"_s);
+    m_writer->WriteAttribute(u"Version"_s, u"1.0.2"_s);
     SetOpened(true);
     return true;
 }
@@ -26,10 +26,10 @@ bool CStatisticsReportBuilderXML::BeginTestProgram(TestProgram* program)
 {
     if (!program)
         return false;
-    writer->WriteStartElement(u"Testprogram"_s);
-    writer->WriteComponentAttributes(program);
-    writer->WriteTestProgramProperties(program);
-    writer->WriteEndElement();
+    m_writer->WriteStartElement(u"Testprogram"_s);
+    m_writer->WriteComponentAttributes(program);
+    m_writer->WriteTestProgramProperties(program);
+    m_writer->WriteEndElement();
     return true;
 }
 
@@ -37,14 +37,14 @@ bool CStatisticsReportBuilderXML::BeginStatisticsData(StatisticsData* data)
 {
     if (!data)
         return false;
-    writer->WriteStartElement(u"TestData"_s);
+    m_writer->WriteStartElement(u"TestData"_s);
     if (const TestComponent* const component = data->GetComponent())
-        writer->WriteComponentAttributes(component);
-    writer->WriteProperty(u"Pass"_s, qint64(data->GetNrPass()));
-    writer->WriteProperty(u"Fail"_s, qint64(data->GetNrFail()));
+        m_writer->WriteComponentAttributes(component);
+    m_writer->WriteProperty(u"Pass"_s, qint64(data->GetNrPass()));
+    m_writer->WriteProperty(u"Fail"_s, qint64(data->GetNrFail()));
     if (data->HasStatisticDetails())
         WriteFigures(data);
-    writer->WriteEndElement();
+    m_writer->WriteEndElement();
     return true;
 }
 
@@ -52,14 +52,14 @@ void CStatisticsReportBuilderXML::WriteFigures(const StatisticsData* data)
 {
     StatisticsDataDecoration figures(data);
     figures.SetUseScaledData(GetUseScaledData());
-    writer->WriteProperty(u"CPK"_s, figures.GetCPK());
-    writer->WriteProperty(u"Min"_s, figures.GetMin());
-    writer->WriteProperty(u"Max"_s, figures.GetMax());
-    writer->WriteProperty(u"Average"_s, figures.GetAverage());
-    writer->WriteProperty(u"Sigma"_s, figures.GetSigma());
-    writer->WriteProperty(u"Lower"_s, figures.GetLowerLimit());
-    writer->WriteProperty(u"Upper"_s, figures.GetUpperLimit());
-    writer->WriteProperty(u"Unit"_s, figures.GetUnitString());
+    m_writer->WriteProperty(u"CPK"_s, figures.GetCPK());
+    m_writer->WriteProperty(u"Min"_s, figures.GetMin());
+    m_writer->WriteProperty(u"Max"_s, figures.GetMax());
+    m_writer->WriteProperty(u"Average"_s, figures.GetAverage());
+    m_writer->WriteProperty(u"Sigma"_s, figures.GetSigma());
+    m_writer->WriteProperty(u"Lower"_s, figures.GetLowerLimit());
+    m_writer->WriteProperty(u"Upper"_s, figures.GetUpperLimit());
+    m_writer->WriteProperty(u"Unit"_s, figures.GetUnitString());
 }
 
 } // namespace ZYN

@@ -21,7 +21,7 @@ namespace {
 
 // Indentation grows with the square of the depth: a tree of 10,000 levels would be 400 MB of blanks.
 // Whatever lies deeper than this is written without.
-constexpr std::size_t MaximumIndentedDepth = 1000;
+constexpr std::size_t maximumIndentedDepth = 1000;
 
 constexpr QLatin1StringView logInReport("LogInReport");
 
@@ -33,8 +33,8 @@ QString BooleanText(bool value)
 } // namespace
 
 CTestPlanBuilderXML::CTestPlanBuilderXML(bool excludeBinIdProperties)
-    : writer(std::make_unique<UPrivateXMLWriter>())
-    , excludeBinIds(excludeBinIdProperties)
+    : m_writer(std::make_unique<UPrivateXMLWriter>())
+    , m_excludeBinIds(excludeBinIdProperties)
 {
 }
 
@@ -45,20 +45,20 @@ bool CTestPlanBuilderXML::Open()
     QIODevice* const output = OpenedDevice();
     if (!output)
         return false;
-    writer->StartDocument(output);
+    m_writer->StartDocument(output);
     SetOpened(true);
-    writer->WriteStartElement(QStringLiteral("TestPlan"));
-    writer->WriteAttribute(QStringLiteral("Version"), QStringLiteral("3.0.0"));
-    componentsWritten = 0;
+    m_writer->WriteStartElement(QStringLiteral("TestPlan"));
+    m_writer->WriteAttribute(QStringLiteral("Version"), QStringLiteral("3.0.0"));
+    m_componentsWritten = 0;
     return true;
 }
 
 bool CTestPlanBuilderXML::Close()
 {
-    writer->EndDocument();
-    CheckOutput(writer->Stream());
+    m_writer->EndDocument();
+    CheckOutput(m_writer->Stream());
     SetOpened(false);
-    if (componentsWritten == 0)
+    if (m_componentsWritten == 0)
         RemoveOutputFile();
     return true;
 }
@@ -90,7 +90,7 @@ bool CTestPlanBuilderXML::BeginTestMeasurement(TestMeasurement* measurement)
 
 bool CTestPlanBuilderXML::EndTestProgram(TestProgram*)
 {
-    writer->WriteEndElement();
+    m_writer->WriteEndElement();
     return true;
 }
 
@@ -104,7 +104,7 @@ bool CTestPlanBuilderXML::WriteComponent(TestComponent* component)
     const bool hasAttributes = WriteAttributes(component);
     const bool hasProperties = WriteProperties(component);
     if (hasValidation || hasAttributes || hasProperties)
-        ++componentsWritten;
+        ++m_componentsWritten;
     return true;
 }
 
@@ -114,15 +114,15 @@ bool CTestPlanBuilderXML::WriteValidation(const TestComponent* component)
     const QSharedPointer<ValidationInterface> validation = control ? control->GetValidation() : nullptr;
     if (!validation)
         return false;
-    writer->WriteStartElement(QStringLiteral("Validation"));
-    writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
-    writer->WriteAttribute(QStringLiteral("Type"), qint64(ModelAdapter::TypeCode(component)));
-    writer->WriteAttribute(QStringLiteral("Name"), component->GetName());
-    writer->WriteAttribute(QStringLiteral("Unit"), ModelAdapter::Unit(validation.get()).ToString());
+    m_writer->WriteStartElement(QStringLiteral("Validation"));
+    m_writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
+    m_writer->WriteAttribute(QStringLiteral("Type"), qint64(ModelAdapter::TypeCode(component)));
+    m_writer->WriteAttribute(QStringLiteral("Name"), component->GetName());
+    m_writer->WriteAttribute(QStringLiteral("Unit"), ModelAdapter::Unit(validation.get()).ToString());
     const QList<QString> names = ModelAdapter::PropertyNames(validation.get());
     for (const QString& name : names)
         WriteValidationProperty(name, validation.get());
-    writer->WriteEndElement();
+    m_writer->WriteEndElement();
     return true;
 }
 
@@ -131,10 +131,10 @@ void CTestPlanBuilderXML::WriteValidationProperty(const QString& name, const Val
     // The name is an attribute of the element, log-in-report belongs to "Properties".
     if (name == QLatin1String("Name") || name == logInReport)
         return;
-    if (excludeBinIds && name.contains(QLatin1String("BinId")))
+    if (m_excludeBinIds && name.contains(QLatin1String("BinId")))
         return;
     if (const QVariant value = ModelAdapter::Property(validation, name); value.isValid())
-        writer->WriteProperty(XmlText(name), value.toString());
+        m_writer->WriteProperty(XmlText(name), value.toString());
 }
 
 bool CTestPlanBuilderXML::WriteAttributes(const TestComponent* component)
@@ -143,10 +143,10 @@ bool CTestPlanBuilderXML::WriteAttributes(const TestComponent* component)
     const QList<TestComponentAttr*> items = control ? control->GetAttributes() : QList<TestComponentAttr*>();
     if (items.isEmpty())
         return false;
-    writer->WriteStartElement(QStringLiteral("Attributes"));
-    writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
+    m_writer->WriteStartElement(QStringLiteral("Attributes"));
+    m_writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
     WriteItems(items);
-    writer->WriteEndElement();
+    m_writer->WriteEndElement();
     return true;
 }
 
@@ -160,12 +160,12 @@ void CTestPlanBuilderXML::WriteItems(const QList<TestComponentAttr*>& items)
     std::vector<Level> levels;
     levels.push_back({items});
     while (!levels.empty()) {
-        writer->Stream().setAutoFormatting(levels.size() <= MaximumIndentedDepth);
+        m_writer->Stream().setAutoFormatting(levels.size() <= maximumIndentedDepth);
         Level& level = levels.back();
         if (level.next == level.items.size()) {
             levels.pop_back();
             if (!levels.empty())
-                writer->WriteEndElement();
+                m_writer->WriteEndElement();
             continue;
         }
         const TestComponentAttr* const item = level.items.at(level.next++);
@@ -173,19 +173,19 @@ void CTestPlanBuilderXML::WriteItems(const QList<TestComponentAttr*>& items)
             WriteAttribute(item);
             continue;
         }
-        writer->WriteStartElement(QStringLiteral("Category"));
-        writer->WriteAttribute(QStringLiteral("Name"), ModelAdapter::ItemName(item));
+        m_writer->WriteStartElement(QStringLiteral("Category"));
+        m_writer->WriteAttribute(QStringLiteral("Name"), ModelAdapter::ItemName(item));
         levels.push_back({ModelAdapter::ItemChildren(item)});
     }
 }
 
 void CTestPlanBuilderXML::WriteAttribute(const TestComponentAttr* item)
 {
-    writer->WriteStartElement(QStringLiteral("Attribute"));
-    writer->WriteAttribute(QStringLiteral("Name"), ModelAdapter::ItemName(item));
-    writer->WriteAttribute(QStringLiteral("Type"), ModelAdapter::ItemTypeText(item));
-    writer->Stream().writeCharacters(XmlText(ModelAdapter::ItemValue(item).toString()));
-    writer->WriteEndElement();
+    m_writer->WriteStartElement(QStringLiteral("Attribute"));
+    m_writer->WriteAttribute(QStringLiteral("Name"), ModelAdapter::ItemName(item));
+    m_writer->WriteAttribute(QStringLiteral("Type"), ModelAdapter::ItemTypeText(item));
+    m_writer->Stream().writeCharacters(XmlText(ModelAdapter::ItemValue(item).toString()));
+    m_writer->WriteEndElement();
 }
 
 bool CTestPlanBuilderXML::WriteProperties(TestComponent* component)
@@ -193,13 +193,13 @@ bool CTestPlanBuilderXML::WriteProperties(TestComponent* component)
     const CtrlTestPlanValues* const control = component->GetTestPlanValuesCtrl();
     if (!control)
         return false;
-    writer->WriteStartElement(QStringLiteral("Properties"));
-    writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
-    writer->WriteProperty(logInReport, BooleanText(control->GetLogInReport()));
+    m_writer->WriteStartElement(QStringLiteral("Properties"));
+    m_writer->WriteAttribute(QStringLiteral("Ident"), component->GetIdentString());
+    m_writer->WriteProperty(logInReport, BooleanText(control->GetLogInReport()));
     // A measurement is executed with its step and has no switch of its own.
     if (!qobject_cast<TestMeasurement*>(component))
-        writer->WriteProperty(QStringLiteral("Enabled"), BooleanText(control->IsEnabled()));
-    writer->WriteEndElement();
+        m_writer->WriteProperty(QStringLiteral("Enabled"), BooleanText(control->IsEnabled()));
+    m_writer->WriteEndElement();
     return true;
 }
 

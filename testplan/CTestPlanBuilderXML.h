@@ -49,9 +49,9 @@ private:
     void WriteAttribute(const TestComponentAttr* item);
     bool WriteProperties(TestComponent* component);
 
-    qint32 componentsWritten = 0;
-    const std::unique_ptr<UPrivateXMLWriter> writer;
-    const bool excludeBinIds;
+    qint32 m_componentsWritten = 0;
+    const std::unique_ptr<UPrivateXMLWriter> m_writer;
+    const bool m_excludeBinIds;
 };
 
 } // namespace ZYN

@@ -36,62 +36,62 @@ CTestPlanReaderXML::~CTestPlanReaderXML() = default;
 
 bool CTestPlanReaderXML::IsOpened()
 {
-    return opened;
+    return m_opened;
 }
 
 bool CTestPlanReaderXML::Open(const QString& fileName)
 {
-    opened = false;
-    reader.clear();
-    file = std::make_unique<QFile>(fileName);
-    if (!file->open(QIODevice::ReadOnly | QIODevice::Text))
+    m_opened = false;
+    m_reader.clear();
+    m_file = std::make_unique<QFile>(fileName);
+    if (!m_file->open(QIODevice::ReadOnly | QIODevice::Text))
         return false;
-    document.close();
-    document.setData(file->readAll());
-    document.open(QIODevice::ReadOnly);
-    reader.setDevice(&document);
-    opened = true;
+    m_document.close();
+    m_document.setData(m_file->readAll());
+    m_document.open(QIODevice::ReadOnly);
+    m_reader.setDevice(&m_document);
+    m_opened = true;
     return true;
 }
 
 QString CTestPlanReaderXML::GetOpenErrorText()
 {
-    return file && !opened ? file->errorString() : QString();
+    return m_file && !m_opened ? m_file->errorString() : QString();
 }
 
 QString CTestPlanReaderXML::GetErrorText()
 {
     return QObject::tr("%1\tLine %2, column %3")
-        .arg(reader.errorString(), QString::number(reader.lineNumber()),
-             QString::number(reader.columnNumber()));
+        .arg(m_reader.errorString(), QString::number(m_reader.lineNumber()),
+             QString::number(m_reader.columnNumber()));
 }
 
 TestPlan* CTestPlanReaderXML::TakeTestPlan()
 {
-    return testPlan.release();
+    return m_testPlan.release();
 }
 
 bool CTestPlanReaderXML::Read()
 {
-    if (!opened || !XmlProlog::MoveToRoot(reader, document.data()) || !CheckRoot())
+    if (!m_opened || !XmlProlog::MoveToRoot(m_reader, m_document.data()) || !CheckRoot())
         return false;
-    testPlan = std::make_unique<TestPlan>(QFileInfo(file->fileName()));
-    while (reader.readNextStartElement()) {
+    m_testPlan = std::make_unique<TestPlan>(QFileInfo(m_file->fileName()));
+    while (m_reader.readNextStartElement()) {
         if (!ReadRootChild())
             return false;
     }
-    return !reader.hasError();
+    return !m_reader.hasError();
 }
 
 bool CTestPlanReaderXML::CheckRoot()
 {
-    if (reader.name() != QLatin1String("TestPlan")) {
-        reader.raiseError(QObject::tr("The file is not an TestPlan file"));
+    if (m_reader.name() != QLatin1String("TestPlan")) {
+        m_reader.raiseError(QObject::tr("The file is not an TestPlan file"));
         return false;
     }
     const QString version = Attribute("Version");
     if (version != QLatin1String("2.0.0") && version != QLatin1String("3.0.0")) {
-        reader.raiseError(QObject::tr("Only TestPlan file versions 2.0.0 and 3.0.0 are supported"));
+        m_reader.raiseError(QObject::tr("Only TestPlan file versions 2.0.0 and 3.0.0 are supported"));
         return false;
     }
     return true;
@@ -99,11 +99,11 @@ bool CTestPlanReaderXML::CheckRoot()
 
 bool CTestPlanReaderXML::ReadRootChild()
 {
-    if (reader.name() == QLatin1String("Validation"))
+    if (m_reader.name() == QLatin1String("Validation"))
         return ReadValidation();
-    if (reader.name() == QLatin1String("Properties"))
+    if (m_reader.name() == QLatin1String("Properties"))
         return ReadProperties();
-    if (reader.name() != QLatin1String("Attributes")) {
+    if (m_reader.name() != QLatin1String("Attributes")) {
         SkipUnknownElement();
         return true;
     }
@@ -111,7 +111,7 @@ bool CTestPlanReaderXML::ReadRootChild()
     std::unique_ptr<TestPlanData> data = ReadAttributeSet();
     if (!data)
         return false;
-    testPlan->AddAttributes(ident, data.release());
+    m_testPlan->AddAttributes(ident, data.release());
     return true;
 }
 
@@ -122,7 +122,7 @@ bool CTestPlanReaderXML::ReadValidation()
     data->SetProperty(QStringLiteral("Name"), Attribute("Name"));
     if (!ReadPropertyElements(*data))
         return false;
-    testPlan->AddValidation(ident, data.release());
+    m_testPlan->AddValidation(ident, data.release());
     return true;
 }
 
@@ -132,20 +132,20 @@ bool CTestPlanReaderXML::ReadProperties()
     auto data = std::make_unique<TestPlanData>();
     if (!ReadPropertyElements(*data))
         return false;
-    testPlan->AddProperties(ident, data.release());
+    m_testPlan->AddProperties(ident, data.release());
     return true;
 }
 
 bool CTestPlanReaderXML::ReadPropertyElements(TestPlanData& data)
 {
-    while (reader.readNextStartElement()) {
-        if (reader.name() == QLatin1String("Property")) {
+    while (m_reader.readNextStartElement()) {
+        if (m_reader.name() == QLatin1String("Property")) {
             const QString name = Attribute("Name");
-            data.SetProperty(name, reader.readElementText());
+            data.SetProperty(name, m_reader.readElementText());
         } else {
             SkipUnknownElement();
         }
-        if (reader.hasError())
+        if (m_reader.hasError())
             return false;
     }
     return true;
@@ -161,16 +161,16 @@ std::unique_ptr<TestPlanData> CTestPlanReaderXML::ReadAttributeSet()
     std::vector<Level> levels;
     levels.push_back({QString(), std::make_unique<TestPlanData>()});
     while (true) {
-        if (reader.readNextStartElement()) {
-            if (reader.name() == QLatin1String("Attribute"))
+        if (m_reader.readNextStartElement()) {
+            if (m_reader.name() == QLatin1String("Attribute"))
                 ReadAttribute(*levels.back().data);
-            else if (reader.name() == QLatin1String("Category"))
+            else if (m_reader.name() == QLatin1String("Category"))
                 levels.push_back({Attribute("Name"), std::make_unique<TestPlanData>()});
             else
                 SkipUnknownElement();
             continue;
         }
-        if (reader.hasError())
+        if (m_reader.hasError())
             return nullptr;
         Level ended = std::move(levels.back());
         levels.pop_back();
@@ -186,20 +186,20 @@ void CTestPlanReaderXML::ReadAttribute(TestPlanData& data)
 {
     const QString name = Attribute("Name");
     const QString type = Attribute("Type");
-    const QString text = reader.readElementText();
-    if (!reader.hasError())
+    const QString text = m_reader.readElementText();
+    if (!m_reader.hasError())
         data.SetProperty(name, TypedValue(text, type));
 }
 
 void CTestPlanReaderXML::SkipUnknownElement()
 {
-    qCDebug(logTestPlan) << "Unknown element skipped:" << reader.name();
-    reader.skipCurrentElement();
+    qCDebug(logTestPlan) << "Unknown element skipped:" << m_reader.name();
+    m_reader.skipCurrentElement();
 }
 
 QString CTestPlanReaderXML::Attribute(const char* name) const
 {
-    return reader.attributes().value(QLatin1String(name)).toString();
+    return m_reader.attributes().value(QLatin1String(name)).toString();
 }
 
 } // namespace ZYN

@@ -42,11 +42,11 @@ private:
     void SkipUnknownElement();
     QString Attribute(const char* name) const;
 
-    std::unique_ptr<QFile> file;
-    QBuffer document; ///< what stands in it
-    std::unique_ptr<TestPlan> testPlan;
-    QXmlStreamReader reader;
-    bool opened = false;
+    std::unique_ptr<QFile> m_file;
+    QBuffer m_document; ///< what stands in it
+    std::unique_ptr<TestPlan> m_testPlan;
+    QXmlStreamReader m_reader;
+    bool m_opened = false;
 };
 
 } // namespace ZYN

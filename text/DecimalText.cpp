@@ -16,8 +16,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 SmallestPlainExponent = -7;
-constexpr qint64 LargestPlainExponent = 15;
+constexpr qint64 smallestPlainExponent = -7;
+constexpr qint64 largestPlainExponent = 15;
 
 /// A decimal number taken apart: the digits without a point and the power of ten of the first one.
 struct Decimal {
@@ -69,7 +69,7 @@ QString Compose(const Decimal& number)
     Text text;
     if (number.negative)
         text.Add('-');
-    if (number.exponent >= SmallestPlainExponent && number.exponent <= LargestPlainExponent)
+    if (number.exponent >= smallestPlainExponent && number.exponent <= largestPlainExponent)
         AppendPlain(text, number);
     else
         AppendScientific(text, number);

@@ -17,8 +17,8 @@ QString Milliseconds(double seconds)
 QString ForPeople(double seconds)
 {
     // Beyond this a text of hours says nothing, and the rounding below would not fit its integer.
-    constexpr double LongestSeconds = 1e12;
-    if (!(std::abs(seconds) < LongestSeconds))
+    constexpr double longestSeconds = 1e12;
+    if (!(std::abs(seconds) < longestSeconds))
         return DecimalText::FromReal(seconds) + QStringLiteral(" s");
     if (seconds < 0)
         return QLatin1Char('-') + ForPeople(-seconds);

@@ -11,7 +11,7 @@ struct OperatorText {
     QStringView text;
 };
 
-constexpr std::array OperatorTexts{
+constexpr std::array operatorTexts{
     OperatorText{LimitOperator::Equal, u"=="},  OperatorText{LimitOperator::NotEqual, u"!="},
     OperatorText{LimitOperator::Less, u"<"},    OperatorText{LimitOperator::LessEqual, u"<="},
     OperatorText{LimitOperator::Greater, u">"}, OperatorText{LimitOperator::GreaterEqual, u">="},
@@ -20,7 +20,7 @@ constexpr std::array OperatorTexts{
 template <typename View>
 LimitOperator::Code CodeOf(View text)
 {
-    for (const OperatorText& row : OperatorTexts)
+    for (const OperatorText& row : operatorTexts)
         if (row.text == text)
             return row.code;
     return LimitOperator::None;
@@ -41,7 +41,7 @@ LimitOperator::LimitOperator(Code code)
 QString LimitOperator::ToString() const
 {
     // The texts are constants: a report asks for them twice a row, so they are not copied.
-    for (const OperatorText& row : OperatorTexts)
+    for (const OperatorText& row : operatorTexts)
         if (row.code == m_code)
             return QString::fromRawData(row.text.data(), row.text.size());
     return QString();

@@ -12,7 +12,7 @@ struct UnitTexts {
 };
 
 /// Indexed by the unit's code.
-constexpr std::array Units{
+constexpr std::array units{
     UnitTexts{u"", u""},       UnitTexts{u"V", u"V"},
     UnitTexts{u"A", u"A"},     UnitTexts{u"\u03A9", u"Ohm"},
     UnitTexts{u"F", u"F"},     UnitTexts{u"H", u"H"},
@@ -28,11 +28,11 @@ constexpr std::array Units{
     UnitTexts{u"S", u"S"},     UnitTexts{u"hex", u"hex"},
     UnitTexts{u"bin", u"bin"},
 };
-static_assert(Units.size() == MeasurementUnit::Binary + 1);
+static_assert(units.size() == MeasurementUnit::Binary + 1);
 
 bool IsKnown(int code)
 {
-    return code >= 0 && code < int(Units.size());
+    return code >= 0 && code < int(units.size());
 }
 
 /// The texts are constants: a report asks for them in every row, so they are not copied.
@@ -55,12 +55,12 @@ int MeasurementUnit::GetCode() const
 
 QString MeasurementUnit::ToString() const
 {
-    return IsKnown(m_code) ? Constant(Units[size_t(m_code)].text) : QString();
+    return IsKnown(m_code) ? Constant(units[size_t(m_code)].text) : QString();
 }
 
 QString MeasurementUnit::ToAsciiString() const
 {
-    return IsKnown(m_code) ? Constant(Units[size_t(m_code)].ascii) : QString();
+    return IsKnown(m_code) ? Constant(units[size_t(m_code)].ascii) : QString();
 }
 
 QList<int> MeasurementUnit::KnownCodes()

@@ -12,8 +12,8 @@ namespace ZYN::PropertyValue {
 std::optional<qint64> ToInteger(const QVariant& value)
 {
     if (const auto number = NumericVariant::ExactOf(value)) {
-        constexpr NumericVariant::Exact TwoTo63 = 9223372036854775808.0L;
-        const bool fits = *number >= -TwoTo63 && *number < TwoTo63 && std::trunc(*number) == *number;
+        constexpr NumericVariant::Exact twoTo63 = 9223372036854775808.0L;
+        const bool fits = *number >= -twoTo63 && *number < twoTo63 && std::trunc(*number) == *number;
         return fits ? std::optional(qint64(*number)) : std::nullopt;
     }
     bool ok = false;

@@ -20,7 +20,7 @@ using NumericVariant::Kind;
 /// The bits of a number in two's complement; nothing for what is not whole or has more than 64.
 std::optional<qint64> BitsOf(const QVariant& value)
 {
-    constexpr double TwoTo63 = 9223372036854775808.0;
+    constexpr double twoTo63 = 9223372036854775808.0;
     switch (NumericVariant::KindOf(value)) {
     case Kind::Signed:
         return value.toLongLong();
@@ -29,9 +29,9 @@ std::optional<qint64> BitsOf(const QVariant& value)
     case Kind::Single:
     case Kind::Real: {
         const double real = value.toDouble();
-        if (std::trunc(real) != real || real < -TwoTo63 || real >= 2 * TwoTo63)
+        if (std::trunc(real) != real || real < -twoTo63 || real >= 2 * twoTo63)
             return std::nullopt;
-        return real < TwoTo63 ? qint64(real) : qint64(quint64(real));
+        return real < twoTo63 ? qint64(real) : qint64(quint64(real));
     }
     case Kind::Other:
         break;

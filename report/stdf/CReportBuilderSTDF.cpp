@@ -28,10 +28,10 @@ QString FileNameOf(const QIODevice* output)
 } // namespace
 
 CReportBuilderSTDF::CReportBuilderSTDF(bool appendMode)
-    : append(appendMode)
+    : m_append(appendMode)
 {
-    rawMode = true;
-    readWrite = appendMode;
+    m_rawMode = true;
+    m_readWrite = appendMode;
 }
 
 CReportBuilderSTDF::~CReportBuilderSTDF()
@@ -62,12 +62,12 @@ bool CReportBuilderSTDF::Close()
 {
     // Without a test program there is no place in the file: counts at its start would overwrite a lot.
     const QIODevice* const output = GetDevice();
-    const bool emptyFile = !started && (!output || output->size() == 0);
+    const bool emptyFile = !m_started && (!output || output->size() == 0);
     if (emptyFile)
-        partCount = goodCount = 0;
-    if (started || emptyFile)
+        m_partCount = m_goodCount = 0;
+    if (m_started || emptyFile)
         WriteCounts();
-    started = false;
+    m_started = false;
     CheckOutput();
     SetOpened(false);
     ForgetDocument();
@@ -78,71 +78,71 @@ bool CReportBuilderSTDF::Close()
 // same, else the next export would not find its place behind them.
 void CReportBuilderSTDF::ForgetDocument()
 {
-    if (started)
+    if (m_started)
         WriteCounts();
-    started = false;
-    blocked = false;
-    insideSubUnit = false;
-    uutTest = nullptr;
-    resultSet = nullptr;
-    walksResultSet = false;
-    topTest = nullptr;
-    program = nullptr;
-    group = nullptr;
-    step = nullptr;
-    measurement = nullptr;
-    testNumber = 0;
-    pending.Clear();
+    m_started = false;
+    m_blocked = false;
+    m_insideSubUnit = false;
+    m_uutTest = nullptr;
+    m_resultSet = nullptr;
+    m_walksResultSet = false;
+    m_topTest = nullptr;
+    m_program = nullptr;
+    m_group = nullptr;
+    m_step = nullptr;
+    m_measurement = nullptr;
+    m_testNumber = 0;
+    m_pending.Clear();
 }
 
 bool CReportBuilderSTDF::BeginSubUnitTest()
 {
-    insideSubUnit = true;
+    m_insideSubUnit = true;
     return true;
 }
 
 bool CReportBuilderSTDF::EndSubUnitTest()
 {
-    insideSubUnit = false;
+    m_insideSubUnit = false;
     return true;
 }
 
 bool CReportBuilderSTDF::BeginUUTTest(UUTTest* test)
 {
-    uutTest = test;
-    resultSet = nullptr;
-    walksResultSet = false;
+    m_uutTest = test;
+    m_resultSet = nullptr;
+    m_walksResultSet = false;
     if (!test)
         return false;
     if (const QList<TestResultSet*> resultSets = test->GetResultSets(); !resultSets.isEmpty())
-        resultSet = resultSets.front();
-    if (!insideSubUnit || !topTest)
-        topTest = test;
+        m_resultSet = resultSets.front();
+    if (!m_insideSubUnit || !m_topTest)
+        m_topTest = test;
     const quint32 stopTime = StdfLotRecords::Seconds(test->GetStopTime());
-    if (!insideSubUnit || stopTime != 0)
-        finishTime = stopTime;
+    if (!m_insideSubUnit || stopTime != 0)
+        m_finishTime = stopTime;
     return true;
 }
 
 bool CReportBuilderSTDF::BeginTestResultSet(TestResultSet* newResultSet)
 {
-    walksResultSet = newResultSet && newResultSet == resultSet;
+    m_walksResultSet = newResultSet && newResultSet == m_resultSet;
     return true;
 }
 
 bool CReportBuilderSTDF::EndTestResultSet(TestResultSet*)
 {
-    walksResultSet = false;
+    m_walksResultSet = false;
     return true;
 }
 
 bool CReportBuilderSTDF::BeginTestProgram(TestProgram* newProgram, TestResult*)
 {
-    program = newProgram;
-    if (!program)
+    m_program = newProgram;
+    if (!m_program)
         return false;
-    if (!started) {
-        started = true;
+    if (!m_started) {
+        m_started = true;
         if (QIODevice* const output = GetDevice(); output && output->isOpen())
             StartFile(output);
     }
@@ -151,65 +151,65 @@ bool CReportBuilderSTDF::BeginTestProgram(TestProgram* newProgram, TestResult*)
 
 bool CReportBuilderSTDF::EndTestProgram(TestProgram*)
 {
-    if (!program)
+    if (!m_program)
         return false;
     WritePart();
-    program = nullptr;
+    m_program = nullptr;
     return true;
 }
 
 bool CReportBuilderSTDF::BeginTestGroup(TestGroup* newGroup, TestResult*)
 {
-    group = newGroup;
-    stepText.reset();
-    return group != nullptr;
+    m_group = newGroup;
+    m_stepText.reset();
+    return m_group != nullptr;
 }
 
 bool CReportBuilderSTDF::EndTestGroup(TestGroup*)
 {
-    group = nullptr;
+    m_group = nullptr;
     return true;
 }
 
 bool CReportBuilderSTDF::BeginTestStep(TestStep* newStep, TestResult*)
 {
-    step = newStep;
-    stepText.reset();
+    m_step = newStep;
+    m_stepText.reset();
     return true;
 }
 
 bool CReportBuilderSTDF::EndTestStep(TestStep*)
 {
-    const bool known = step != nullptr;
-    step = nullptr;
+    const bool known = m_step != nullptr;
+    m_step = nullptr;
     return known;
 }
 
 bool CReportBuilderSTDF::BeginTestMeasurement(TestMeasurement* newMeasurement, TestResult* result)
 {
-    measurement = newMeasurement;
-    if (measurement && step && group && resultSet)
-        AddTest(walksResultSet && result ? result : resultSet->GetResult(measurement));
+    m_measurement = newMeasurement;
+    if (m_measurement && m_step && m_group && m_resultSet)
+        AddTest(m_walksResultSet && result ? result : m_resultSet->GetResult(m_measurement));
     return true;
 }
 
 bool CReportBuilderSTDF::EndTestMeasurement(TestMeasurement*)
 {
-    const bool known = measurement != nullptr;
-    measurement = nullptr;
+    const bool known = m_measurement != nullptr;
+    m_measurement = nullptr;
     return known;
 }
 
 void CReportBuilderSTDF::StartFile(QIODevice* output)
 {
-    if (!append || output->isSequential() || output->size() == 0)
+    if (!m_append || output->isSequential() || output->size() == 0)
         BeginStream(output, output->pos());
-    else if (!uutTest)
-        blocked = true; // nothing that could be written belongs to the lot
-    else if (foreignFiles.contains(FileNameOf(output)))
+    else if (!m_uutTest)
+        m_blocked = true; // nothing that could be written belongs to the lot
+    else if (m_foreignFiles.contains(FileNameOf(output)))
         Redirect();
     else if (IsAsLeft(output))
-        output->seek(lastClosing.position);
+        output->seek(m_lastClosing.position);
     else
         GoOn(output);
 }
@@ -219,7 +219,7 @@ void CReportBuilderSTDF::GoOn(QIODevice* output)
     StdfLotFile lot(output);
     if (lot.HoldsNothing())
         BeginStream(output, 0);
-    else if (lot.ReadNames() != StdfLotRecords::Names(topTest))
+    else if (lot.ReadNames() != StdfLotRecords::Names(m_topTest))
         Redirect();
     else
         GoOnAt(output, lot.FindPlace());
@@ -231,52 +231,52 @@ void CReportBuilderSTDF::GoOnAt(QIODevice* output, const StdfPlace& place)
         BeginStream(output, place.position);
         return;
     }
-    partCount = place.partCount;
-    goodCount = place.goodCount;
+    m_partCount = place.partCount;
+    m_goodCount = place.goodCount;
     output->seek(place.position);
 }
 
 /// Whether nobody has written to the file since this builder closed it.
 bool CReportBuilderSTDF::IsAsLeft(QIODevice* output) const
 {
-    if (lastClosing.records.isEmpty() || lastClosing.fileName != FileNameOf(output) ||
-        output->size() != lastClosing.position + lastClosing.records.size())
+    if (m_lastClosing.records.isEmpty() || m_lastClosing.fileName != FileNameOf(output) ||
+        output->size() != m_lastClosing.position + m_lastClosing.records.size())
         return false;
-    return output->seek(lastClosing.position) &&
-           output->read(lastClosing.records.size()) == lastClosing.records;
+    return output->seek(m_lastClosing.position) &&
+           output->read(m_lastClosing.records.size()) == m_lastClosing.records;
 }
 
 void CReportBuilderSTDF::BeginStream(QIODevice* output, qint64 position)
 {
-    partCount = 0;
-    goodCount = 0;
+    m_partCount = 0;
+    m_goodCount = 0;
     if (!output->isSequential())
         output->seek(position);
-    Write(StdfLotRecords::FileHeader(topTest, program));
+    Write(StdfLotRecords::FileHeader(m_topTest, m_program));
 }
 
 void CReportBuilderSTDF::Redirect()
 {
     const auto* const lot = qobject_cast<QFileDevice*>(GetDevice());
     if (!lot) {
-        blocked = true;
+        m_blocked = true;
         NoteOutputFailure();
         return;
     }
-    foreignFiles.insert(FileNameOf(lot));
-    const QString name = StdfFailureFileName(lot->fileName(), StdfLotRecords::UnitIdent(uutTest));
-    const bool ownFile = failureFiles.contains(name);
+    m_foreignFiles.insert(FileNameOf(lot));
+    const QString name = StdfFailureFileName(lot->fileName(), StdfLotRecords::UnitIdent(m_uutTest));
+    const bool ownFile = m_failureFiles.contains(name);
 
     // Opening a file ends a document; this one goes on in the other file.
     const bool wasOpened = IsOpened();
-    readWrite = ownFile;
+    m_readWrite = ownFile;
     const bool openedFile = CExportBuilderImp::OpenFile(name);
-    readWrite = append;
+    m_readWrite = m_append;
     SetOpened(wasOpened);
     if (!openedFile)
         return;
 
-    failureFiles.insert(name);
+    m_failureFiles.insert(name);
     QIODevice* const output = GetDevice();
     if (ownFile && output->size() > 0)
         GoOnAt(output, StdfLotFile(output).FindPlace());
@@ -288,41 +288,41 @@ void CReportBuilderSTDF::AddTest(const TestResult* result)
 {
     if (!result)
         return;
-    if (pending.IsEmpty())
-        pending.Add(StdfLotRecords::PartStart(pending.Room()));
-    ++testNumber;
-    if (!stepText)
-        stepText.emplace(step, group);
-    pending.Add(StdfTestRecord(pending.Room(), testNumber, measurement, *stepText, result));
+    if (m_pending.IsEmpty())
+        m_pending.Add(StdfLotRecords::PartStart(m_pending.Room()));
+    ++m_testNumber;
+    if (!m_stepText)
+        m_stepText.emplace(m_step, m_group);
+    m_pending.Add(StdfTestRecord(m_pending.Room(), m_testNumber, m_measurement, *m_stepText, result));
 }
 
 void CReportBuilderSTDF::WritePart()
 {
-    if (pending.IsEmpty())
+    if (m_pending.IsEmpty())
         return;
-    pending.Add(StdfLotRecords::PartResult(pending.Room(), uutTest, topTest, testNumber));
-    pending.ForEachBlock([this](QByteArrayView records) { Write(records); });
-    pending.Clear();
-    testNumber = 0;
-    ++partCount;
+    m_pending.Add(StdfLotRecords::PartResult(m_pending.Room(), m_uutTest, m_topTest, m_testNumber));
+    m_pending.ForEachBlock([this](QByteArrayView records) { Write(records); });
+    m_pending.Clear();
+    m_testNumber = 0;
+    ++m_partCount;
     // A count that another program left as unknown stays so.
-    if (ModelAdapter::IsPassed(uutTest->GetResult()) && goodCount != StdfFormat::unknownCount)
-        ++goodCount;
+    if (ModelAdapter::IsPassed(m_uutTest->GetResult()) && m_goodCount != StdfFormat::unknownCount)
+        ++m_goodCount;
 }
 
 void CReportBuilderSTDF::WriteCounts()
 {
-    const QByteArray closing =
-        StdfLotRecords::Closing(partCount, goodCount, uutTest ? std::optional(finishTime) : std::nullopt);
+    const QByteArray closing = StdfLotRecords::Closing(
+        m_partCount, m_goodCount, m_uutTest ? std::optional(m_finishTime) : std::nullopt);
     QIODevice* const output = GetDevice();
     const qint64 position = output ? output->pos() : 0;
-    lastClosing = {};
+    m_lastClosing = {};
     if (!Write(closing))
         return;
     CutBehindCounts(output);
     // Counts without a header before them are nothing to go on at.
-    if (started && uutTest)
-        lastClosing = {FileNameOf(output), position, closing};
+    if (m_started && m_uutTest)
+        m_lastClosing = {FileNameOf(output), position, closing};
 }
 
 /// What a crash or another program left behind the place where this document began is no part of the lot.
@@ -335,7 +335,7 @@ void CReportBuilderSTDF::CutBehindCounts(QIODevice* output)
 
 bool CReportBuilderSTDF::Write(QByteArrayView records)
 {
-    if (blocked)
+    if (m_blocked)
         return false;
     QIODevice* const output = GetDevice();
     if (!output || !output->isOpen() || !output->isWritable() ||

@@ -72,36 +72,36 @@ private:
     void CutBehindCounts(QIODevice* output);
     bool Write(QByteArrayView records);
 
-    const bool append;
-    UUTTest* uutTest = nullptr;
+    const bool m_append;
+    UUTTest* m_uutTest = nullptr;
     /// The test's first result set, where all its results are looked up.
-    const TestResultSet* resultSet = nullptr;
+    const TestResultSet* m_resultSet = nullptr;
     /// Whether that set is the one being walked, so that its results come with the components.
-    bool walksResultSet = false;
+    bool m_walksResultSet = false;
     /// The test of the whole unit: panel items have no lot, product type or session of their own.
-    UUTTest* topTest = nullptr;
-    bool insideSubUnit = false;
-    TestProgram* program = nullptr;
-    TestGroup* group = nullptr;
-    TestStep* step = nullptr;
-    TestMeasurement* measurement = nullptr;
+    UUTTest* m_topTest = nullptr;
+    bool m_insideSubUnit = false;
+    TestProgram* m_program = nullptr;
+    TestGroup* m_group = nullptr;
+    TestStep* m_step = nullptr;
+    TestMeasurement* m_measurement = nullptr;
     /// Of the current step and group, once it is needed.
-    std::optional<StdfStepText> stepText;
+    std::optional<StdfStepText> m_stepText;
 
-    bool started = false;
+    bool m_started = false;
     /// Not to be written to: another lot's device that has no failure file.
-    bool blocked = false;
-    quint32 finishTime = 0;
-    quint32 testNumber = 0;
-    quint32 partCount = 0;
-    quint32 goodCount = 0;
-    StdfPart pending;
+    bool m_blocked = false;
+    quint32 m_finishTime = 0;
+    quint32 m_testNumber = 0;
+    quint32 m_partCount = 0;
+    quint32 m_goodCount = 0;
+    StdfPart m_pending;
 
-    Closing lastClosing;
+    Closing m_lastClosing;
     /// Files of other lots that this builder met; it does not come back to them.
-    QSet<QString> foreignFiles;
+    QSet<QString> m_foreignFiles;
     /// Failure files that this builder made; a later part for one of them is added, not written over it.
-    QSet<QString> failureFiles;
+    QSet<QString> m_failureFiles;
 };
 
 } // namespace ZYN

@@ -43,49 +43,49 @@ StdfLotFile::Header StdfLotFile::Header::Of(qint64 position, const char* bytes)
 }
 
 StdfLotFile::StdfLotFile(QIODevice* lotDevice)
-    : device(lotDevice)
-    , size(lotDevice->size())
-    , zerosFrom(size)
+    : m_device(lotDevice)
+    , m_size(lotDevice->size())
+    , m_zerosFrom(m_size)
 {
 }
 
 std::optional<StdfLotFile::Header> StdfLotFile::HeaderAt(qint64 position)
 {
-    if (position + headerSize > size)
+    if (position + headerSize > m_size)
         return std::nullopt;
-    if (position < windowStart || position + headerSize > windowStart + window.size()) {
-        const bool follows = position - (windowStart + window.size()) < smallWindow;
-        window.resize(follows ? largeWindow : smallWindow);
-        windowStart = position;
-        const qint64 count = device->seek(position) ? device->read(window.data(), window.size()) : 0;
-        window.resize(qMax<qint64>(count, 0));
-        if (window.size() < headerSize)
+    if (position < m_windowStart || position + headerSize > m_windowStart + m_window.size()) {
+        const bool follows = position - (m_windowStart + m_window.size()) < smallWindow;
+        m_window.resize(follows ? largeWindow : smallWindow);
+        m_windowStart = position;
+        const qint64 count = m_device->seek(position) ? m_device->read(m_window.data(), m_window.size()) : 0;
+        m_window.resize(qMax<qint64>(count, 0));
+        if (m_window.size() < headerSize)
             return std::nullopt;
     }
-    const Header header = Header::Of(position, window.constData() + (position - windowStart));
+    const Header header = Header::Of(position, m_window.constData() + (position - m_windowStart));
     if (header.length == 0 && header.kind == RecordKind() && position >= ZeroTail()) {
-        size = position;
+        m_size = position;
         return std::nullopt;
     }
-    return header.End() <= size ? std::optional(header) : std::nullopt;
+    return header.End() <= m_size ? std::optional(header) : std::nullopt;
 }
 
 qint64 StdfLotFile::ZeroTail()
 {
-    while (!zeroTail) {
-        const qint64 start = qMax<qint64>(0, zerosFrom - largeWindow);
-        const QByteArray bytes = device->seek(start) ? device->read(zerosFrom - start) : QByteArray();
+    while (!m_zeroTail) {
+        const qint64 start = qMax<qint64>(0, m_zerosFrom - largeWindow);
+        const QByteArray bytes = m_device->seek(start) ? m_device->read(m_zerosFrom - start) : QByteArray();
         const auto last = std::find_if(bytes.crbegin(), bytes.crend(), [](char c) { return c != 0; });
         if (last != bytes.crend() || start == 0)
-            zeroTail = start + (bytes.crend() - last);
-        zerosFrom = start;
+            m_zeroTail = start + (bytes.crend() - last);
+        m_zerosFrom = start;
     }
-    return *zeroTail;
+    return *m_zeroTail;
 }
 
 QByteArray StdfLotFile::BodyOf(const Header& header)
 {
-    return device->seek(header.Body()) ? device->read(header.length) : QByteArray();
+    return m_device->seek(header.Body()) ? m_device->read(header.length) : QByteArray();
 }
 
 std::optional<StdfPlace> StdfLotFile::PlaceAtPcr(const Header& header)
@@ -105,7 +105,7 @@ bool StdfLotFile::HoldsNothing()
             return false;
         position = header->End();
     }
-    return position == size;
+    return position == m_size;
 }
 
 std::optional<StdfLotNames> StdfLotFile::ReadNames()
@@ -132,14 +132,14 @@ std::optional<StdfPlace> StdfLotFile::PlaceFromEnd()
     // Bytes that look so by chance would have to agree in 22 places at exactly the end of the file.
     constexpr qint64 mrrSize = headerSize + mrrLength;
     constexpr qint64 tailSize = headerSize + Pcr::length + mrrSize;
-    const qint64 start = size - tailSize;
-    if (start < 0 || !device->seek(start))
+    const qint64 start = m_size - tailSize;
+    if (start < 0 || !m_device->seek(start))
         return std::nullopt;
-    const QByteArray tail = device->read(tailSize);
+    const QByteArray tail = m_device->read(tailSize);
     if (tail.size() != tailSize)
         return std::nullopt;
     const Header counts = Header::Of(start, tail.constData());
-    const Header end = Header::Of(size - mrrSize, tail.constData() + tailSize - mrrSize);
+    const Header end = Header::Of(m_size - mrrSize, tail.constData() + tailSize - mrrSize);
     const QByteArrayView body = QByteArrayView(tail).sliced(headerSize, Pcr::length);
     const bool known = counts.kind == pcr && counts.length == Pcr::length && body[Pcr::headNumber] == head &&
                        body[Pcr::siteNumber] == site && CountAt(body, Pcr::retestCount) == unknownCount &&

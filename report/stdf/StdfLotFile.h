@@ -65,12 +65,12 @@ private:
     /// Where the zero bytes begin that fill the file to its end.
     qint64 ZeroTail();
 
-    QIODevice* device;
-    qint64 size;
-    QByteArray window;
-    qint64 windowStart = 0;
-    std::optional<qint64> zeroTail;
-    qint64 zerosFrom;
+    QIODevice* m_device;
+    qint64 m_size;
+    QByteArray m_window;
+    qint64 m_windowStart = 0;
+    std::optional<qint64> m_zeroTail;
+    qint64 m_zerosFrom;
 };
 
 } // namespace ZYN

@@ -11,32 +11,32 @@ namespace ZYN {
 /// for the next part.
 class StdfPart {
 public:
-    bool IsEmpty() const { return blocks.empty() || blocks.front().used == 0; }
+    bool IsEmpty() const { return m_blocks.empty() || m_blocks.front().used == 0; }
 
     /// Room for a record, `StdfRecord::longest` bytes; valid until the next call.
     char* Room()
     {
-        if (blocks.empty() || blocks.back().used + StdfRecord::longest > blockSize)
-            blocks.push_back({std::make_unique_for_overwrite<char[]>(blockSize), 0});
-        return blocks.back().bytes.get() + blocks.back().used;
+        if (m_blocks.empty() || m_blocks.back().used + StdfRecord::longest > blockSize)
+            m_blocks.push_back({std::make_unique_for_overwrite<char[]>(blockSize), 0});
+        return m_blocks.back().bytes.get() + m_blocks.back().used;
     }
     /// Adds the record that was put into the room.
-    void Add(QByteArrayView record) { blocks.back().used += static_cast<size_t>(record.size()); }
+    void Add(QByteArrayView record) { m_blocks.back().used += static_cast<size_t>(record.size()); }
 
     /// Calls `write` with the records, several at once, in order.
     template <class Write>
     void ForEachBlock(Write write) const
     {
-        for (const Block& block : blocks)
+        for (const Block& block : m_blocks)
             write(QByteArrayView(block.bytes.get(), static_cast<qsizetype>(block.used)));
     }
 
     void Clear()
     {
-        if (blocks.empty())
+        if (m_blocks.empty())
             return;
-        blocks.erase(blocks.begin() + 1, blocks.end());
-        blocks.front().used = 0;
+        m_blocks.erase(m_blocks.begin() + 1, m_blocks.end());
+        m_blocks.front().used = 0;
     }
 
 private:
@@ -47,7 +47,7 @@ private:
     /// Large enough for the allocator to keep the memory for the next export.
     static constexpr size_t blockSize = 512 * 1024;
 
-    std::vector<Block> blocks;
+    std::vector<Block> m_blocks;
 };
 
 } // namespace ZYN

@@ -36,15 +36,15 @@ public:
 
     /// \param memory room for `longest` bytes; borrowed
     explicit StdfRecord(char* memory)
-        : start(memory)
-        , at(memory)
+        : m_start(memory)
+        , m_at(memory)
     {
     }
 
     /// Starts a record and forgets the one before.
     StdfRecord& Begin(StdfFormat::RecordKind kind)
     {
-        at = start;
+        m_at = m_start;
         return U2(0).U1(kind.type).U1(kind.subType);
     }
 
@@ -61,58 +61,58 @@ public:
     /// what Latin-1 cannot hold becomes '?'.
     StdfRecord& BeginText()
     {
-        textStart = at++;
+        m_textStart = m_at++;
         return *this;
     }
     StdfRecord& Text(QStringView piece)
     {
         const qsizetype count = std::min(piece.size(), Room());
-        ToLatin1(piece.first(count), at);
-        at += count;
+        ToLatin1(piece.first(count), m_at);
+        m_at += count;
         return *this;
     }
     StdfRecord& Text(QByteArrayView latin1)
     {
-        at = std::copy_n(latin1.data(), std::min(latin1.size(), Room()), at);
+        m_at = std::copy_n(latin1.data(), std::min(latin1.size(), Room()), m_at);
         return *this;
     }
     /// A number in decimal; near the end of a text it is left out.
     StdfRecord& Text(long number)
     {
-        if (const auto [end, error] = std::to_chars(at, at + Room(), number); error == std::errc())
-            at = end;
+        if (const auto [end, error] = std::to_chars(m_at, m_at + Room(), number); error == std::errc())
+            m_at = end;
         return *this;
     }
     StdfRecord& EndText()
     {
-        *textStart = static_cast<char>(at - textStart - 1);
+        *m_textStart = static_cast<char>(m_at - m_textStart - 1);
         return *this;
     }
 
     /// The whole record.
     QByteArrayView Bytes()
     {
-        const auto length = qToLittleEndian(static_cast<quint16>(at - start - StdfFormat::headerSize));
-        std::memcpy(start, &length, sizeof length);
-        return {start, at - start};
+        const auto length = qToLittleEndian(static_cast<quint16>(m_at - m_start - StdfFormat::headerSize));
+        std::memcpy(m_start, &length, sizeof length);
+        return {m_start, m_at - m_start};
     }
 
 private:
-    qsizetype Room() const { return 255 - (at - textStart - 1); }
+    qsizetype Room() const { return 255 - (m_at - m_textStart - 1); }
 
     template <class Number>
     StdfRecord& Append(Number value)
     {
         const Number raw = qToLittleEndian(value);
-        std::memcpy(at, &raw, sizeof raw);
-        at += sizeof raw;
+        std::memcpy(m_at, &raw, sizeof raw);
+        m_at += sizeof raw;
         return *this;
     }
 
-    char* start;
-    char* at;
+    char* m_start;
+    char* m_at;
     /// Where the current text begins, with its length.
-    char* textStart = nullptr;
+    char* m_textStart = nullptr;
 };
 
 } // namespace ZYN

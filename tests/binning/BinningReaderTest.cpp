@@ -34,7 +34,7 @@ class BinningReaderTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void valid_data()
+    void Valid_data()
     {
         const Rows<QByteArray, QString> row;
         row("empty file", QByteArray(), QString());
@@ -46,7 +46,7 @@ private slots:
         row("id too large is 0", Section("BIN99999999999", "x"), "0 x hard pass");
         row("largest id", Section("BIN2147483647", "x"), "2147483647 x hard pass");
     }
-    void valid()
+    void Valid()
     {
         const auto [content, bins] = CurrentRow<QByteArray, QString>();
         const QString fileName = Write(content);
@@ -58,7 +58,7 @@ private slots:
         QCOMPARE(Describe(binning), bins);
     }
 
-    void fault_data()
+    void Fault_data()
     {
         const Rows<QByteArray, QString> row;
         const char* const badName = "Section 'BIN1' must have property '_NAME_'";
@@ -89,7 +89,7 @@ private slots:
 
         row("no key and value", Section("BIN1", "a") + "oops\n", Unreadable);
     }
-    void fault()
+    void Fault()
     {
         const auto [content, message] = CurrentRow<QByteArray, QString>();
         QString errorText;
@@ -100,7 +100,7 @@ private slots:
         QVERIFY(binning.bins.isEmpty());
     }
 
-    void missingFileAndFolder()
+    void MissingFileAndFolder()
     {
         for (const QString& name : {folder.filePath("missing.ini"), folder.path(), QString()}) {
             QString errorText;

@@ -95,7 +95,7 @@ class StatisticsDataDecorationVirtuals : public StatisticsDataDecoration {
 class ContractTest : public QObject {
     Q_OBJECT
 private slots:
-    void classesAreKnownToObjectCasts()
+    void ClassesAreKnownToObjectCasts()
     {
         // A class without its own meta object answers with its base's name and casts to anything of the base.
 #define KNOWN(Class) QCOMPARE(Class::staticMetaObject.className(), "ZYN::" #Class)

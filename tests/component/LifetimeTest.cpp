@@ -33,7 +33,7 @@ struct Components {
 class LifetimeTest : public QObject {
     Q_OBJECT
 private slots:
-    void addingAChildMakesItPartOfTheProgram()
+    void AddingAChildMakesItPartOfTheProgram()
     {
         const Components c;
         QCOMPARE(c.measurement->GetTestProgram(), c.program.data());
@@ -44,7 +44,7 @@ private slots:
         QCOMPARE(c.step->AddMeasurement(nullptr), -1);
     }
 
-    void measurementsAreFoundByTheirId()
+    void MeasurementsAreFoundByTheirId()
     {
         TestStep step(1, QString(), nullptr, 0, -1, QString());
         for (int count = 0; count < 40; ++count) {
@@ -58,7 +58,7 @@ private slots:
         }
     }
 
-    void aChildOutlivesItsParents()
+    void AChildOutlivesItsParents()
     {
         Components c;
         auto parent = std::make_unique<TestStep>(1, "step", nullptr, 0, -1, QString());
@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(c.parameter->GetTestProgram(), nullptr);
     }
 
-    void aResultWithdrawsItselfFromItsComponent()
+    void AResultWithdrawsItselfFromItsComponent()
     {
         const Components c;
         auto first = std::make_unique<TestResult>(c.measurement);
@@ -88,7 +88,7 @@ private slots:
         QCOMPARE(c.measurement->resultState, ZYN_RESULT_FAILED);
     }
 
-    void aResultKeepsItsComponent()
+    void AResultKeepsItsComponent()
     {
         TestResultSet set(nullptr, nullptr);
         {
@@ -99,7 +99,7 @@ private slots:
         QCOMPARE(set.GetResults().first()->GetComponent()->GetName(), "measurement");
     }
 
-    void componentsKeepOnlyTheirOwnResults()
+    void ComponentsKeepOnlyTheirOwnResults()
     {
         const Components c;
         auto foreign = std::make_unique<TestResult>(c.step);
@@ -110,7 +110,7 @@ private slots:
         QCOMPARE(c.measurement->resultState, ZYN_RESULT_NOT_TESTED);
     }
 
-    void whatIsGivenTwiceIsFreedOnce()
+    void WhatIsGivenTwiceIsFreedOnce()
     {
         UUTTest test(1, "unit");
         UUTTest other(2, "other unit");
@@ -145,7 +145,7 @@ private slots:
         QVERIFY(!c.step->GetLogInReportCtrl()->GetLogInReport());
     }
 
-    void aTestDoesNotContainItself()
+    void ATestDoesNotContainItself()
     {
         const auto panel = QSharedPointer<UUTTest>::create(1, "panel");
         const auto item = QSharedPointer<UUTTest>::create(2, "item");
@@ -157,7 +157,7 @@ private slots:
         QCOMPARE(panel->GetResult(), ZYN_RESULT_NOT_TESTED);
     }
 
-    void aResultIsOwnedByOneSet()
+    void AResultIsOwnedByOneSet()
     {
         const Components c;
         TestResultSet first(c.program, nullptr);

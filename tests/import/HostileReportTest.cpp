@@ -25,7 +25,7 @@ QByteArray Utf16(const QByteArray& text)
 class HostileReportTest : public QObject {
     Q_OBJECT
 private slots:
-    void truncated()
+    void Truncated()
     {
         // One report after every byte, a larger one after many.
         for (const auto& [name, step] : {std::pair("/excluded", 1), {"/panel", 97}}) {
@@ -39,7 +39,7 @@ private slots:
         }
     }
 
-    void shuffledLines()
+    void ShuffledLines()
     {
         // Elements in any order, missing, twice: whatever comes out can be written again.
         const QByteArrayList lines = Write(*SampleModels::Panel()).split('\n');
@@ -64,7 +64,7 @@ private slots:
         }
     }
 
-    void deeplyNested()
+    void DeeplyNested()
     {
         const std::pair<const char*, const char*> places[] = {
             {"", "<a>"},
@@ -78,7 +78,7 @@ private slots:
         }
     }
 
-    void refused_data()
+    void Refused_data()
     {
         const Rows<QByteArray> add;
         const auto row = [&](const char* name, const QByteArray& declarations,
@@ -114,7 +114,7 @@ private slots:
                                      crowd + "/>"))));
         add("another encoding than seems", "<?xml version='1.0' encoding='UTF-16'?>" + Report(QByteArray()));
     }
-    void refused()
+    void Refused()
     {
         const auto [document] = CurrentRow<QByteArray>();
         const Reading reading = Read(document);
@@ -124,7 +124,7 @@ private slots:
         QCOMPARE(reading.test->GetResultDescription(), QString());
     }
 
-    void longNamesAreGood()
+    void LongNamesAreGood()
     {
         const QByteArray name = Repeated("a='b' ", 200000);
         const Reading reading =
@@ -134,14 +134,14 @@ private slots:
         QCOMPARE(reading.test->GetResultDescription().size(), name.size());
     }
 
-    void findingsAreLimited()
+    void FindingsAreLimited()
     {
         const Reading reading = Read(Report(Repeated("<unknown/>", 5000)));
         QCOMPARE(reading.findings.size(), 1001);
         QCOMPARE(reading.findings.last().text, "there is more, which is not listed");
     }
 
-    void nothingIsKeptOfAnEarlierDocument()
+    void NothingIsKeptOfAnEarlierDocument()
     {
         // A step with no group of its own must not end up in the test of an earlier import.
         CImportServiceReport service;

@@ -9,7 +9,7 @@ class ReportImportTest : public QObject {
     Q_OBJECT
 private slots:
     /// What is told of a unit; texts that come back as they were written are seen in the round trip.
-    void header()
+    void Header()
     {
         const Reading reading = Read(Report(
             "<UnitUnderTest>" + Property("Name", "unit") +
@@ -32,7 +32,7 @@ private slots:
         QCOMPARE(reading.Texts(), "'x' is not an integer of 32 bits, read as 0");
     }
 
-    void elementsAtAnyDepth()
+    void ElementsAtAnyDepth()
     {
         const Reading reading =
             Read("<a><b><UUTTest>" + Property("Result", "6") + "</UUTTest><c/></b><ProductionLot>" +
@@ -42,7 +42,7 @@ private slots:
         QCOMPARE(reading.test->GetProductionLot()->GetName(), "L");
     }
 
-    void tree()
+    void Tree()
     {
         const Reading reading = Read(Report(
             "<TestResults><TestResultSet>" + Property("StationID", "7") + Property("FailedGroups", "x") +
@@ -88,7 +88,7 @@ private slots:
         QCOMPARE(reading.Texts(), "ident 'thirty' is not a number, read as 0");
     }
 
-    void parametersAreSkipped()
+    void ParametersAreSkipped()
     {
         QByteArray report = StepReport(Measurement(8, QByteArray(), "5"));
         report.replace("<TestStep ", "<TestParameter ID='3' Name='A' Type='8'>" +
@@ -103,7 +103,7 @@ private slots:
         QCOMPARE(reading.Texts(), QString());
     }
 
-    void groupWithoutResult()
+    void GroupWithoutResult()
     {
         const Reading reading = Read(ProgramReport(
             "<TestGroup ID='2' Name='G' Type='2'><Result Code='1'/></TestGroup><TestGroup ID='3' Name='H' "
@@ -113,7 +113,7 @@ private slots:
         QCOMPARE(program->GetGroupForIndex(0)->GetStepForIndex(0)->GetName(), "S");
     }
 
-    void stopTimeOfPanelItems()
+    void StopTimeOfPanelItems()
     {
         const QByteArray top = "<UUTTest>" + Property("Result", "1") + "</UUTTest>";
         const QByteArray timed =
@@ -129,7 +129,7 @@ private slots:
         QCOMPARE(Read(Report(top), service).test->GetStopTimeString(), "0");
     }
 
-    void findings_data()
+    void Findings_data()
     {
         const Rows<qint64, QString> add;
         const auto row = [&](const QByteArray& document, qint64 line, const QString& text) {
@@ -178,7 +178,7 @@ private slots:
                     "</TestStep>"),
             1, "'' is not an integer of 32 bits, read as 0; measurement 'M' before any step, in no program");
     }
-    void findings()
+    void Findings()
     {
         const auto [line, text] = CurrentRow<qint64, QString>();
         const Reading reading = Read(QTest::currentDataTag());
@@ -191,7 +191,7 @@ private slots:
         Write(*reading.test); // whatever was read can be written
     }
 
-    void service()
+    void Service()
     {
         CImportServiceReport service;
         QVERIFY(!service.FormatOk());
@@ -212,7 +212,7 @@ private slots:
         QVERIFY(Read(Report(QByteArray()), service).imported);
     }
 
-    void handlersWithoutADocument()
+    void HandlersWithoutADocument()
     {
         CImportServiceReport service;
         UUTTest test(1, QString());

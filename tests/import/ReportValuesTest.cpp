@@ -13,7 +13,7 @@ class ReportValuesTest : public QObject {
     Q_OBJECT
 private slots:
     /// A text as an integer of 32 bits and as a duration in milliseconds; what is neither is 0 and found.
-    void numbers_data()
+    void Numbers_data()
     {
         const Rows<long, double> row;
         row("2147483647", 2147483647L, 2147483.647);
@@ -23,7 +23,7 @@ private slots:
         for (const char* text : {"12a", "0x10", "", "1,5", "1e999"})
             row(text, 0L, 0.0);
     }
-    void numbers()
+    void Numbers()
     {
         const auto [number, seconds] = CurrentRow<long, double>();
         const QByteArray text = QTest::currentDataTag();
@@ -37,7 +37,7 @@ private slots:
         QCOMPARE(reading.findings.size(), int(number == 0) + int(seconds == 0.0));
     }
 
-    void values_data()
+    void Values_data()
     {
         const Rows<int, QByteArray, QByteArray, QVariant, bool> row;
         row("real out of range", 8, "Factor='0'", "1e999", 0.0, true);
@@ -54,7 +54,7 @@ private slots:
         row("binary, sign", 7, "Code='26' Factor='0'", "-10", -2LL);
         row("binary, other digit", 7, "Code='26' Factor='0'", "2", 0LL, true);
     }
-    void values()
+    void Values()
     {
         const auto [type, unit, text, value, found] =
             CurrentRow<int, QByteArray, QByteArray, QVariant, bool>();
@@ -64,7 +64,7 @@ private slots:
         QVERIFY2(!reading.findings.isEmpty() == found, qPrintable(reading.Texts()));
     }
 
-    void limits_data()
+    void LimitsAreRead_data()
     {
         const Rows<QByteArray, QVariant, QVariant, QString, QVariant, bool> row;
         const auto lower = [](const QByteArray& text, const QByteArray& op) {
@@ -88,7 +88,7 @@ private slots:
                 upper("10", "&lt;") + Property("Nominal", "10") + "</Limits>",
             10.0, 16.0, "< <", 100.0, true);
     }
-    void limits()
+    void LimitsAreRead()
     {
         const auto [limits, lower, upper, operators, nominal, isGood] =
             CurrentRow<QByteArray, QVariant, QVariant, QString, QVariant, bool>();
@@ -103,7 +103,7 @@ private slots:
         QCOMPARE(reading.findings.isEmpty(), isGood);
     }
 
-    void limitsAreCarriedOver()
+    void LimitsAreCarriedOver()
     {
         const QByteArray inverted = Limits(8, "Code='1' Factor='0'", Property("InvertResult", "1"));
         CImportServiceReport service;
@@ -124,7 +124,7 @@ private slots:
         QCOMPARE(ResultOf(second)->GetValidation(), validation);
     }
 
-    void scaleIsCarriedOver()
+    void ScaleIsCarriedOver()
     {
         CImportServiceReport service;
         const Reading first =
@@ -146,7 +146,7 @@ private slots:
             QCOMPARE(ResultOf(third, place)->GetValue(), value);
     }
 
-    void propertyText_data()
+    void PropertyText_data()
     {
         const Rows<QByteArray, QString, bool> row;
         row("escapes", "a &amp; b &#65;&lt;", "a & b A<", false);
@@ -158,7 +158,7 @@ private slots:
         row("pieces", "one<!-- c -->two", "one", true);
         row("element inside", "<b>bold</b>", QString(), true);
     }
-    void propertyText()
+    void PropertyText()
     {
         const auto [written, text, found] = CurrentRow<QByteArray, QString, bool>();
         const Reading reading = Read(Report("<UUTTest>" + Property("Description", written) + "</UUTTest>"));

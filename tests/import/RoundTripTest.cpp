@@ -167,17 +167,17 @@ QSharedPointer<UUTTest> RichTest()
     return panel;
 }
 
-struct Generations {
+struct Reports {
     QByteArray first, second, third, fourth;
 };
 
-Generations WriteGenerations(UUTTest& test)
+Reports WriteGenerations(UUTTest& test)
 {
     const auto write = [](UUTTest& model, const char* engine) {
         const Environment::Override environment(SampleModels::ReportTime(), engine);
         return ReportFiles::Write(model);
     };
-    Generations reports{write(test, "1.0"), {}, {}, {}};
+    Reports reports{write(test, "1.0"), {}, {}, {}};
     reports.second = write(*ReportFiles::Read(reports.first).test, "2.0");
     reports.third = write(*ReportFiles::Read(reports.second).test, "2.0");
     reports.fourth = write(*ReportFiles::Read(reports.third).test, "2.0");
@@ -216,7 +216,7 @@ private:
     }
 
 private slots:
-    void generations_data()
+    void Generations_data()
     {
         const Rows<> row;
         for (const QString& name : SampleModels::ReportCaseNames())
@@ -224,10 +224,10 @@ private slots:
         for (const char* name : {"rich", "simulated 1", "simulated 2", "simulated 3"})
             row(name);
     }
-    void generations()
+    void Generations()
     {
         const QString name = QTest::currentDataTag();
-        const Generations reports = WriteGenerations(*MakeTest(name));
+        const Reports reports = WriteGenerations(*MakeTest(name));
         QVERIFY(!reports.first.isEmpty());
         const QByteArray changes = "second generation\n" + Changes(reports.first, reports.second) +
                                    "third generation\n" + Changes(reports.second, reports.third);

@@ -14,8 +14,8 @@ bool CReportBuilderFailures::BeginTestMeasurement(TestMeasurement* measurement, 
     if (result->GetResult() >= 0)
         return true;
     const ReportText::Row row(measurement, result, nullptr);
-    stream << ReportText::Ident(row) << '\t' << measurement->GetName().simplified() << '\t'
-           << ReportText::PlainValue(row) << '\t' << ReportText::Unit(row) << Qt::endl;
+    m_stream << ReportText::Ident(row) << '\t' << measurement->GetName().simplified() << '\t'
+             << ReportText::PlainValue(row) << '\t' << ReportText::Unit(row) << Qt::endl;
     return true;
 }
 

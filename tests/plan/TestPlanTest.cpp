@@ -60,7 +60,7 @@ const QString step = "3";
 class TestPlanTest : public QObject {
     Q_OBJECT
 private slots:
-    void theLastSetOfAnIdentCounts()
+    void TheLastSetOfAnIdentCounts()
     {
         TestPlan plan(QFileInfo("dir/x.tpl"));
         plan.AddValidation(rail, Data({{"a", 1}}));
@@ -75,7 +75,7 @@ private slots:
         QCOMPARE(plan.ApplyTo(nullptr).components, 0);
     }
 
-    void limitsAreReplaced()
+    void LimitsAreReplaced()
     {
         Board program;
         const QString lower = "Lower";
@@ -90,7 +90,7 @@ private slots:
                               "ident '5' (bare): has no validation that could take the plan's limits"}));
     }
 
-    void attributesKeepTheirTypes()
+    void AttributesKeepTheirTypes()
     {
         Board program;
         auto* const former = new CtrlAttributes;
@@ -116,7 +116,7 @@ private slots:
                  QStringList{"ident '3' (step): 'count' does not take the value 'no number'"});
     }
 
-    void switches()
+    void Switches()
     {
         Board program;
         program.plan.AddProperties(step, Data({{"LogInReport", "false"}, {"Enabled", "false"}}));
@@ -134,7 +134,7 @@ private slots:
                  QStringList{"ident '2' (group): 'Enabled' does not take the value 'perhaps'"});
     }
 
-    void unknownAndSharedIdents()
+    void UnknownAndSharedIdents()
     {
         Board program;
         const QString off = "0";

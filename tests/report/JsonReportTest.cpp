@@ -47,13 +47,13 @@ private:
     }
 
 private slots:
-    void schema()
+    void Schema()
     {
         for (const QString& name : SampleModels::ReportCaseNames())
             QCOMPARE(Faults(Report(name)), QByteArray());
     }
 
-    void schemaRefuses_data()
+    void SchemaRefuses_data()
     {
         const Rows<QByteArray, QByteArray> row;
         row("no information", "\"Information\"", "\"Informations\"");
@@ -68,7 +68,7 @@ private slots:
         row("id out of range", "\"ID\":111", "\"ID\":4294967296");
         row("value without unit", "\"Unit\":\"\",", "");
     }
-    void schemaRefuses()
+    void SchemaRefuses()
     {
         const auto [before, after] = CurrentRow<QByteArray, QByteArray>();
         const QByteArray report =
@@ -78,7 +78,7 @@ private slots:
         QVERIFY(!Faults(QByteArray(report).replace(before, after)).isEmpty());
     }
 
-    void laidOutAsQtDoes()
+    void LaidOutAsQtDoes()
     {
         CReportBuilderJSON builder;
         QBuffer buffer;
@@ -104,7 +104,7 @@ private slots:
         QCOMPARE(items.last()["Groups"], QJsonArray());
     }
 
-    void secondReportRepeatsTheFirst()
+    void SecondReportRepeatsTheFirst()
     {
         CReportBuilderJSON builder;
         const auto unit = SampleModels::PassedUnit();
@@ -116,7 +116,7 @@ private slots:
         QVERIFY(builder.OutputComplete());
     }
 
-    void failedWalkLeavesNoPanelBehind()
+    void FailedWalkLeavesNoPanelBehind()
     {
         CReportBuilderJSON builder;
         const auto panel = SampleModels::Panel();

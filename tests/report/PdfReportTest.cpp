@@ -69,14 +69,14 @@ private:
     }
 
 private slots:
-    void everyRowStandsWholeAndInOrder_data()
+    void EveryRowStandsWholeAndInOrder_data()
     {
         const Rows<int, QString> row;
         row("150 rows", 150, "row%1end");
         row("a name without blanks", 120, QString(200, 'W') + "%1");
         row("pages grow with the rows", 600, "row%1end");
     }
-    void everyRowStandsWholeAndInOrder()
+    void EveryRowStandsWholeAndInOrder()
     {
         const auto [rows, name] = CurrentRow<int, QString>();
         const Layout layout = Read(Export(SampleModels::UnitWithRows(rows, name).get()));
@@ -101,7 +101,7 @@ private slots:
         QCOMPARE(seen, name.startsWith("row") ? expected : QStringList());
     }
 
-    void embedsItsFonts()
+    void EmbedsItsFonts()
     {
         // name, type, encoding, emb, sub, uni, object ID
         const auto lines = Program::Run("pdffonts", {Export(SampleModels::Panel().get())}).output.trimmed();
@@ -111,7 +111,7 @@ private slots:
             QVERIFY2(embedded.match(QString::fromUtf8(line)).hasMatch(), line.constData());
     }
 
-    void loadsTheLogoAndNothingElse()
+    void LoadsTheLogoAndNothingElse()
     {
         // Pictures of sizes that are found again in the list of the PDF's images.
         for (const auto& [name, size] :
@@ -129,7 +129,7 @@ private slots:
     }
 
     // Each of them would take minutes.
-    void refusesWhatTakesTooLong_data()
+    void RefusesWhatTakesTooLong_data()
     {
         const Rows<QString, QString> row;
         const auto tables = [](int depth) { return QString("<table><tr><td>").repeated(depth) + "row%1"; };
@@ -143,7 +143,7 @@ private slots:
         row("long text", QString("word ").repeated(20000), "");
         row("long word", QString(60000, 'W'), "more than 50000 characters without a blank");
     }
-    void refusesWhatTakesTooLong()
+    void RefusesWhatTakesTooLong()
     {
         const auto [name, says] = CurrentRow<QString, QString>();
         CExportServiceReport service;
@@ -157,7 +157,7 @@ private slots:
                  qPrintable(service.GetOutputError()));
     }
 
-    void secondReportOfOneBuilder()
+    void SecondReportOfOneBuilder()
     {
         CReportBuilderPDF builder;
         const auto write = [&](const QString& rowName, const QString& fileName, bool broken = false) {

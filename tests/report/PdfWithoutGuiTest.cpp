@@ -9,7 +9,7 @@ using namespace ZYN;
 class PdfWithoutGuiTest : public QObject {
     Q_OBJECT
 private slots:
-    void saysSoAndMakesNoFile()
+    void SaysSoAndMakesNoFile()
     {
         QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("report.pdf"));

@@ -27,7 +27,7 @@ QStringList Written(const std::function<void(CReportBuilderXML&)>& call)
 class XmlReportTest : public QObject {
     Q_OBJECT
 private slots:
-    void text_data()
+    void Text_data()
     {
         const Rows<QString, QString> row;
         const QChar high(0xd83d);
@@ -44,13 +44,13 @@ private slots:
         row("no characters", QString(QChar(0xfffe)) + QChar(0xffff) + QChar(0xfffd),
             QString(mark) + mark + mark);
     }
-    void text()
+    void Text()
     {
         const auto [text, clean] = CurrentRow<QString, QString>();
         QCOMPARE(XmlText(text), clean);
     }
 
-    void productTypeParameters()
+    void ProductTypeParameters()
     {
         ProductType productType(7, "P");
         for (const char* key :
@@ -65,7 +65,7 @@ private slots:
     }
 
     /// Components that a caller made without controls, without a line, without a result.
-    void bareComponents()
+    void BareComponents()
     {
         const QSharedPointer<TestGroup> group(
             new TestGroup(3, "G", nullptr, 0, -1, ZYN_GROUP_CLEANUP, nullptr));
@@ -90,7 +90,7 @@ private slots:
     <Property Name="ReportInc">0</Property>)");
     }
 
-    void styleSheet()
+    void StyleSheet()
     {
         for (const QString path : {"", "/styles/a & b.xsl", "plain.xsl"}) {
             QBuffer device;

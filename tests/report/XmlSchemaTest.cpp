@@ -40,7 +40,7 @@ QByteArray Sample(const QString& name)
 class XmlSchemaTest : public QObject {
     Q_OBJECT
 private slots:
-    void samples()
+    void Samples()
     {
         for (const QString& name : SampleModels::ReportCaseNames()) {
             const QByteArray document = ReportFiles::Write(*SampleModels::MakeReportCase(name)->test);
@@ -50,14 +50,14 @@ private slots:
         }
     }
 
-    void simulatedLine()
+    void SimulatedLine()
     {
         const Simulation::Line line({.seed = 3, .itemsPerPanel = 3});
         for (int panel = 1; panel <= 8; ++panel)
             QCOMPARE(Faults(ReportFiles::Write(*line.MakePanel(panel))), QString());
     }
 
-    void resultSetAlone()
+    void ResultSetAlone()
     {
         const auto test = SampleModels::PassedUnit();
         CExportServiceReport service;
@@ -67,7 +67,7 @@ private slots:
         QCOMPARE(Faults(Files::Content(ReportFiles::ScratchFile())), QString());
     }
 
-    void damage_data()
+    void Damage_data()
     {
         // The last column: what the checker says, too; nothing for what it leaves to the schema.
         const Rows<QByteArray, QByteArray, QString> row;
@@ -119,7 +119,7 @@ private slots:
         row("parameter with content", "<Parameter Revision=\"B\"/>",
             "<Parameter Revision=\"B\">x</Parameter>");
     }
-    void damage()
+    void Damage()
     {
         const auto [before, after, structureFaults] = CurrentRow<QByteArray, QByteArray, QString>();
         QByteArray document = Sample(Sample("panel").contains(before) ? "panel" : "failed-unit");
@@ -133,7 +133,7 @@ private slots:
     }
 
     /// A key that was no name: the document is as the schema has it.
-    void forgedParameter()
+    void ForgedParameter()
     {
         const QByteArray key = "Revision=\"B\"/><Parameter a=\"\" b";
         const QByteArray document = Sample("panel").replace("Revision=\"B\"/", key + "=\"B\"/");
@@ -142,7 +142,7 @@ private slots:
                  QString("22: 'Parameter' has not one attribute: the parameter's key was no name"));
     }
 
-    void damageInOtherFiles_data()
+    void DamageInOtherFiles_data()
     {
         const Rows<QString, QString, QByteArray, QByteArray> row;
         const QString lot = "statistics/lot.xml";
@@ -158,7 +158,7 @@ private slots:
         row("plan: element inside", "test-plan-3.0.0", plan, ">3</Attribute>", "><b/></Attribute>");
         row("plan: another version", "test-plan-2.0.0", plan, "", "");
     }
-    void damageInOtherFiles()
+    void DamageInOtherFiles()
     {
         const auto [schema, file, before, after] = CurrentRow<QString, QString, QByteArray, QByteArray>();
         const QByteArray good = Files::Content(Golden::Folder() + u'/' + file);
@@ -167,7 +167,7 @@ private slots:
         QVERIFY(RelaxNg::Refuses(schema + ".rng", damaged, ReportFiles::ScratchFile()));
     }
 
-    void checkerEndsOnAnything()
+    void CheckerEndsOnAnything()
     {
         const QByteArray document = Sample("panel");
         for (qsizetype size = 0; size < document.size(); size += 7)

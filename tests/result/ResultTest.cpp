@@ -47,7 +47,7 @@ struct Run {
 class ResultTest : public QObject {
     Q_OBJECT
 private slots:
-    void ofAValue_data()
+    void OfAValue_data()
     {
         const Rows<QVariant, bool, int> row;
         row("inside", QVariant(1.0), true, 1);
@@ -56,7 +56,7 @@ private slots:
         row("without limits", QVariant(1.0), false, 6);
         row("nothing measured", QVariant(), true, 0);
     }
-    void ofAValue()
+    void OfAValue()
     {
         const auto [value, withLimits, code] = CurrentRow<QVariant, bool, int>();
         TestResult result(nullptr);
@@ -66,7 +66,7 @@ private slots:
         QCOMPARE(int(result.GetResult()), code);
     }
 
-    void ofChildren_data()
+    void OfChildren_data()
     {
         const Rows<Codes, int> row;
         row("none", Codes{}, 0);
@@ -79,7 +79,7 @@ private slots:
         row("abort beats error", Codes{-5, -3, -1, 1}, -5);
         row("unknown negative code", Codes{1, -2, -1}, -2);
     }
-    void ofChildren()
+    void OfChildren()
     {
         const auto [codes, verdict] = CurrentRow<Codes, int>();
         Run run;
@@ -105,7 +105,7 @@ private slots:
                  int(std::count_if(codes.begin(), codes.end(), [](int code) { return code < 0; })));
     }
 
-    void whatWasSetCounts()
+    void WhatWasSetCounts()
     {
         Run run;
         UUTTest unit(1, QString());
@@ -120,7 +120,7 @@ private slots:
         QCOMPARE(unit.GetResultString(), "CODE -77");
     }
 
-    void ofAUnit()
+    void OfAUnit()
     {
         UUTTest panel(1, QString());
         QCOMPARE(panel.GetResult(), ZYN_RESULT_NOT_TESTED);
@@ -137,7 +137,7 @@ private slots:
         QCOMPARE(panel.GetResultString(), "ABORTED");
     }
 
-    void keptValues_data()
+    void KeptValues_data()
     {
         const Rows<int, QVariant, QVariant> row;
         constexpr double infinity = std::numeric_limits<double>::infinity();
@@ -151,7 +151,7 @@ private slots:
         row("boolean", ZYN_ADDRESS_INTEGER, true, 1);
         row("whole real as real", ZYN_ADDRESS_REAL, 255.0, 255.0);
     }
-    void keptValues()
+    void KeptValues()
     {
         const auto [type, given, kept] = CurrentRow<int, QVariant, QVariant>();
         SampleModels::ProgramWriter writer(1, QString());
@@ -168,7 +168,7 @@ private slots:
         QCOMPARE(result.GetValue().typeId(), kept.typeId());
     }
 
-    void times()
+    void Times()
     {
         const QDate day(2024, 2, 29);
         TestResult result(nullptr);

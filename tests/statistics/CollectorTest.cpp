@@ -54,7 +54,7 @@ QString Entries(const StatisticsDataReport* report)
 class CollectorTest : public QObject {
     Q_OBJECT
 private slots:
-    void runsAreMatched_data()
+    void RunsAreMatched_data()
     {
         const Rows<QList<Run>, QString> row;
         row("same components meet", QList<Run>{{.values = {4.5}}, {.values = {5.5}}, {.values = {6.5}}},
@@ -70,7 +70,7 @@ private slots:
             "TestStep step: 2 0 nan, TestMeasurement rail: 2 0 4.25, TestMeasurement rail: 2 0 5.25, "
             "TestMeasurement rail: 1 0 6");
     }
-    void runsAreMatched()
+    void RunsAreMatched()
     {
         const auto [runs, entries] = CurrentRow<QList<Run>, QString>();
         StatisticsCollector collector;
@@ -80,7 +80,7 @@ private slots:
         QVERIFY(!collector.GetReport()->GetTestData().at(1)->HaveLimitsChanged());
     }
 
-    void runsCanBeFreed()
+    void RunsCanBeFreed()
     {
         StatisticsCollector collector;
         QWeakPointer<TestProgram> program;
@@ -103,7 +103,7 @@ private slots:
         QCOMPARE(rail->GetResult(0)->GetValueString(plan->GetValueDisplay()), "4500");
     }
 
-    void unitsAndPanelItems()
+    void UnitsAndPanelItems()
     {
         StatisticsCollector collector;
         collector.AddUnit(nullptr);
@@ -124,7 +124,7 @@ private slots:
         QCOMPARE(collector.GetReport()->GetSession()->GetMachineName(), machine);
     }
 
-    void takingTheReportStartsAnew()
+    void TakingTheReportStartsAnew()
     {
         StatisticsCollector collector;
         collector.AddResultSet(Run{}.Make().get());

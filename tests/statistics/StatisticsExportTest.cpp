@@ -59,13 +59,13 @@ class StatisticsExportTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void golden_data()
+    void Golden_data()
     {
         const Rows<> row;
         for (const char* name : {"figures", "figures-scaled", "empty", "lot"})
             row(name);
     }
-    void golden()
+    void Golden()
     {
         const QString name = QTest::currentDataTag();
         for (const QString extension : {"csv", "xml"}) {
@@ -85,7 +85,7 @@ private slots:
         }
     }
 
-    void formatNames()
+    void FormatNames()
     {
         StatisticsDataReport report;
         CExportServiceStatistics service;
@@ -103,7 +103,7 @@ private slots:
         QCOMPARE(service.GetErrorText(), QString("No valid format provided."));
     }
 
-    void onlyTheTableAccumulates()
+    void OnlyTheTableAccumulates()
     {
         const auto report = Figures();
         CExportServiceStatistics service;

@@ -75,7 +75,7 @@ private slots:
     // NIST Statistical Reference Datasets, univariate summary statistics: values and certified figures.
     // Binary numbers cannot hold the decimal values exactly; `held` is the sigma of what they do hold,
     // computed with rational numbers, so the one figure tells about the method and the other about the whole.
-    void certifiedFigures_data()
+    void CertifiedFigures_data()
     {
         const Rows<Values, double, double, double, double> row;
         row("Michelso", SpeedOfLight(), 299.8524, 0.0790105478190518, 0.0790105478190506671, 13.0);
@@ -86,7 +86,7 @@ private slots:
         row("NumAcc4", Alternating(10000000.2, 10000000.1, 10000000.3), 10000000.2, 0.1,
             0.1000000005587935448, 8.2);
     }
-    void certifiedFigures()
+    void CertifiedFigures()
     {
         const auto [values, mean, sigma, held, digits] = CurrentRow<Values, double, double, double, double>();
         StatisticsData data(nullptr);
@@ -97,7 +97,7 @@ private slots:
         QVERIFY(CorrectDigits(data.GetSigma(), held) >= 13.0);
     }
 
-    void whatIsCountedButNotAveraged()
+    void WhatIsCountedButNotAveraged()
     {
         StatisticsData data(nullptr);
         QVERIFY(!data.HasStatisticDetails());
@@ -118,7 +118,7 @@ private slots:
         QCOMPARE(data.GetSigma(), 0.0);
     }
 
-    void hugeValues()
+    void HugeValues()
     {
         constexpr double largest = std::numeric_limits<double>::max();
         StatisticsData data(nullptr);
@@ -133,7 +133,7 @@ private slots:
         QCOMPARE(integers.GetSigma(), 1.0);
     }
 
-    void capability_data()
+    void Capability_data()
     {
         const Rows<Limits, Values, double> row;
         const Values values{9, 10, 11}; // mean 10, sigma 1
@@ -153,7 +153,7 @@ private slots:
         row("inverted", inverted, values, NaN);
         row("text", SampleModels::TextLimit("9"), values, NaN);
     }
-    void capability()
+    void Capability()
     {
         const auto [limits, values, cpk] = CurrentRow<Limits, Values, double>();
         StatisticsData data(nullptr);
@@ -162,7 +162,7 @@ private slots:
         QCOMPARE(data.GetCpk(), cpk);
     }
 
-    void limitsThatChange()
+    void LimitsThatChange()
     {
         StatisticsData data(nullptr);
         Add(data, 9.0, Real("<=", 1, "<=", 11));
@@ -181,7 +181,7 @@ private slots:
         QVERIFY(sharper.HaveLimitsChanged());
     }
 
-    void resultsOnDemand()
+    void ResultsOnDemand()
     {
         const auto measurement =
             QSharedPointer<TestMeasurement>::create(1, QString(), ZYN_ADDRESS_INTEGER, nullptr, 0u, -1);
@@ -204,7 +204,7 @@ private slots:
         QCOMPARE(data.GetResult(int(values.size())), nullptr);
     }
 
-    void texts_data()
+    void ShownTexts_data()
     {
         const Rows<Limits, Values, bool, QString> row;
         const Values millivolts{0.0031, 0.0033, 0.0034};
@@ -216,7 +216,7 @@ private slots:
             Values{16, 255, 17}, true, "10|ff|96|137.699|0.232391|0|ff|hex");
         row("one value", Real("<=", -3, "<=", 3), Values{-2.5}, false, "-2.5|-2.5|-2.5|||-3|3|V");
     }
-    void texts()
+    void ShownTexts()
     {
         const auto [limits, values, scaled, texts] = CurrentRow<Limits, Values, bool, QString>();
         StatisticsData data(nullptr);

@@ -46,7 +46,7 @@ class TestPlanExportTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void board()
+    void Board()
     {
         for (const bool excludeBinIds : {false, true}) {
             const QString golden = excludeBinIds ? "board-without-bin-ids.tpl" : "board.tpl";
@@ -58,7 +58,7 @@ private slots:
         }
     }
 
-    void validationProperties()
+    void ValidationProperties()
     {
         const auto validation = QSharedPointer<OpenValidation>::create();
         const auto written = [&](bool excludeBinIds) {
@@ -77,7 +77,7 @@ private slots:
     }
 
     // The builder keeps its device after the end of a document: others must be able to read it all the same.
-    void serviceIsReused()
+    void ServiceIsReused()
     {
         const auto program = SamplePlan::Program();
         const QByteArray expected = Export(program.get());
@@ -93,7 +93,7 @@ private slots:
     }
 
     // A walk that breaks off leaves elements open in the stream writer.
-    void failedWalkLeavesNothingBehind()
+    void FailedWalkLeavesNothingBehind()
     {
         const auto program = SamplePlan::Program();
         const QByteArray expected = Export(program.get());
@@ -112,7 +112,7 @@ private slots:
         QCOMPARE(content.count("<TestPlan "), 1);
     }
 
-    void deviceFromOutsideStaysOpen()
+    void DeviceFromOutsideStaysOpen()
     {
         QBuffer buffer;
         CTestPlanBuilderXML builder(false);
@@ -129,7 +129,7 @@ private slots:
     }
 
     // The stream writer would drop these and all that follows.
-    void textsThatAreNoXml()
+    void TextsThatAreNoXml()
     {
         const QString bad = QString("a") + QChar(0xD800) + "b" + QChar(0x0001) + u'c';
         const auto validation = QSharedPointer<OpenValidation>::create();
@@ -142,7 +142,7 @@ private slots:
         QVERIFY(content.contains("<Property Name=\"Z\">1</Property>") && content.endsWith("</TestPlan>\n"));
     }
 
-    void deepCategories()
+    void DeepCategories()
     {
         constexpr int depth = 100000;
         const QByteArray content = Export(SamplePlan::DeepProgram(depth).get());

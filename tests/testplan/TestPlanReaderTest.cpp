@@ -26,7 +26,7 @@ private slots:
     // Integer and real attributes keep their types; everything else comes back as text: booleans and unknown
     // types of attributes, all of a validation, both switches. Unit and type of a validation do not come
     // back.
-    void whatComesBackAsWhat()
+    void WhatComesBackAsWhat()
     {
         const QString fileName = folder.filePath("board.tpl");
         CExportServiceTestPlan service(false);
@@ -39,7 +39,7 @@ private slots:
                  QString());
     }
 
-    void content_data()
+    void Content_data()
     {
         const Rows<QByteArray, QString> row;
         row("root without content", "<TestPlan Version='3.0.0'/>", "");
@@ -80,7 +80,7 @@ private slots:
             "Properties <Ω\n  &: QString 'a<b>>c'\n");
         row("a document type without entities", "<!DOCTYPE TestPlan [<!ELEMENT a ANY>]>" + Plan(""), "");
     }
-    void content()
+    void Content()
     {
         const auto [document, plan] = CurrentRow<QByteArray, QString>();
         QString errorText;
@@ -91,7 +91,7 @@ private slots:
         QCOMPARE(SamplePlan::Describe(*read), plan);
     }
 
-    void refused_data()
+    void Refused_data()
     {
         const Rows<QByteArray, QString> row;
         const char* const otherRoot = "The file is not an TestPlan file\tLine 1, column ";
@@ -125,7 +125,7 @@ private slots:
         row("start tag with many attributes", Plan("\n<Properties Ident='1'" + crowd + "/>"),
             "The start tag in line 2 has more than 64 attributes\tLine 1, column ");
     }
-    void refused()
+    void Refused()
     {
         const auto [document, errorText] = CurrentRow<QByteArray, QString>();
         QString text;
@@ -136,7 +136,7 @@ private slots:
         QVERIFY2(text.contains(position), qPrintable(text));
     }
 
-    void cannotBeOpened()
+    void CannotBeOpened()
     {
         const QString missing = folder.filePath("missing %1.tpl");
         QString text;

@@ -11,7 +11,7 @@ using namespace ZYN;
 class UnitSideTest : public QObject {
     Q_OBJECT
 private slots:
-    void aSessionIsOwned()
+    void ASessionIsOwned()
     {
         UUTTest test(1, QString());
         auto* const session = new ZYNSession;
@@ -23,7 +23,7 @@ private slots:
         QVERIFY(test.GetResultSets().isEmpty());
     }
 
-    void aProductTypeThatSaysNothingIsNone()
+    void AProductTypeThatSaysNothingIsNone()
     {
         UUTTest test(1, QString());
         const auto unit = QSharedPointer<UnitUnderTest>::create(0, QString());
@@ -38,7 +38,7 @@ private slots:
         QCOMPARE(test.GetProductType(), unit->GetProductType());
     }
 
-    void keysThatAreNoNames()
+    void KeysThatAreNoNames()
     {
         const QStringList good{"BoardRevision", "_a", QString("\u00c4_1.-"), "_GoldenDevice1"};
         const QStringList bad{"",    "1a",     "no name", "a:b",          "xmlns",        "a=\"\" b",
@@ -55,7 +55,7 @@ private slots:
         QCOMPARE(panel->GetProductType()->GetUnsafeParameterKeys(), QStringList());
     }
 
-    void durations()
+    void Durations()
     {
         UUTTest test(1, QString());
         QCOMPARE(test.GetDurationStringFormated(), QString());
@@ -66,7 +66,7 @@ private slots:
         }
     }
 
-    void passwords()
+    void Passwords()
     {
         ZYNUser user("operator");
         QVERIFY(user.CheckPassword(QString()));
@@ -77,7 +77,7 @@ private slots:
         QVERIFY(!user.CheckPassword(QString()));
     }
 
-    void logIn()
+    void LogIn()
     {
         const auto workSpace = QSharedPointer<WorkSpace>::create(42, "line 3");
         ZYNSession session;
