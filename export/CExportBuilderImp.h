@@ -79,7 +79,7 @@ protected:
 
     /// Open the file without text translation.
     bool m_rawMode = false;
-    /// With `rawMode`: open it for reading and writing, and do not truncate it.
+    /// In raw mode: open it for reading and writing, and do not truncate it.
     bool m_readWrite = false;
 
 private:

@@ -27,7 +27,8 @@ inline long Id(const ManagedObject* object)
     return object->id;
 }
 
-/// The number whose decimal is the component's ident text; nothing where the ident is a text of its own.
+/// The number whose decimal is the component's ident text, as 12 is of "12"; nothing where a text of its own
+/// was set, be it "12" too.
 inline std::optional<long> NumberAsIdent(const TestComponent* component)
 {
     return component->HasIdentString() ? std::nullopt : std::optional(component->id);

@@ -24,8 +24,9 @@ struct Notation {
     int factor = 0;   ///< power of ten that the number is to be multiplied with
 };
 
-/// A measured value. Digits of a base have a sign or are a pattern of up to 64 bits.
-/// \param measuredType address code of the measurement. Of an integer, what is whole is read as one of 64
+/// A measured value. Digits of a base have a sign or are a pattern of up to 64 bits: of a hexadecimal unit
+/// "-1" and "ffffffffffffffff" are the same. \param measuredType address code of the measurement. Of an
+/// integer, what is whole is read as one of 64
 ///        bits: a real number would lose digits.
 QVariant ToValue(QStringView text, const Notation& notation, int measuredType, bool* ok = nullptr);
 

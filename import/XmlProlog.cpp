@@ -89,7 +89,8 @@ qint64 LineOfCrowdedTag(const QByteArray& markup)
 /// Why the document is refused once the reader has read this token of its prolog; empty for no reason.
 QString Refusal(const QXmlStreamReader& reader, int width)
 {
-    // Bytes that are looked at in one encoding must not be read in another.
+    // Bytes that are looked at in one encoding must not be read in another: a document that calls itself
+    // UTF-16 and begins in single bytes hides its tags from whoever looks at those.
     if (reader.isStartDocument() && !reader.documentEncoding().isEmpty() &&
         WidthOf(QStringConverter::encodingForName(reader.documentEncoding().toLatin1())) != width)
         return QObject::tr("The document is not in the encoding that it names: %1")

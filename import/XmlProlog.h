@@ -11,8 +11,7 @@ namespace ZYN::XmlProlog {
 /// formats needs them, is what makes a small document dear:
 /// - a start tag with more than `maximumAttributes`: the reader compares each attribute with all before it
 /// - declared entities and attributes: a few kilobytes of references grow to many megabytes, and declared
-/// attributes
-///   are gone through at every start tag
+///   attributes are gone through at every start tag
 /// \param document everything that the reader is going to read
 /// \return false when there is no root element; the reader has the error
 bool MoveToRoot(QXmlStreamReader& reader, const QByteArray& document);

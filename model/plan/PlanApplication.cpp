@@ -118,7 +118,8 @@ void PlanApplication::SetAttributes(const TestPlanData& data)
         for (const QString& name : level.data->GetPropertyNames())
             add(MakeAttribute(name, level.data->GetProperty(name), Take(level.former, name, false)));
         for (const TestPlanCategory* const category : level.data->GetCategories()) {
-            // Of several categories of one name each has its own former one.
+            // Of several categories of one name each has its own former one: the second "Axis" takes over
+            // from the second.
             const TestComponentAttr* const former = Take(level.former, category->GetName(), true);
             auto* const made = new TestComponentAttr(category->GetName(), TestComponentAttr::Category);
             add(made);
