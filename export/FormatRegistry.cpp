@@ -47,16 +47,16 @@ struct Row {
     Names names;
     QLatin1StringView extension;
     /// What a file name is searched for.
-    std::array<QLatin1StringView, 2> marks;
+    std::array<QLatin1StringView, 2> marks{};
     Factory create = nullptr;
     /// What it is good for. Without one the row is another name of a format.
     const char* purpose = nullptr;
     /// Where it stands in a list for people.
     int place = 0;
     /// What a file dialog offers; null where it does not offer the format.
-    QLatin1StringView mask;
+    QLatin1StringView mask{};
     /// What a file dialog calls it, where that is not its name.
-    QLatin1StringView title;
+    QLatin1StringView title{};
     /// One file takes the parts of many reports.
     bool takesManyReports = false;
 };

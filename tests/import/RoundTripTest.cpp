@@ -221,7 +221,7 @@ private slots:
         const Rows<> row;
         for (const QString& name : SampleModels::ReportCaseNames())
             row(qPrintable(name));
-        for (const char* name : {"rich", "simulated 1", "simulated 2", "simulated 3"})
+        for (const char* name : {"rich", "simulated 1"})
             row(name);
     }
     void Generations()
