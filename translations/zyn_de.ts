@@ -2762,5 +2762,29 @@ on top. As .pdf for paper, a measurement a third of a page.</source>
         <translation>Eine Datei ohne Skripte: Ausbeute, Fehler, jede Messung mit ihren Bildern, was wandert
 ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</translation>
     </message>
+    <message>
+        <source>attribute &apos;%1&apos; of &apos;%2&apos; is missing</source>
+        <translation>Attribut &apos;%1&apos; von &apos;%2&apos; fehlt</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; has not one attribute: the parameter&apos;s key was no name</source>
+        <translation>&apos;%1&apos; hat nicht genau ein Attribut: der Schlüssel des Parameters war kein Name</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; in &apos;%2&apos; is not in its place</source>
+        <translation>&apos;%1&apos; in &apos;%2&apos; steht nicht an seinem Platz</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; in &apos;%2&apos; is unknown</source>
+        <translation>&apos;%1&apos; in &apos;%2&apos; ist unbekannt</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is missing in &apos;%2&apos;</source>
+        <translation>&apos;%1&apos; fehlt in &apos;%2&apos;</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; is missing before &apos;%2&apos;</source>
+        <translation>&apos;%1&apos; fehlt vor &apos;%2&apos;</translation>
+    </message>
 </context>
 </TS>
