@@ -89,13 +89,14 @@ private slots:
 
     void LotsAreNoReports()
     {
-        for (const QString command : {"convert", "statistics"}) {
-            const auto outcome = folder.Zyn(command + " lot.stdf -o x.csv");
-            QCOMPARE(outcome.code, 1);
-            QVERIFY2(outcome.errors.contains(
-                         "zyn: lot.stdf: is no XML report but another kind of file: STDF file"),
-                     outcome.errors);
-        }
+        const auto refused = folder.Zyn("convert lot.stdf -o x.csv");
+        QCOMPARE(refused.code, 2);
+        QVERIFY2(refused.errors.contains("a lot becomes many reports"), refused.errors);
+        const auto outcome = folder.Zyn("statistics lot.stdf -o x.csv");
+        QCOMPARE(outcome.code, 1);
+        QVERIFY2(
+            outcome.errors.contains("zyn: lot.stdf: is no XML report but another kind of file: STDF file"),
+            outcome.errors);
     }
 
     void TwoProcessesLoseNothing()

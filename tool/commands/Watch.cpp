@@ -96,6 +96,7 @@ public:
         QObject::connect(&m_timer, &QTimer::timeout, qApp, [this] { TakeAll(); });
         Soon(0);
         QCoreApplication::exec();
+        m_folder.Ready(0); // counts anew
         m_status.Tell(QStringLiteral("ended"), m_error, m_folder.Waiting());
         return m_failed ? ExitFailed : ExitGood;
     }
