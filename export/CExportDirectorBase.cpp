@@ -88,10 +88,11 @@ bool CExportDirectorBase::ExportTestResultSet(TestResultSet* resultSet, IExportB
         builder->EndTestProgram(program.data());
     }
     if (!result)
-        qCWarning(logExport,
-                  "A run of '%ls' has no result for its program and is left out of the report: add one, or record "
-                  "the run with a RunRecorder.",
-                  qUtf16Printable(program->GetNameView()));
+        qCWarning(
+            logExport,
+            "A run of '%ls' has no result for its program and is left out of the report: add one, or record "
+            "the run with a RunRecorder.",
+            qUtf16Printable(program->GetNameView()));
     builder->EndTestResultSet(resultSet);
 
     if (!wasOpened)
