@@ -140,6 +140,14 @@ private slots:
         QVERIFY(ExportedText(service, {}).contains("style.xsl"));
     }
 
+    // Formats that are not for people to choose (native files, lots) are not offered.
+    void DialogsOfferReports()
+    {
+        QCOMPARE(CExportServiceReport::FileNameFilter(),
+                 QStringLiteral("XML File (*.xml);;PDF File (*.pdf);;HTML File (*.html);;CSV File (*.csv);;"
+                                "Text File (*.txt);;JSON File (*.json)"));
+    }
+
     void OutputCompleteFollowsTheLastRun()
     {
         CExportServicePrivate service;
