@@ -1055,10 +1055,6 @@ endet mit 1, wenn einer davon ein Fehler ist.</translation>
         <translation>Wandelt XML-Berichte (.zyr) in andere Formate um</translation>
     </message>
     <message>
-        <source>Reports, folders of reports, or - for standard input</source>
-        <translation>Berichte, Ordner mit Berichten oder - für die Standardeingabe</translation>
-    </message>
-    <message>
         <source>Folder to write into, one file for each report</source>
         <translation>Ausgabeordner, eine Datei je Bericht</translation>
     </message>
@@ -2558,10 +2554,6 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <translation>einen Namen wählen, der auf .csv oder .xlsx endet</translation>
     </message>
     <message>
-        <source>the archive is there again</source>
-        <translation>das Archiv ist wieder da</translation>
-    </message>
-    <message>
         <source>what comes waits in the folder</source>
         <translation>was kommt, wartet im Ordner</translation>
     </message>
@@ -2785,6 +2777,18 @@ ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</tran
     <message>
         <source>&apos;%1&apos; is missing before &apos;%2&apos;</source>
         <translation>&apos;%1&apos; fehlt vor &apos;%2&apos;</translation>
+    </message>
+    <message>
+        <source>Reports, STDF lots, folders of them, or - for standard input</source>
+        <translation>Berichte, STDF-Lose, Ordner damit, oder - für die Standardeingabe</translation>
+    </message>
+    <message>
+        <source>Reports, folders of reports, STDF lots, or - for standard input</source>
+        <translation>Berichte, Ordner mit Berichten, STDF-Lose, oder - für die Standardeingabe</translation>
+    </message>
+    <message>
+        <source>it goes on</source>
+        <translation>es geht weiter</translation>
     </message>
 </context>
 </TS>

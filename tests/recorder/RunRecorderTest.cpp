@@ -124,7 +124,7 @@ private slots:
                 recorder.Measure(u"Voltage"_s, 5.0);
             });
         row("retest",
-            failed.chopped(0).replace(0, 4, u"PASS"_s) + u" | 2: "_s + above.arg(u"PASS"_s) + u"5 V=5 PASS"_s,
+            QString(failed).replace(0, 4, u"PASS"_s) + u" | 2: "_s + above.arg(u"PASS"_s) + u"5 V=5 PASS"_s,
             {}, [](RunRecorder& recorder, Planned& planned) {
                 recorder.Measure(planned.rail, 5.21);
                 recorder.Retest();

@@ -1,5 +1,5 @@
-"""A folder that is watched: watch.py ZYN KILLS. Reports come by and by, complete or growing, one of them broken
-and one twice under one name; the watcher is killed KILLS times in the middle. In the end the archive answers as
+"""A folder that is watched: watch.py ZYN KILLS. Reports come by and by, complete or growing, with an STDF
+lot among them, one of them broken and one twice under one name; the watcher is killed KILLS times in the middle. In the end the archive answers as
 the folder of all reports does, each report stands converted, and nothing was lost or doubled."""
 import json
 import pathlib
@@ -22,6 +22,7 @@ def main(zyn, kills):
 
         run("simulate", "-q", "-d", "lot", "--panels", "30", "--seed", "5")
         (folder / "lot/MCB-48.tpl").unlink(), (folder / "lot/bins.ini").unlink()
+        assert run("convert", "-q", "lot", "-o", "lot/parts.stdf").returncode == 0
         (folder / "hot").mkdir()
         assert run("archive", "create", "line.zya").returncode == 0
         watch = ["watch", "hot", "--archive", "line.zya", "--to", "csv", "-f", "CSV", "--status", "status.json"]
@@ -39,13 +40,13 @@ def main(zyn, kills):
                     file.write(content[len(content) // 2 :])
             if number < kills:
                 time.sleep(chance.random())
-                killed += any((folder / "hot").glob("*.zyr"))
+                killed += any((folder / "hot").glob("*.*"))
                 watcher.kill()
                 watcher.wait()
         (folder / "hot/broken.zyr").write_bytes(broken)
         shutil.copy(reports[0], folder / "hot" / reports[0].name)
         for _ in range(600):
-            if not any((folder / "hot").glob("*.zyr")):
+            if not any((folder / "hot").glob("*.*")):
                 break
             time.sleep(0.1)
         watcher.send_signal(signal.SIGTERM)
@@ -55,11 +56,14 @@ def main(zyn, kills):
 
         names = sorted(path.name for path in (folder / "hot/done").iterdir())
         again = reports[0].stem + " (2).zyr"
+        parts = json.loads(run("yield", "lot/parts.stdf", "--json").stdout)["runs"]
+        assert len(list((folder / "csv/parts").glob("*.csv"))) == parts > 0
         assert names == sorted([again, *(report.name for report in reports)]), names
         assert all((folder / "hot/done" / r.name).read_bytes() == r.read_bytes() for r in reports)
         assert (folder / "hot/error/broken.zyr").read_bytes() == broken
         assert "broken.zyr" in (folder / "hot/error/broken.zyr.reason.txt").read_text()
-        assert sorted(path.stem for path in (folder / "csv").glob("panel-*.csv")) == [report.stem for report in reports]
+        stems = [report.stem for report in reports if report.suffix == ".zyr"]
+        assert sorted(path.stem for path in (folder / "csv").glob("panel-*.csv")) == stems
         for question in (["yield", "--by", "position"], ["failures", "--all"], ["measure"], ["units"]):
             answers = [run(question[0], source, *question[1:], "--json").stdout for source in ("line.zya", "lot")]
             assert answers[0] == answers[1] != "", question

@@ -217,7 +217,7 @@ Command ArchiveCommand(CommandLine& zyn, const Manners& manners)
         {"zyn archive create line.zya", "zyn archive create postgresql://zyn@server/results"});
     CommandLine add =
         AddCommand(archive, "add", Texts::tr("Put the runs of reports into an archive"), arguments);
-    add.Inputs("INPUT", arguments->inputs, Texts::tr("Reports, folders of reports, or - for standard input"));
+    add.Inputs("INPUT", arguments->inputs, Texts::tr("Reports, STDF lots, folders of them, or - for standard input"));
     add.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object an input and line"));
     add.Footer(
         Texts::tr("What is there already is not added again. Of a run that is there with another content\n"

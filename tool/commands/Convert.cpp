@@ -5,6 +5,7 @@
 #include "kinds/ReportConversion.h"
 #include "kinds/ReportFile.h"
 #include "lots/LotAppend.h"
+#include "lots/LotConversion.h"
 #include "lots/LotUnits.h"
 #include "terminal/Progress.h"
 #include "terminal/Terminal.h"
@@ -48,11 +49,15 @@ struct Job {
 
 QString FormatOf(const Arguments& arguments)
 {
-    if (!arguments.format.empty())
-        return QString::fromStdString(arguments.format).trimmed().toUpper();
+    const auto ofExtension = [](const QString& extension) {
+        return CExportServiceReport::FormatForExtension(QLatin1Char('.') + extension.toLower());
+    };
     // Only the end of the name counts, whatever its folders are called.
-    return CExportServiceReport::FormatForExtension(QLatin1Char('.') +
-                                                    QFileInfo(PathOf(arguments.file)).suffix().toLower());
+    if (arguments.format.empty())
+        return ofExtension(QFileInfo(PathOf(arguments.file)).suffix());
+    const QString name = QString::fromStdString(arguments.format).trimmed().toUpper();
+    const QString native = CExportServiceReport::ValidFormat(name) ? QString() : ofExtension(name);
+    return native.isEmpty() ? name : native; // "zyr" means XML
 }
 
 // One file that takes the parts of many reports.
@@ -95,13 +100,9 @@ QString OutputName(const Arguments& arguments, const Input& input, const QString
 {
     if (!arguments.file.empty())
         return PathOf(arguments.file);
-    const QString folder = PathOf(arguments.folder) + QLatin1Char('/');
-    if (!isLot)
-        return QDir::cleanPath(folder + ConvertedName(input.relative, format));
-    static const QRegularExpression packed(QStringLiteral("\\.(gz|bz2|xz|zst)$"),
-                                           QRegularExpression::CaseInsensitiveOption);
-    const QFileInfo relative(QString(input.relative).remove(packed));
-    return QDir::cleanPath(folder + relative.path() + QLatin1Char('/') + relative.completeBaseName());
+    return QDir::cleanPath(
+        PathOf(arguments.folder) + QLatin1Char('/') +
+        (isLot ? ConvertedLotName(input.relative) : ConvertedName(input.relative, format)));
 }
 
 // Every output must have one source, and none may be an input: found before anything is written.
@@ -123,26 +124,6 @@ int CheckConflicts(const QList<Job>& jobs, const InputFiles& inputs)
         }
     }
     return ExitGood;
-}
-
-// A report for each run of an STDF lot.
-QList<Conversion> ConvertLot(const Job& lot, const ReportConversion& conversion, int threads)
-{
-    QList<Conversion> conversions;
-    const std::optional<Problem> problem = ForEachUnits(lot.input, [&](const std::vector<LotUnit>& units) {
-        std::vector<Conversion> done(units.size());
-        ForEachIndex(qsizetype(units.size()), threads, [&](qsizetype index) {
-            const LotUnit& unit = units[size_t(index)];
-            const QString output = lot.output + QLatin1Char('/') + unit.name + QLatin1Char('.') +
-                                   CExportServiceReport::ExtensionForFormat(conversion.format);
-            done[size_t(index)] = {lot.input.name, output,
-                                   ConvertTest(unit.test.get(), lot.input.name, output, conversion)};
-        });
-        conversions.append(QList<Conversion>(done.begin(), done.end()));
-    });
-    if (problem)
-        conversions.append({lot.input.name, lot.output, problem});
-    return conversions;
 }
 
 // Makes the folders of the outputs, so that no two threads do.
@@ -181,7 +162,8 @@ QList<Conversion> ConvertAll(const QList<Job>& jobs, const Arguments& arguments,
     for (qsizetype index = 0; index < jobs.size(); ++index) {
         if (!jobs.at(index).isLot)
             continue;
-        conversions[size_t(index)] = ConvertLot(jobs.at(index), conversion, threads);
+        conversions[size_t(index)] =
+            ConvertLot(jobs.at(index).input, jobs.at(index).output, conversion, threads);
         progress.Step();
     }
     QList<Conversion> all;
@@ -294,7 +276,7 @@ Command ConvertCommand(CommandLine& zyn, const Manners& manners)
         zyn.Subcommand("convert", Texts::tr("Convert XML reports (.zyr) into other formats"));
     const auto arguments = std::make_shared<Arguments>();
     convert.Inputs("INPUT", arguments->inputs,
-                   Texts::tr("Reports, folders of reports, or - for standard input"));
+                   Texts::tr("Reports, folders of reports, STDF lots, or - for standard input"));
     convert
         .Value("-o,--output", arguments->file,
                Texts::tr("File to write; its extension chooses the format; - for standard output"))

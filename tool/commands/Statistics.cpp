@@ -134,7 +134,7 @@ int Run(const Arguments& arguments, const Manners& manners)
     if (const int usage = CheckUsage(arguments, FormatOf(arguments)))
         return usage;
     QList<Problem> problems;
-    const QList<Input> inputs = ExpandInputs(arguments.inputs, ReportExtensions(), &problems);
+    const QList<Input> inputs = ExpandInputs(arguments.inputs, RunExtensions(), &problems);
     std::unique_ptr<SafeOutput> output;
     if (!arguments.file.empty()) {
         output = std::make_unique<SafeOutput>(PathOf(arguments.file), arguments.force);
@@ -168,7 +168,7 @@ Command StatisticsCommand(CommandLine& zyn, const Manners& manners)
     CommandLine statistics = zyn.Subcommand("statistics", Texts::tr("Summarise the reports of a lot"));
     const auto arguments = std::make_shared<Arguments>();
     statistics.Inputs("INPUT", arguments->inputs,
-                      Texts::tr("Reports, folders of reports, or - for standard input"));
+                      Texts::tr("Reports, STDF lots, folders of them, or - for standard input"));
     statistics
         .Value("-o,--output", arguments->file,
                Texts::tr("File for the figures; its extension chooses the format; - for standard output"))

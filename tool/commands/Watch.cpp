@@ -1,7 +1,9 @@
 #include "commands/Command.h"
 #include "files/Inputs.h"
-#include "kinds/ReportConversion.h"
+#include "files/Parallel.h"
 #include "loading/RunLoader.h"
+#include "lots/LotConversion.h"
+#include "lots/LotUnits.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
 #include "watch/HotFolder.h"
@@ -74,6 +76,22 @@ private:
     bool m_come = false;
 };
 
+// Trouble with the report has the report's name, with what is written another one.
+std::optional<Problem> ConvertInto(const Target& target, const Input& input)
+{
+    const QString to = target.folder + QLatin1Char('/');
+    const ReportConversion conversion{.format = target.format, .replace = true};
+    if (!IsLot(input))
+        return ConvertReport(input, to + ConvertedName(input.relative, target.format), conversion);
+    const QString folder = to + ConvertedLotName(input.relative);
+    if (!QDir().mkpath(folder))
+        return Problem{folder, 0, Texts::tr("the folder cannot be created"), Texts::tr("choose another one")};
+    for (const Conversion& made : ConvertLot(input, folder, conversion, AllCores()))
+        if (made.problem)
+            return made.problem;
+    return std::nullopt;
+}
+
 class Watcher {
 public:
     Watcher(const Arguments& arguments, QList<Target> targets, const Manners& manners)
@@ -96,17 +114,13 @@ public:
         QObject::connect(&m_timer, &QTimer::timeout, qApp, [this] { TakeAll(); });
         Soon(0);
         QCoreApplication::exec();
-        m_folder.Ready(0); // counts anew
-        m_status.Tell(QStringLiteral("ended"), m_error, m_folder.Waiting());
+        m_folder.Ready(); // counts anew
+        m_status.Tell(QStringLiteral("ended"), m_trouble, m_folder.Waiting());
         return m_failed ? ExitFailed : ExitGood;
     }
 
 private:
-    void Soon(int milliseconds)
-    {
-        if (m_error.isEmpty() || milliseconds > 0)
-            m_timer.start(milliseconds);
-    }
+    void Soon(int milliseconds) { m_timer.start(milliseconds); }
 
     void Leave()
     {
@@ -116,72 +130,80 @@ private:
 
     void TakeAll()
     {
-        bool isMore = OpenArchive();
-        while (isMore && !m_ending.HasCome()) {
-            const QList<Input> ready = m_folder.Ready(FilesAtOnce);
-            isMore = !ready.isEmpty() && Take(ready);
-            m_status.Tell(QStringLiteral("watching"), {}, m_folder.Waiting());
+        m_trouble.clear();
+        QList<Input> ready = m_folder.Ready();
+        while (!ready.isEmpty() && OpenArchive() && !m_ending.HasCome()) {
+            Take(ready.mid(0, FilesAtOnce));
+            ready.remove(0, qMin(FilesAtOnce, ready.size()));
+            m_status.Tell(State(), m_trouble, ready.size());
         }
         FlushOutput();
-        if (m_ending.HasCome() || (m_once && m_error.isEmpty() && m_folder.Waiting() == 0))
+        TellOfTrouble();
+        if (m_ending.HasCome() || (m_once && m_trouble.isEmpty() && IsEmpty()))
             QCoreApplication::quit();
-        if (!m_error.isEmpty())
-            m_status.Tell(QStringLiteral("waiting for the archive"), m_error, m_folder.Waiting());
-        Soon(m_error.isEmpty() ? ScanMilliseconds : m_pause);
+        m_status.Tell(State(), m_trouble, m_folder.Waiting());
+        Soon(m_pause);
     }
 
+    bool IsEmpty()
+    {
+        m_folder.Ready();
+        return m_folder.Waiting() == 0;
+    }
+
+    QString State() const
+    {
+        return m_trouble.isEmpty() ? QStringLiteral("watching") : QStringLiteral("waiting");
+    }
+
+    // Once when it begins and once when it ends, however often it is tried in between.
+    void TellOfTrouble()
+    {
+        if (!m_trouble.isEmpty() && m_told.isEmpty())
+            PrintProblem({{}, 0, m_trouble, Texts::tr("what comes waits in the folder")});
+        if (m_trouble.isEmpty() && !m_told.isEmpty())
+            PrintNote(Texts::tr("it goes on"));
+        m_told = m_trouble;
+        m_pause = m_trouble.isEmpty() ? ScanMilliseconds : qMin(2 * m_pause, LongestPause);
+    }
+
+    // \return false where the archive is away, or there is other trouble that ends without us
     bool OpenArchive()
     {
-        if (m_isOpen)
-            return true;
-        m_archive = std::make_unique<Archive>();
-        if (!m_archive->Open(m_url, Archive::Mode::ReadWrite)) {
-            Lose(m_archive->GetErrorText());
-            return false;
-        }
-        if (!m_error.isEmpty())
-            PrintNote(Texts::tr("the archive is there again"));
-        m_isOpen = true;
-        m_error.clear();
-        m_pause = ScanMilliseconds;
-        return true;
+        if (!m_trouble.isEmpty())
+            m_archive.reset();
+        if (m_archive || !m_trouble.isEmpty())
+            return m_trouble.isEmpty();
+        auto archive = std::make_unique<Archive>();
+        if (archive->Open(m_url, Archive::Mode::ReadWrite))
+            m_archive = std::move(archive);
+        else
+            m_trouble = archive->GetErrorText();
+        return m_trouble.isEmpty();
     }
 
-    // The archive is away: what is in the folder waits.
-    void Lose(const QString& error)
-    {
-        if (m_error.isEmpty())
-            PrintProblem({{}, 0, error, Texts::tr("what comes waits in the folder")});
-        m_error = error;
-        m_isOpen = false;
-        m_pause = std::min(2 * m_pause, LongestPause);
-    }
-
-    // \return whether there may be more to take now
-    bool Take(const QList<Input>& ready)
+    void Take(const QList<Input>& inputs)
     {
         const std::optional<Problem> failure =
-            LoadRuns(*m_archive, ready, false, [&](const LoadedInput& loaded) {
+            LoadRuns(*m_archive, inputs, false, [&](const LoadedInput& loaded) {
                 if (!loaded.problem)
                     Finish(loaded);
-                else if (m_archive->IsFaultOfRuns() || loaded.problem->file == loaded.input->name)
+                else if (loaded.problem->file == loaded.input->name)
                     GiveUp(*loaded.input, TextOf(*loaded.problem));
             });
         if (failure)
-            Lose(failure->what);
-        return !failure;
+            m_trouble = TextOf(*failure);
     }
 
     // In the archive already: whatever happens from here on, a second time does no harm.
     void Finish(const LoadedInput& loaded)
     {
         for (const Target& target : m_targets) {
-            const QString output =
-                target.folder + QLatin1Char('/') + ConvertedName(loaded.input->relative, target.format);
-            const ReportConversion conversion{.format = target.format, .replace = true};
-            if (const std::optional<Problem> problem = ConvertReport(*loaded.input, output, conversion)) {
-                if (m_folder.GiveUp(*loaded.input, TextOf(*problem)))
-                    Say(*loaded.input, TextOf(*problem));
+            const std::optional<Problem> problem = ConvertInto(target, *loaded.input);
+            if (problem && problem->file == loaded.input->name)
+                return GiveUp(*loaded.input, TextOf(*problem));
+            if (problem) {
+                m_trouble = TextOf(*problem); // a full disk, for instance: the report is good
                 return;
             }
         }
@@ -214,11 +236,11 @@ private:
     WatchStatus m_status;
     const Manners& m_manners;
     bool m_once;
-    EndSignals m_ending; // before any thread: all of them leave these signals to it
-    std::unique_ptr<Archive> m_archive;
-    bool m_isOpen = false;
+    EndSignals m_ending;                // before any thread: all of them leave these signals to it
+    std::unique_ptr<Archive> m_archive; // null while it is away
     bool m_failed = false;
-    QString m_error; // why the archive is away
+    QString m_trouble; // why reports wait, as of the last try
+    QString m_told;    // the same, as it was told
     int m_pause = ScanMilliseconds;
     QTimer m_timer;
 };

@@ -2,6 +2,7 @@
 
 #include "files/Parallel.h"
 #include "kinds/ReportFile.h"
+#include "lots/LotUnits.h"
 #include "terminal/Texts.h"
 
 #include <ZYNCommon/StatisticsData.h>
@@ -32,7 +33,7 @@ QString NameOf(const StatisticsData* entry)
 
 struct LotReader::Report {
     QString source;
-    std::unique_ptr<UUTTest> test = {};
+    QSharedPointer<UUTTest> test = {};
     QSet<const TestResultSet*> elsewhere = {}; // result sets that count in another report
     std::optional<Problem> problem = {};
 };
@@ -40,31 +41,49 @@ struct LotReader::Report {
 // Calls `take` for one report after the other, in their order. Waiting for the turn bounds the memory: no
 // thread is further ahead than one report.
 template <typename Take>
-void LotReader::ForEachReport(const Take& take)
+void LotReader::ForEachReport(const Take& take, Progress& progress)
 {
     std::mutex mutex;
     std::condition_variable turnTaken;
     qsizetype next = 0; // index of the input whose turn it is
     ForEachIndex(m_inputs.size(), AllCores(), [&](qsizetype index) {
         const Input& input = m_inputs.at(index);
+        const bool isLot = IsLot(input);
         Report report{.source = input.name};
-        report.test = ReadReport(input.path, input.name, &report.problem);
+        if (!isLot)
+            report.test.reset(ReadReport(input.path, input.name, &report.problem).release());
         if (report.test)
             report.elsewhere = m_counted.CountedElsewhere(*report.test, input.name);
         std::unique_lock lock(mutex);
         turnTaken.wait(lock, [&] { return next == index; });
-        take(report);
+        if (m_sources.contains(input.name)) // the same file, named twice
+            ++m_reports;
+        else if (isLot)
+            TakeLot(input, take);
+        else
+            take(report);
+        m_sources.insert(input.name);
+        progress.Step();
         ++next;
         turnTaken.notify_all();
     });
 }
 
+// The parts of an STDF lot, each as a report.
+template <typename Take>
+void LotReader::TakeLot(const Input& input, const Take& take)
+{
+    Report last{.source = input.name};
+    last.problem = ForEachUnits(input, [&](const std::vector<LotUnit>& units) {
+        for (const LotUnit& unit : units)
+            take({.source = input.name, .test = unit.test});
+    });
+    take(last);
+}
+
 void LotReader::Read(Progress& progress)
 {
-    ForEachReport([&](const Report& report) {
-        Collect(report);
-        progress.Step();
-    });
+    ForEachReport([&](const Report& report) { Collect(report); }, progress);
 }
 
 void LotReader::Collect(const Report& report)
@@ -74,9 +93,6 @@ void LotReader::Collect(const Report& report)
     if (!report.test)
         return;
     ++m_reports;
-    if (m_sources.contains(report.source)) // the same file, named twice
-        return;
-    m_sources.insert(report.source);
     m_collector.AddUnit(report.test.get(), report.elsewhere);
     const auto count = [&](const UUTTest& test) {
         for (const TestResultSet* const set : test.GetResultSets())

@@ -13,7 +13,7 @@
 
 namespace ZYN::Tool {
 
-/// Reads the reports of a lot on all cores and collects their statistics.
+/// Reads reports and STDF lots on all cores and collects their statistics.
 ///
 /// Reports are parsed side by side but taken over in input order, one at a time, and freed at once: the
 /// outcome does not depend on the number of cores, and what stays in memory is the measured values.
@@ -45,7 +45,9 @@ private:
     QStringList RemarksOnPresence(const QString& program, int runs, bool all) const;
     QStringList RemarksOnLimits() const;
     template <typename Take>
-    void ForEachReport(const Take& take);
+    void ForEachReport(const Take& take, Progress& progress);
+    template <typename Take>
+    void TakeLot(const Input& input, const Take& take);
 
     const QList<Input>& m_inputs;
     const CountedSets& m_counted;

@@ -52,7 +52,7 @@ QString HotFolder::Prepare() const
     return {};
 }
 
-QList<Input> HotFolder::Ready(qsizetype most)
+QList<Input> HotFolder::Ready()
 {
     QStringList names;
     QDirIterator files(m_folder, QDir::Files | QDir::Hidden);
@@ -67,7 +67,7 @@ QList<Input> HotFolder::Ready(qsizetype most)
     QList<Input> ready;
     for (const QString& name : std::as_const(names)) {
         const QString path = m_folder + QLatin1Char('/') + name;
-        if (ready.size() < most && !IsUnfinished(path))
+        if (!IsUnfinished(path))
             ready.append({path, name, name});
     }
     return ready;
@@ -86,8 +86,7 @@ bool HotFolder::IsUnfinished(const QString& path)
 
 void HotFolder::MoveToDone(const Input& input)
 {
-    QString to;
-    Move(input, QStringLiteral("done"), &to);
+    Move(input, QStringLiteral("done"));
 }
 
 bool HotFolder::GiveUp(const Input& input, const QString& reason)
@@ -104,9 +103,7 @@ bool HotFolder::GiveUp(const Input& input, const QString& reason)
         }
         return false;
     }
-    QString to;
-    Move(input, QStringLiteral("error"), &to);
-    QSaveFile beside(to + QLatin1String(".reason.txt"));
+    QSaveFile beside(Move(input, QStringLiteral("error")) + QLatin1String(".reason.txt"));
     if (beside.open(QIODevice::WriteOnly)) {
         beside.write(reason.toUtf8() + '\n');
         beside.commit();
@@ -114,20 +111,22 @@ bool HotFolder::GiveUp(const Input& input, const QString& reason)
     return true;
 }
 
-void HotFolder::Move(const Input& input, const QString& subfolder, QString* to)
+/// \return where it is now
+QString HotFolder::Move(const Input& input, const QString& subfolder)
 {
     m_unfinished.remove(input.path);
     const QString folder = m_folder + QLatin1Char('/') + subfolder + QLatin1Char('/');
-    *to = folder + input.relative;
+    QString to = folder + input.relative;
     // What is there is never replaced: it is another content of the same name.
-    for (int number = 2; !QFile::rename(input.path, *to); ++number) {
-        if (!QFileInfo::exists(*to)) {
-            PrintProblem({input.path, 0, Texts::tr("cannot be moved to %1").arg(*to),
+    for (int number = 2; !QFile::rename(input.path, to); ++number) {
+        if (!QFileInfo::exists(to)) {
+            PrintProblem({input.path, 0, Texts::tr("cannot be moved to %1").arg(to),
                           Texts::tr("check the rights of the folder")});
-            return;
+            break;
         }
-        *to = folder + Numbered(input.relative, number);
+        to = folder + Numbered(input.relative, number);
     }
+    return to;
 }
 
 } // namespace ZYN::Tool

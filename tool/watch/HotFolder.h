@@ -20,9 +20,8 @@ public:
     /// \return why that is not possible; empty when it was
     QString Prepare() const;
     /// Files that may be read now, by name: not those that were left as unfinished and are unchanged since.
-    /// \param most how many at most
-    QList<Input> Ready(qsizetype most);
-    /// How many files are there, ready or not.
+    QList<Input> Ready();
+    /// How many files were there when it was asked last, ready or not.
     qsizetype Waiting() const { return m_waiting; }
 
     void MoveToDone(const Input& input);
@@ -38,7 +37,7 @@ private:
     };
 
     bool IsUnfinished(const QString& path);
-    void Move(const Input& input, const QString& subfolder, QString* to);
+    QString Move(const Input& input, const QString& subfolder);
 
     QString m_folder;
     QHash<QString, Seen> m_unfinished; ///< by path

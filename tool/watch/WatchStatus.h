@@ -14,7 +14,7 @@ public:
 
     void Archived(const QString& input);
     void Failed(const QString& input, const QString& reason);
-    /// \param state "watching", "waiting for the archive", "ended"
+    /// \param state "watching", "waiting", "ended"
     /// \param error why it waits; empty else
     void Tell(const QString& state, const QString& error, qint64 waiting);
 
