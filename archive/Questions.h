@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -185,8 +186,14 @@ ZYNARCHIVE_EXPORT std::optional<std::vector<FailureRow>> AskFailures(const Archi
 ZYNARCHIVE_EXPORT std::optional<std::vector<MeasureRow>>
 AskMeasures(const Archive& archive, const RunFilter& filter, const MeasureOptions& options);
 
-/// All measurements, lowest CPK first, with the values of one of them at a time: as records all of them
-/// together take much more memory than as numbers.
+/// What was measured of one row, in order of time: finite numbers and the codes of their verdicts.
+struct MeasuredNumbers {
+    std::span<const double> values;
+    std::span<const std::int16_t> codes; ///< as many
+};
+
+/// All measurements, lowest CPK first, with what was measured as numbers: as records of `AskMeasures` these
+/// take ten times the memory.
 class ZYNARCHIVE_EXPORT MeasureAnswer {
 public:
     MeasureAnswer();
@@ -198,8 +205,10 @@ public:
     bool Ask(const Archive& archive, const RunFilter& filter);
     /// Without values.
     const std::vector<MeasureRow>& GetRows() const;
-    /// Those of a row, in order of time.
-    std::vector<MeasuredValue> ValuesOf(std::size_t row) const;
+    /// Borrowed: valid as long as this answer.
+    MeasuredNumbers NumbersOf(std::size_t row) const;
+    /// Of which unit a number of a row is, and when it was measured.
+    const RunPlace& PlaceOf(std::size_t row, std::size_t number) const;
 
 private:
     class Private;

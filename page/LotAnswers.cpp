@@ -1,5 +1,7 @@
 #include "page/LotAnswers.h"
 
+#include <QtCore/QSet>
+
 #include <algorithm>
 
 namespace ZYN::Page {
@@ -7,6 +9,7 @@ namespace ZYN::Page {
 namespace {
 
 constexpr std::size_t mostPoints = 60;
+constexpr std::size_t leastPoints = 5;
 
 // An answer's rows go to their place. \return whether there was one
 template <typename Rows>
@@ -17,13 +20,26 @@ bool Take(std::optional<Rows> answer, Rows* rows)
     return answer.has_value();
 }
 
-// Hours where they are few enough, else the next larger step.
+// Parts of time, whatever programs there are in each.
+std::size_t PartsIn(const std::vector<YieldRow>& rows)
+{
+    QSet<QString> parts;
+    for (const YieldRow& row : rows)
+        parts.insert(row.group.back().second);
+    return std::size_t(parts.size());
+}
+
+// Hours where they are few enough, else the next larger step, unless that makes too few.
 bool AskOverTime(const Archive& archive, const RunFilter& filter, std::vector<YieldRow>* rows)
 {
     for (const GroupBy step : {GroupBy::Hour, GroupBy::Day, GroupBy::Week, GroupBy::Month}) {
-        if (!Take(AskYield(archive, filter, {step}), rows))
+        std::vector<YieldRow> larger;
+        if (!Take(AskYield(archive, filter, {step}), &larger))
             return false;
-        if (rows->size() <= mostPoints)
+        const std::size_t parts = PartsIn(larger);
+        if (rows->empty() || parts >= leastPoints)
+            *rows = std::move(larger);
+        if (parts <= mostPoints)
             break;
     }
     return true;

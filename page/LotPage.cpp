@@ -5,6 +5,7 @@
 #include "page/LotSections.h"
 #include "page/PageStyle.h"
 #include "page/PageTexts.h"
+#include "page/Part.h"
 
 #include <QtCore/QIODevice>
 
@@ -52,7 +53,7 @@ bool WriteLotPage(const Archive& archive, const Subject& subject, QIODevice& dev
     int number = 0;
     for (const LotName& lot : *lots) {
         const std::optional<LotAnswers> answers = AskLot(archive, subject.filter, lot);
-        if (!answers || !WriteLotSection(device, *answers, ++number, lots->size() > 1))
+        if (!answers || !WriteLotSection(device, *answers, {++number, lots->size() > 1}))
             return false;
     }
     return Write(device, QStringLiteral("</main>\n</body>\n</html>\n"));

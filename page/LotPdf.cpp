@@ -69,7 +69,7 @@ void Measurement(PdfSheet& sheet, const LotAnswers& answers, std::size_t index)
         sheet.Line(DriftSentence(*row.drift), 9, Ink::Mark);
     if (const QString rules = RulesSentence(row); !rules.isEmpty())
         sheet.Line(rules, 9, Ink::Faint);
-    const MeasureData data = DataOf(row, answers.measures->ValuesOf(index));
+    const MeasureData data = DataOf(row, answers.measures->NumbersOf(index));
     sheet.Plot(measurementHeight - textHeight, [&](QPainter& painter, const QRectF& area) {
         const double middle = area.width() * 0.36;
         const QRectF inside = area.adjusted(0, 4, 0, -12);
@@ -87,25 +87,26 @@ void BarPlot(PdfSheet& sheet, const QString& title, const std::vector<Bar>& bars
     sheet.Plot(height, [&](QPainter& painter, const QRectF& area) { DrawBars(painter, area, bars); });
 }
 
-void OverTime(PdfSheet& sheet, const LotAnswers& answers)
+void OverTime(PdfSheet& sheet, const ProgramRows& rows)
 {
-    const std::vector<YieldPoint> points = YieldPoints(answers);
+    const std::vector<YieldPoint> points = YieldPoints(rows.rows);
     if (points.empty())
         return;
-    Heading(sheet, Texts::tr("Yield over time"), 200);
+    Heading(sheet, TitleOf(Texts::tr("Yield over time"), rows.program), 200);
     sheet.Paragraph(Texts::tr("Solid: yield; dashed: first pass; bars: units."), Ink::Faint);
     sheet.Plot(200, [&](QPainter& painter, const QRectF& area) { DrawYieldOverTime(painter, area, points); });
 }
 
-void Positions(PdfSheet& sheet, const LotAnswers& answers)
+void Positions(PdfSheet& sheet, const ProgramRows& rows)
 {
-    const std::vector<PanelPlace> places = PanelPlaces(answers);
+    const std::vector<PanelPlace> places = PanelPlaces(rows.rows);
     if (places.empty())
         return;
     constexpr double cellHeight = 40;
     const std::size_t columns = PanelColumns(places.size());
     const std::size_t lines = (places.size() + columns - 1) / columns;
-    Heading(sheet, Texts::tr("Yield by position on the panel"), double(lines) * cellHeight);
+    Heading(sheet, TitleOf(Texts::tr("Yield by position on the panel"), rows.program),
+            double(lines) * cellHeight);
     sheet.Plot(double(lines) * cellHeight, [&](QPainter& painter, const QRectF& area) {
         const double width = std::min(110.0, area.width() / double(columns));
         painter.setFont(PlotFont());
@@ -114,7 +115,7 @@ void Positions(PdfSheet& sheet, const LotAnswers& answers)
                               area.top() + double(i / columns) * cellHeight, width - 4, cellHeight - 4);
             painter.setPen(PlotPen(Ink::Grid));
             painter.drawRect(cell);
-            const YieldRow& row = *places[i].row;
+            const YieldRow& row = places[i].row;
             DrawLabel(painter, {cell.left() + 6, cell.top() + 3}, Qt::AlignLeft | Qt::AlignTop, Ink::Faint,
                       places[i].name);
             DrawLabel(painter, {cell.right() - 6, cell.top() + 3}, Qt::AlignRight | Qt::AlignTop, Ink::Text,
@@ -185,12 +186,15 @@ void Lot(PdfSheet& sheet, const LotAnswers& answers)
         for (const std::size_t row : drifting)
             Measurement(sheet, answers, row);
     }
-    OverTime(sheet, answers);
+    for (const ProgramRows& rows : ByProgram(answers.overTime))
+        OverTime(sheet, rows);
     BarPlot(sheet, Texts::tr("What failed first"), FailureBars(answers));
     BarPlot(sheet, Texts::tr("Yield by station"), StationBars(answers));
-    Positions(sheet, answers);
+    for (const ProgramRows& rows : ByProgram(answers.byPosition))
+        Positions(sheet, rows);
     BarPlot(sheet, Texts::tr("Yield by site"), SiteBars(answers));
-    BarPlot(sheet, Texts::tr("Bins"), BinBars(answers));
+    for (const ProgramRows& rows : ByProgram(answers.byBin))
+        BarPlot(sheet, TitleOf(Texts::tr("Bins"), rows.program), BinBars(rows.rows));
     WaferMaps(sheet, answers);
     MeasurementTable(sheet, answers);
     UnitTable(sheet, Texts::tr("Failed units"), answers.failedUnits);

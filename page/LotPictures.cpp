@@ -45,13 +45,32 @@ QString Names(const std::vector<YieldRow>& rows)
 
 } // namespace
 
-std::vector<YieldPoint> YieldPoints(const LotAnswers& answers)
+std::vector<ProgramRows> ByProgram(const std::vector<YieldRow>& rows)
+{
+    std::vector<ProgramRows> programs;
+    for (const YieldRow& row : rows) {
+        const QString program = row.group.size() > 1 ? row.group.front().second : QString();
+        auto known = std::find_if(programs.begin(), programs.end(),
+                                  [&](const ProgramRows& one) { return one.program == program; });
+        if (known == programs.end())
+            known = programs.insert(programs.end(), {program, {}});
+        known->rows.push_back(row);
+    }
+    return programs;
+}
+
+QString TitleOf(const QString& title, const QString& program)
+{
+    return program.isEmpty() ? title : title + QStringLiteral(" · ") + program;
+}
+
+std::vector<YieldPoint> YieldPoints(const std::vector<YieldRow>& overTime)
 {
     std::vector<YieldPoint> points;
-    if (answers.overTime.size() < 2)
+    if (overTime.size() < 2)
         return points;
-    for (const YieldRow& row : answers.overTime)
-        points.push_back({GroupText(row.group), ShareOf(row.passed, row.units),
+    for (const YieldRow& row : overTime)
+        points.push_back({LastOf(row.group), ShareOf(row.passed, row.units),
                           row.firstRuns > 0 ? ShareOf(row.firstPass, row.firstRuns)
                                             : std::numeric_limits<double>::quiet_NaN(),
                           double(row.units)});
@@ -96,32 +115,32 @@ std::vector<Bar> FailureBars(const LotAnswers& answers)
     return bars;
 }
 
-std::vector<Bar> BinBars(const LotAnswers& answers)
+std::vector<Bar> BinBars(const std::vector<YieldRow>& byBin)
 {
     std::vector<Bar> bars;
     std::int64_t units = 0;
     std::int64_t most = 1;
-    for (const YieldRow& row : answers.byBin) {
+    for (const YieldRow& row : byBin) {
         units += row.units;
         most = std::max(most, row.units);
     }
-    const bool hasBins = std::any_of(answers.byBin.begin(), answers.byBin.end(),
-                                     [](const YieldRow& row) { return !IsOfNone(row); });
-    for (const YieldRow& row : answers.byBin)
+    const bool hasBins =
+        std::any_of(byBin.begin(), byBin.end(), [](const YieldRow& row) { return !IsOfNone(row); });
+    for (const YieldRow& row : byBin)
         if (hasBins)
-            bars.push_back({Texts::tr("Bin %1").arg(GroupText(row.group)), ShareOf(row.units, most),
+            bars.push_back({Texts::tr("Bin %1").arg(LastOf(row.group)), ShareOf(row.units, most),
                             Share(double(row.units), double(units)), row.passed < row.units});
     return bars;
 }
 
-std::vector<PanelPlace> PanelPlaces(const LotAnswers& answers)
+std::vector<PanelPlace> PanelPlaces(const std::vector<YieldRow>& byPosition)
 {
     std::vector<PanelPlace> places;
-    for (const YieldRow& row : answers.byPosition)
+    for (const YieldRow& row : byPosition)
         if (!IsOfNone(row))
-            places.push_back({GroupText(row.group), &row});
+            places.push_back({LastOf(row.group), row});
     std::stable_sort(places.begin(), places.end(), [](const PanelPlace& a, const PanelPlace& b) {
-        return LastOf(a.row->group).toInt() < LastOf(b.row->group).toInt();
+        return a.name.toInt() < b.name.toInt();
     });
     if (places.size() < 2)
         places.clear();
@@ -144,17 +163,12 @@ std::vector<WaferDies> Wafers(const LotAnswers& answers)
     return wafers;
 }
 
-MeasureData DataOf(const MeasureRow& row, const std::vector<MeasuredValue>& values)
+MeasureData DataOf(const MeasureRow& row, const MeasuredNumbers& numbers)
 {
-    MeasureData data{row.unit,  row.style.unitCode != 25 && row.style.unitCode != 26,
-                     row.lower, row.upper,
-                     row.mean,  {},
-                     {},        {}};
-    data.values.reserve(values.size());
-    for (const MeasuredValue& value : values) {
-        data.values.push_back(value.value);
-        data.good.push_back(value.code >= 0);
-    }
+    MeasureData data{row.unit,      row.style.unitCode != 25 && row.style.unitCode != 26,
+                     row.lower,     row.upper,
+                     row.mean,      numbers.values,
+                     numbers.codes, {}};
     if (row.drift)
         data.marks.push_back({row.drift->index, row.drift->kind == QLatin1String("step")
                                                     ? Texts::tr("step")

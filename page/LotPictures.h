@@ -9,27 +9,38 @@
 
 namespace ZYN::Page {
 
-std::vector<YieldPoint> YieldPoints(const LotAnswers& answers);
+/// Rows of one program.
+struct ProgramRows {
+    QString program; ///< empty where all rows are of one
+    std::vector<YieldRow> rows;
+};
+/// Rows of different programs apart: a unit goes through all of them, and has a place in the figures of each.
+std::vector<ProgramRows> ByProgram(const std::vector<YieldRow>& rows);
+/// "Bins", or "Bins · Final test".
+QString TitleOf(const QString& title, const QString& program);
+
+std::vector<YieldPoint> YieldPoints(const std::vector<YieldRow>& overTime);
 std::vector<Bar> StationBars(const LotAnswers& answers);
 /// Of what failed first, with shares of all; rare ones are one bar.
 std::vector<Bar> FailureBars(const LotAnswers& answers);
-std::vector<Bar> BinBars(const LotAnswers& answers);
+std::vector<Bar> BinBars(const std::vector<YieldRow>& byBin);
 std::vector<Bar> SiteBars(const LotAnswers& answers);
 
 /// A position on the panel.
 struct PanelPlace {
     QString name;
-    const YieldRow* row = nullptr;
+    YieldRow row;
 };
 /// In their order; fewer than two are none.
-std::vector<PanelPlace> PanelPlaces(const LotAnswers& answers);
+std::vector<PanelPlace> PanelPlaces(const std::vector<YieldRow>& byPosition);
 /// How many stand side by side.
 std::size_t PanelColumns(std::size_t places);
 
 /// The dies of each wafer, in the order of wafers.
 std::vector<WaferDies> Wafers(const LotAnswers& answers);
 
-MeasureData DataOf(const MeasureRow& row, const std::vector<MeasuredValue>& values);
+/// \param numbers of the row, borrowed by the result
+MeasureData DataOf(const MeasureRow& row, const MeasuredNumbers& numbers);
 /// Rows that drift, the farthest first.
 std::vector<std::size_t> DriftingRows(const LotAnswers& answers);
 

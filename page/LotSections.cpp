@@ -5,6 +5,7 @@
 #include "page/MeasureSection.h"
 #include "page/NumberText.h"
 #include "page/PageTexts.h"
+#include "page/Part.h"
 #include "page/SvgPlot.h"
 #include "page/UnitTables.h"
 
@@ -37,69 +38,75 @@ QString Cards(const YieldRow& row)
     return text + QStringLiteral("</ul>\n");
 }
 
-QString Figures(const LotAnswers& answers)
+QString Figures(const LotAnswers& answers, const Part& part)
 {
     QString text;
     for (const YieldRow& row : answers.yield) {
         if (answers.yield.size() > 1)
-            text += QStringLiteral("<h3>%1</h3>\n").arg(Escaped(GroupText(row.group)));
+            text += part.Heading(Escaped(GroupText(row.group)));
         text += Cards(row);
     }
     return text;
 }
 
-QString Section(const QString& title, const QString& hint, const QString& content)
+QString Section(const Part& part, const QString& title, const QString& hint, const QString& content)
 {
-    return QStringLiteral("<section><h3>%1</h3><p class=\"hint\">%2</p>%3</section>\n")
-        .arg(title, hint, content);
+    return QStringLiteral("<section>%1<p class=\"hint\">%2</p>%3</section>\n")
+        .arg(part.Heading(Escaped(title)), hint, content);
 }
 
-QString OverTime(const LotAnswers& answers)
+QString Pan(const QByteArray& plot)
 {
-    const std::vector<YieldPoint> points = YieldPoints(answers);
+    return QStringLiteral("<div class=\"pan\">%1</div>").arg(QString::fromUtf8(plot));
+}
+
+QString OverTime(const Part& part, const ProgramRows& rows)
+{
+    const std::vector<YieldPoint> points = YieldPoints(rows.rows);
     if (points.empty())
         return {};
-    const QString title = Texts::tr("Yield over time");
-    const QByteArray plot = SvgPlot(
-        {plotWidth, 220}, title, Texts::tr("From %1 to %2").arg(points.front().label, points.back().label),
-        [&](QPainter& painter, const QRectF& area) { DrawYieldOverTime(painter, area, points); });
-    return Section(title, Texts::tr("Solid: yield; dashed: first pass; bars: units."),
-                   QStringLiteral("<div class=\"pan\">%1</div>").arg(QString::fromUtf8(plot)));
+    const QString title = TitleOf(Texts::tr("Yield over time"), rows.program);
+    return Section(part, title, Texts::tr("Solid: yield; dashed: first pass; bars: units."),
+                   Pan(SvgPlot({plotWidth, 220}, title,
+                               Texts::tr("From %1 to %2").arg(points.front().label, points.back().label),
+                               [&](QPainter& painter, const QRectF& area) {
+                                   DrawYieldOverTime(painter, area, points);
+                               })));
 }
 
-QString BarPlot(const QString& title, const QString& hint, const std::vector<Bar>& bars)
+QString BarPlot(const Part& part, const QString& title, const QString& hint, const std::vector<Bar>& bars)
 {
     if (bars.empty())
         return {};
     QStringList description;
     for (const Bar& bar : bars)
         description.append(bar.label + QStringLiteral(": ") + bar.text);
-    const QByteArray plot = SvgPlot(
-        {plotWidth, double(bars.size()) * barHeight + 4}, title, description.join(QStringLiteral("; ")),
-        [&](QPainter& painter, const QRectF& area) { DrawBars(painter, area, bars); });
-    return Section(title, hint, QStringLiteral("<div class=\"pan\">%1</div>").arg(QString::fromUtf8(plot)));
+    return Section(
+        part, title, hint,
+        Pan(SvgPlot({plotWidth, double(bars.size()) * barHeight + 4}, title,
+                    description.join(QStringLiteral("; ")),
+                    [&](QPainter& painter, const QRectF& area) { DrawBars(painter, area, bars); })));
 }
 
-QString ByPosition(const LotAnswers& answers)
+QString ByPosition(const Part& part, const ProgramRows& rows)
 {
-    const std::vector<PanelPlace> places = PanelPlaces(answers);
+    const std::vector<PanelPlace> places = PanelPlaces(rows.rows);
     if (places.empty())
         return {};
     const auto [worst, best] =
         std::minmax_element(places.begin(), places.end(), [](const PanelPlace& a, const PanelPlace& b) {
-            return double(a.row->passed) * double(b.row->units) <
-                   double(b.row->passed) * double(a.row->units);
+            return double(a.row.passed) * double(b.row.units) < double(b.row.passed) * double(a.row.units);
         });
-    const bool differ = worst->row->passed * best->row->units != best->row->passed * worst->row->units;
-    QString text = QStringLiteral("<section><h3>%1</h3><div class=\"pan\"><table class=\"map\">"
-                                  "<caption>%2</caption><tr>")
-                       .arg(Texts::tr("Yield by position on the panel"),
-                            Texts::tr("Share of units that passed; the worst place stands out."));
+    const bool differ = worst->row.passed * best->row.units != best->row.passed * worst->row.units;
+    QString text =
+        QStringLiteral("<section>%1<div class=\"pan\"><table class=\"map\"><caption>%2</caption><tr>")
+            .arg(part.Heading(Escaped(TitleOf(Texts::tr("Yield by position on the panel"), rows.program))),
+                 Texts::tr("Share of units that passed; the worst place stands out."));
     const std::size_t columns = PanelColumns(places.size());
     for (std::size_t i = 0; i < places.size(); ++i) {
         if (i > 0 && i % columns == 0)
             text += QStringLiteral("</tr>\n<tr>");
-        const YieldRow& row = *places[i].row;
+        const YieldRow& row = places[i].row;
         text += QStringLiteral("<td%1><span class=\"hint\">%2</span><b>%3</b>%4</td>")
                     .arg(differ && &places[i] == &*worst ? QStringLiteral(" class=\"worst\"") : QString(),
                          Escaped(places[i].name), Percent(double(row.passed), double(row.units)),
@@ -110,7 +117,17 @@ QString ByPosition(const LotAnswers& answers)
     return text + QStringLiteral("</tr></table></div></section>\n");
 }
 
-QString WaferMaps(const LotAnswers& answers)
+// A plot for each program.
+template <typename Draw>
+QString OfEach(const std::vector<YieldRow>& rows, const Draw& draw)
+{
+    QString text;
+    for (const ProgramRows& program : ByProgram(rows))
+        text += draw(program);
+    return text;
+}
+
+QString WaferMaps(const LotAnswers& answers, const Part& part)
 {
     QString text;
     for (const WaferDies& wafer : Wafers(answers)) {
@@ -124,7 +141,7 @@ QString WaferMaps(const LotAnswers& answers)
                     .arg(QString::fromUtf8(plot), Escaped(wafer.name), share);
     }
     return text.isEmpty() ? QString()
-                          : Section(Texts::tr("Wafers"), Texts::tr("Dies that did not pass stand out."),
+                          : Section(part, Texts::tr("Wafers"), Texts::tr("Dies that did not pass stand out."),
                                     QStringLiteral("<div class=\"wafers\">%1</div>").arg(text));
 }
 
@@ -136,33 +153,37 @@ QString Notes(const LotAnswers& answers)
     return text;
 }
 
-QString Overview(const LotAnswers& answers)
+QString Overview(const LotAnswers& answers, const Part& part)
 {
-    return QStringLiteral("<div class=\"two\">\n") + OverTime(answers) +
-           BarPlot(Texts::tr("What failed first"),
+    const QString surest = Texts::tr("The worst first, by what is sure of its failure rate.");
+    return QStringLiteral("<div class=\"two\">\n") +
+           OfEach(answers.overTime, [&](const ProgramRows& rows) { return OverTime(part, rows); }) +
+           BarPlot(part, Texts::tr("What failed first"),
                    Texts::tr("Share of all first failures, and in how many runs."), FailureBars(answers)) +
-           BarPlot(Texts::tr("Yield by station"),
-                   Texts::tr("The worst first, by what is sure of its failure rate."), StationBars(answers)) +
-           ByPosition(answers) +
-           BarPlot(Texts::tr("Yield by site"),
-                   Texts::tr("The worst first, by what is sure of its failure rate."), SiteBars(answers)) +
-           BarPlot(Texts::tr("Bins"), Texts::tr("Share of all units."), BinBars(answers)) +
-           QStringLiteral("</div>\n") + WaferMaps(answers);
+           BarPlot(part, Texts::tr("Yield by station"), surest, StationBars(answers)) +
+           OfEach(answers.byPosition, [&](const ProgramRows& rows) { return ByPosition(part, rows); }) +
+           BarPlot(part, Texts::tr("Yield by site"), surest, SiteBars(answers)) +
+           OfEach(answers.byBin,
+                  [&](const ProgramRows& rows) {
+                      return BarPlot(part, TitleOf(Texts::tr("Bins"), rows.program),
+                                     Texts::tr("Share of all units."), BinBars(rows.rows));
+                  }) +
+           QStringLiteral("</div>\n") + WaferMaps(answers, part);
 }
 
 } // namespace
 
-bool WriteLotSection(QIODevice& device, const LotAnswers& answers, int number, bool isOneOfSeveral)
+bool WriteLotSection(QIODevice& device, const LotAnswers& answers, const Part& part)
 {
-    const UnitTables units(answers, number);
-    const MeasureSection measures(answers, number, units);
+    const UnitTables units(answers, part);
+    const MeasureSection measures(answers, part, units);
     QString text = QStringLiteral("<article>\n");
-    if (isOneOfSeveral)
+    if (part.isOneOfSeveral)
         text += QStringLiteral("<h2>%1</h2>\n").arg(Escaped(TitleOf({{answers.product, answers.lot}})));
-    text += Facts(answers) + Notes(answers) + Figures(answers) + measures.LookAtThis() + Overview(answers) +
-            measures.Table();
-    const auto write = [&](const QString& part) {
-        const QByteArray bytes = part.toUtf8();
+    text += Facts(answers) + Notes(answers) + Figures(answers, part) + measures.LookAtThis() +
+            Overview(answers, part) + measures.Table();
+    const auto write = [&](const QString& html) {
+        const QByteArray bytes = html.toUtf8();
         return device.write(bytes) == bytes.size();
     };
     if (!write(text))

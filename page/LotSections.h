@@ -7,10 +7,9 @@ class QIODevice;
 namespace ZYN::Page {
 
 struct LotAnswers;
+struct Part;
 
 /// Writes the part of a page about one lot.
-/// \param number of the lot on the page, from 1: anchors begin with it
-/// \param isOneOfSeveral whether it has a heading of its own
-bool WriteLotSection(QIODevice& device, const LotAnswers& answers, int number, bool isOneOfSeveral);
+bool WriteLotSection(QIODevice& device, const LotAnswers& answers, const Part& part);
 
 } // namespace ZYN::Page

@@ -29,10 +29,10 @@ double Quantile(const std::vector<double>& sorted, double share)
 }
 
 // Where the values are, without the few far away: a shorted board would make a line of all others.
-Range RangeOfValues(const std::vector<double>& values)
+Range RangeOfValues(std::span<const double> values)
 {
     constexpr double far = 8; // in distances of the quartiles
-    std::vector<double> sorted = values;
+    std::vector<double> sorted(values.begin(), values.end());
     std::sort(sorted.begin(), sorted.end());
     const double low = Quantile(sorted, 0.25);
     const double high = Quantile(sorted, 0.75);
@@ -234,7 +234,7 @@ void DrawDots(QPainter& painter, const PlotFrame& frame, const MeasureData& data
     TrendDots dots(frame, range, data.values.size() > manyDots ? 1 : 10);
     for (std::size_t i = 0; i < data.values.size(); ++i) {
         const double x = dots.Rounded(frame.X(double(i)));
-        data.good[i] ? dots.AddGood(x, data.values[i]) : dots.AddBad(x, data.values[i]);
+        data.IsGood(i) ? dots.AddGood(x, data.values[i]) : dots.AddBad(x, data.values[i]);
     }
     dots.Draw(painter);
 }
@@ -257,7 +257,7 @@ void DrawColumns(QPainter& painter, const PlotFrame& frame, const MeasureData& d
     for (std::size_t i = 0; i < data.values.size(); ++i) {
         const auto at =
             static_cast<std::size_t>((frame.X(double(i)) - frame.GetInner().left()) / columnWidth);
-        const bool isGood = data.good[i] && range.Holds(data.values[i]);
+        const bool isGood = data.IsGood(i) && range.Holds(data.values[i]);
         (isGood ? columns : failures)[std::min(at, columns.size() - 1)].Take(data.values[i]);
     }
     QPainterPath path;
@@ -361,7 +361,7 @@ std::vector<FailedDot> DrawTrend(QPainter& painter, const QRectF& area, const Me
     frame.DrawAcross();
     std::vector<FailedDot> failed;
     for (std::size_t i = 0; i < data.values.size(); ++i)
-        if (!data.good[i])
+        if (!data.IsGood(i))
             failed.push_back({i,
                               {frame.X(double(i)), std::clamp(frame.Y(data.values[i]), frame.GetInner().top(),
                                                               frame.GetInner().bottom())}});

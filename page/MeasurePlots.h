@@ -4,20 +4,23 @@
 #include <QtCore/QRectF>
 #include <QtCore/QString>
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 class QPainter;
 
 namespace ZYN::Page {
 
-/// What the plots of one measurement show. Values are in the base unit, in order of time.
+/// What the plots of one measurement show. Values are in the base unit, in order of time; they are borrowed.
 struct MeasureData {
     QString unit;
     bool isDecimal = true; ///< false for a hexadecimal or binary unit
     std::optional<double> lower, upper, mean;
-    std::vector<double> values;
-    std::vector<bool> good; ///< as long as the values
+    std::span<const double> values;
+    std::span<const std::int16_t> codes; ///< of their verdicts
+    bool IsGood(std::size_t value) const { return codes[value] >= 0; }
     /// Something began at this value: a number for it, and what it is called.
     struct Mark {
         std::size_t index = 0;

@@ -4,6 +4,7 @@
 #include "page/LotPictures.h"
 #include "page/NumberText.h"
 #include "page/PageTexts.h"
+#include "page/Part.h"
 #include "page/SvgPlot.h"
 #include "page/UnitTables.h"
 
@@ -30,46 +31,48 @@ QString FiguresOf(const MeasureRow& row)
         .arg(Figure(row.mean, row.unit, row.style), Figure(row.sigma, row.unit, row.style), Limits(row));
 }
 
-// Failed dots that lead to their units.
-QString Links(const std::vector<FailedDot>& dots, const MeasureRow& row,
-              const std::vector<MeasuredValue>& values, const UnitTables& units)
-{
-    QString text;
-    std::size_t count = 0;
-    for (const FailedDot& dot : dots) {
-        const MeasuredValue& value = values[dot.index];
-        const QString link = units.LinkTo(value.serial);
-        if (link.isEmpty() || ++count > mostLinks)
-            continue;
-        text +=
-            QStringLiteral("<a href=\"%1\"><title>%2: %3</title><circle cx=\"%4\" cy=\"%5\" r=\"5\"/></a>")
-                .arg(link, Escaped(value.serial), Escaped(Figure(value.value, row.unit, row.style)),
-                     QString::number(qRound(dot.at.x())), QString::number(qRound(dot.at.y())));
-    }
-    return text;
-}
-
 } // namespace
 
-MeasureSection::MeasureSection(const LotAnswers& answers, int number, const UnitTables& units)
+MeasureSection::MeasureSection(const LotAnswers& answers, const Part& part, const UnitTables& units)
     : m_answers(answers)
-    , m_number(number)
+    , m_part(part)
     , m_units(units)
 {
 }
 
 QString MeasureSection::Anchor(std::size_t row) const
 {
-    return QStringLiteral("m%1-%2").arg(QString::number(m_number), QString::number(row));
+    return QStringLiteral("m%1-%2").arg(QString::number(m_part.number), QString::number(row));
+}
+
+// Failed dots that lead to their units.
+QString MeasureSection::Links(std::size_t index, const std::vector<FailedDot>& dots) const
+{
+    const MeasureRow& row = m_answers.Rows()[index];
+    const std::span<const double> values = m_answers.measures->NumbersOf(index).values;
+    QString text;
+    std::size_t count = 0;
+    for (const FailedDot& dot : dots) {
+        const QString& serial = m_answers.measures->PlaceOf(index, dot.index).serial;
+        const QString link = m_units.LinkTo(serial);
+        if (link.isEmpty())
+            continue;
+        if (++count > mostLinks)
+            break;
+        text +=
+            QStringLiteral("<a href=\"%1\"><title>%2: %3</title><circle cx=\"%4\" cy=\"%5\" r=\"5\"/></a>")
+                .arg(link, Escaped(serial), Escaped(Figure(values[dot.index], row.unit, row.style)),
+                     QString::number(qRound(dot.at.x())), QString::number(qRound(dot.at.y())));
+    }
+    return text;
 }
 
 QString MeasureSection::Plots(std::size_t index) const
 {
     const MeasureRow& row = m_answers.Rows()[index];
-    const std::vector<MeasuredValue> values = m_answers.measures->ValuesOf(index);
-    if (values.empty())
+    const MeasureData data = DataOf(row, m_answers.measures->NumbersOf(index));
+    if (data.values.empty())
         return {};
-    const MeasureData data = DataOf(row, values);
     const QString description = FiguresOf(row);
     const QByteArray histogram =
         SvgPlot(histogramSize, Texts::tr("How often: %1").arg(row.path), description,
@@ -78,7 +81,7 @@ QString MeasureSection::Plots(std::size_t index) const
     const QByteArray trend = SvgPlot(
         trendSize, Texts::tr("In order of time: %1").arg(row.path), description,
         [&](QPainter& painter, const QRectF& area) { failed = DrawTrend(painter, area, data); },
-        [&] { return Links(failed, row, values, m_units); });
+        [&] { return Links(index, failed); });
     return QStringLiteral("<div class=\"plots\"><div>%1</div><div class=\"pan\">%2</div></div>\n")
         .arg(QString::fromUtf8(histogram), QString::fromUtf8(trend));
 }
@@ -88,9 +91,10 @@ QString MeasureSection::LookAtThis() const
     const std::vector<std::size_t> drifting = DriftingRows(m_answers);
     if (drifting.empty())
         return {};
+    const QString id = QStringLiteral("look%1").arg(m_part.number);
     QString text =
-        QStringLiteral("<section class=\"look\" aria-labelledby=\"look%1\">\n<h3 id=\"look%1\">%2</h3>\n")
-            .arg(QString::number(m_number), Texts::tr("Look at this"));
+        QStringLiteral("<section class=\"look\" aria-labelledby=\"%1\">\n%2")
+            .arg(id, m_part.Heading(Texts::tr("Look at this"), 0, QStringLiteral(" id=\"%1\"").arg(id)));
     for (std::size_t i = 0; i < drifting.size(); ++i) {
         const MeasureRow& row = m_answers.Rows()[drifting[i]];
         text += QStringLiteral("<p><a href=\"#%1\"><strong>%2</strong></a> %3</p>\n")
@@ -107,10 +111,10 @@ QString MeasureSection::Table() const
     if (rows.empty())
         return {};
     QString text =
-        QStringLiteral(
-            "<h3>%1</h3>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"%1\"><table>"
-            "<caption>%2</caption>\n<thead><tr>")
-            .arg(Texts::tr("Measurements"), Texts::tr("Lowest CPK first; each name leads to its pictures."));
+        QStringLiteral("%1<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"%2\"><table>"
+                       "<caption>%3</caption>\n<thead><tr>")
+            .arg(m_part.Heading(Texts::tr("Measurements")), Texts::tr("Measurements"),
+                 Texts::tr("Lowest CPK first; each name leads to its pictures."));
     const QString columns[] = {Texts::tr("Measurement"),   Texts::tr("Ident"),  Texts::tr("Limits"),
                                Texts::tr("Mean"),          Texts::tr("Sigma"),  Texts::tr("CPK"),
                                Texts::tr("CPK of passed"), Texts::tr("Values"), Texts::tr("Failed")};
@@ -135,8 +139,8 @@ QString MeasureSection::Table() const
         cell(QString::number(row.failed), row.failed > 0);
         text += QStringLiteral("</tr>\n");
     }
-    return text + QStringLiteral("</tbody></table></div>\n<h3>%1</h3>\n<p class=\"hint\">%2</p>\n")
-                      .arg(Texts::tr("Distributions and trends"),
+    return text + QStringLiteral("</tbody></table></div>\n%1<p class=\"hint\">%2</p>\n")
+                      .arg(m_part.Heading(Texts::tr("Distributions and trends")),
                            Texts::tr("Curve: the normal distribution that fits. Solid line: mean; dashed: "
                                      "limits and where something began. Failed dots lead to their units."));
 }

@@ -1,19 +1,23 @@
 #pragma once
 
+#include "page/MeasurePlots.h"
+
 #include <QtCore/QString>
 
 #include <cstddef>
+#include <vector>
 
 namespace ZYN::Page {
 
 class UnitTables;
 struct LotAnswers;
+struct Part;
 
 /// What a page says about the measurements of a lot.
 class MeasureSection {
 public:
-    /// \param number of the lot on the page \param units whose rows failed dots lead to
-    MeasureSection(const LotAnswers& answers, int number, const UnitTables& units);
+    /// \param units whose rows failed dots lead to
+    MeasureSection(const LotAnswers& answers, const Part& part, const UnitTables& units);
 
     /// What drifts, with its pictures; empty where nothing does.
     QString LookAtThis() const;
@@ -24,10 +28,11 @@ public:
 
 private:
     QString Plots(std::size_t row) const;
+    QString Links(std::size_t row, const std::vector<FailedDot>& dots) const;
     QString Anchor(std::size_t row) const;
 
     const LotAnswers& m_answers;
-    int m_number;
+    const Part& m_part;
     const UnitTables& m_units;
 };
 

@@ -22,7 +22,7 @@ body{margin:0 auto;max-width:1180px;padding:24px 20px 60px;background:var(--page
  font:15px/1.5 system-ui,-apple-system,"Segoe UI",Roboto,"DejaVu Sans",sans-serif}
 h1{font-size:1.9em;line-height:1.2;margin:.2em 0 .1em;overflow-wrap:anywhere}
 h2{font-size:1.35em;margin:1.8em 0 .5em;overflow-wrap:anywhere}
-h3{font-size:1.05em;margin:1.6em 0 .5em}
+.h{font-size:1.05em;margin:1.6em 0 .5em;overflow-wrap:anywhere}
 p{margin:.3em 0}.source,.hint,caption{color:var(--faint)}
 a{color:var(--good);text-decoration:none}a:hover,a:focus{text-decoration:underline}
 :focus-visible{outline:2px solid var(--mark);outline-offset:2px}
@@ -41,7 +41,7 @@ th{font-weight:600}thead th{color:var(--faint);font-weight:500;white-space:nowra
 .n{text-align:right;white-space:nowrap}tbody th{overflow-wrap:anywhere;min-width:12em}
 .bad{color:var(--bad)}
 .look{border:1px solid var(--mark);border-left-width:6px;border-radius:10px;background:var(--card);padding:4px 18px 12px}
-.look h3{margin-top:.8em}
+.look .h{margin-top:.8em}
 details{border-bottom:1px solid var(--grid);padding:6px 0}
 summary{cursor:pointer;overflow-wrap:anywhere}summary span{color:var(--faint);margin-left:.7em}
 .plots{display:grid;grid-template-columns:minmax(0,4fr) minmax(0,7fr);gap:6px 20px;margin:10px 0}
@@ -64,7 +64,7 @@ constexpr const char* printRules = R"css(
  details>*{display:block!important}summary{list-style:none}
  .two{grid-template-columns:1fr 1fr}.cards{grid-template-columns:repeat(6,1fr);gap:6px}.cards li{padding:6px 8px}
  .plots{grid-template-columns:minmax(0,4fr) minmax(0,7fr)}.pan{overflow:visible}article+article{break-before:page}
- svg,tr,li,details,section,.plots{break-inside:avoid}.look{break-inside:auto}h2,h3,.look p{break-after:avoid}.scroll{overflow:visible}
+ svg,tr,li,details,section,.plots{break-inside:avoid}.look{break-inside:auto}h2,.h,.look p{break-after:avoid}.scroll{overflow:visible}
  a{color:inherit}thead{display:table-header-group}}
 )css";
 

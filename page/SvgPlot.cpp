@@ -4,9 +4,12 @@
 #include "page/Ink.h"
 
 #include <QtCore/QBuffer>
+#include <QtCore/QPoint>
 #include <QtCore/QRegularExpression>
 #include <QtGui/QPainter>
 #include <QtSvg/QSvgGenerator>
+
+#include <cstdlib>
 
 namespace ZYN::Page {
 
@@ -76,29 +79,69 @@ QString ShortText(const QString& tag)
         .arg(InkOf(Attribute(tag, "fill")), Tenths(Attribute(tag, "x")), Tenths(Attribute(tag, "y")));
 }
 
-// Places with one digit behind the point; what goes straight up, across or nowhere in its short form.
+// A distance in tenths, with what parts it from the number before it.
+void AppendTenths(QString* text, int tenths, bool needsComma)
+{
+    if (needsComma && tenths >= 0)
+        *text += QLatin1Char(',');
+    if (tenths < 0)
+        *text += QLatin1Char('-');
+    const int size = std::abs(tenths);
+    if (size >= 10 || size == 0)
+        *text += QString::number(size / 10);
+    if (size % 10 != 0)
+        *text += QLatin1Char('.') + QString::number(size % 10);
+}
+
+/// Writes a path with distances instead of places, to a tenth of a pixel: they have fewer digits.
+class RelativePath {
+public:
+    void MoveTo(QPoint to)
+    {
+        m_text += QLatin1Char('m');
+        AppendTenths(&m_text, to.x() - m_at.x(), false);
+        AppendTenths(&m_text, to.y() - m_at.y(), true);
+        m_start = m_at = to;
+        m_lines = 0;
+    }
+
+    void LineTo(QPoint to)
+    {
+        const QPoint distance = to - m_at;
+        if (++m_lines > 1 && to == m_start) {
+            m_text += QLatin1Char('z');
+        } else if (distance.x() == 0 && distance.y() != 0) {
+            m_text += QLatin1Char('v');
+            AppendTenths(&m_text, distance.y(), false);
+        } else {
+            m_text += QLatin1Char(distance.y() == 0 ? 'h' : 'l');
+            AppendTenths(&m_text, distance.x(), false);
+            if (distance.y() != 0)
+                AppendTenths(&m_text, distance.y(), true);
+        }
+        m_at = to;
+    }
+
+    const QString& GetText() const { return m_text; }
+
+private:
+    QString m_text;
+    QPoint m_at, m_start; // tenths
+    int m_lines = 0;      // since the start
+};
+
 QString ShortPath(const QString& tag)
 {
-    static const QRegularExpression number(QStringLiteral("\\d+\\.\\d{2,}"));
-    static const QRegularExpression rectangle(
-        QStringLiteral("M([\\d.]+),([\\d.]+) L([\\d.]+),\\2 L\\3,([\\d.]+) L\\1,\\4 L\\1,\\2(?=[ \"]|$)"));
-    static const QRegularExpression dot(QStringLiteral("M([\\d.]+),([\\d.]+) L\\1,\\2(?=[ \"]|$)"));
-    static const QRegularExpression upright(QStringLiteral("M([\\d.]+),([\\d.]+) L\\1,"));
-    const QString path = Attribute(tag, "d");
-    QString text;
-    qsizetype done = 0;
-    for (auto match = number.globalMatch(path); match.hasNext();) {
-        const QRegularExpressionMatch place = match.next();
-        text += QStringView(path).mid(done, place.capturedStart() - done);
-        text += Tenths(place.captured());
-        done = place.capturedEnd();
+    static const QRegularExpression step(QStringLiteral("([ML])([^ ,]+),([^ ,]+)"));
+    const QString path = Attribute(tag, "d"); // plots draw no curves
+    RelativePath relative;
+    for (auto match = step.globalMatch(path); match.hasNext();) {
+        const QRegularExpressionMatch found = match.next();
+        const QPoint to(qRound(found.capturedView(2).toDouble() * 10),
+                        qRound(found.capturedView(3).toDouble() * 10));
+        found.capturedView(1) == QLatin1Char('M') ? relative.MoveTo(to) : relative.LineTo(to);
     }
-    text += QStringView(path).mid(done);
-    text.replace(rectangle, QStringLiteral("M\\1,\\2H\\3V\\4H\\1z"));
-    text.replace(dot, QStringLiteral("M\\1,\\2h0"));
-    text.replace(upright, QStringLiteral("M\\1,\\2V"));
-    text.replace(QLatin1String(" L"), QLatin1String("L")).replace(QLatin1String(" M"), QLatin1String("M"));
-    return text.isEmpty() ? QString() : QStringLiteral("<path d=\"%1\"/>").arg(text);
+    return path.isEmpty() ? QString() : QStringLiteral("<path d=\"%1\"/>").arg(relative.GetText());
 }
 
 QString ShortLine(const QString& tag)

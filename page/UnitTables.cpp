@@ -4,6 +4,7 @@
 #include "page/LotAnswers.h"
 #include "page/NumberText.h"
 #include "page/PageTexts.h"
+#include "page/Part.h"
 
 #include <QtCore/QCryptographicHash>
 
@@ -41,11 +42,11 @@ QString Row(const UnitRow& unit, const QString& anchor)
                                : QString());
 }
 
-QString Head(const QString& title, const QString& hint)
+QString Head(const Part& part, const QString& title, const QString& hint)
 {
-    QString text = QStringLiteral("<h3>%1</h3>\n<div class=\"scroll\" tabindex=\"0\" role=\"region\" "
-                                  "aria-label=\"%1\"><table><caption>%2</caption><thead><tr>")
-                       .arg(title, hint);
+    QString text = QStringLiteral("%1<div class=\"scroll\" tabindex=\"0\" role=\"region\" "
+                                  "aria-label=\"%2\"><table><caption>%3</caption><thead><tr>")
+                       .arg(part.Heading(title), title, hint);
     const std::pair<QString, bool> columns[] = {
         {Texts::tr("Serial"), false},   {Texts::tr("Runs"), true},          {Texts::tr("First run"), false},
         {Texts::tr("Last run"), false}, {Texts::tr("Failed first"), false}, {Texts::tr("Value"), true}};
@@ -57,9 +58,9 @@ QString Head(const QString& title, const QString& hint)
 
 } // namespace
 
-UnitTables::UnitTables(const LotAnswers& answers, int number)
+UnitTables::UnitTables(const LotAnswers& answers, const Part& part)
     : m_answers(answers)
-    , m_number(number)
+    , m_part(part)
 {
     for (const std::vector<UnitRow>* const units : {&answers.failedUnits, &answers.retestedUnits})
         for (std::size_t i = 0; i < Shown(*units); ++i)
@@ -68,7 +69,7 @@ UnitTables::UnitTables(const LotAnswers& answers, int number)
 
 QString UnitTables::LinkTo(const QString& serial) const
 {
-    return m_serials.contains(serial) ? QLatin1Char('#') + Anchor(m_number, serial) : QString();
+    return m_serials.contains(serial) ? QLatin1Char('#') + Anchor(m_part.number, serial) : QString();
 }
 
 QString UnitTables::Html() const
@@ -78,10 +79,10 @@ QString UnitTables::Html() const
     const auto table = [&](const QString& title, const QString& hint, const std::vector<UnitRow>& units) {
         if (units.empty())
             return;
-        text += Head(title, hint);
+        text += Head(m_part, title, hint);
         for (std::size_t i = 0; i < Shown(units); ++i) {
             const QString& serial = units[i].serial;
-            text += Row(units[i], anchored.contains(serial) ? QString() : Anchor(m_number, serial));
+            text += Row(units[i], anchored.contains(serial) ? QString() : Anchor(m_part.number, serial));
             anchored.insert(serial);
         }
         text += QStringLiteral("</tbody></table></div>\n");

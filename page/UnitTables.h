@@ -6,12 +6,12 @@
 namespace ZYN::Page {
 
 struct LotAnswers;
+struct Part;
 
 /// The tables of units of one lot on a page, whose rows can be led to.
 class UnitTables {
 public:
-    /// \param number of the lot on the page
-    UnitTables(const LotAnswers& answers, int number);
+    UnitTables(const LotAnswers& answers, const Part& part);
 
     /// The link to a unit's row; empty where it has none.
     QString LinkTo(const QString& serial) const;
@@ -20,7 +20,7 @@ public:
 
 private:
     const LotAnswers& m_answers;
-    int m_number;
+    const Part& m_part;
     QSet<QString> m_serials; // with a row
 };
 

@@ -178,9 +178,15 @@ const std::vector<MeasureRow>& MeasureAnswer::GetRows() const
     return d->rows;
 }
 
-std::vector<MeasuredValue> MeasureAnswer::ValuesOf(std::size_t row) const
+MeasuredNumbers MeasureAnswer::NumbersOf(std::size_t row) const
 {
-    return Measures(d->reader).ValuesOf(d->reader.GetSeries()[d->series[row]]);
+    const MeasuredSeries& series = d->reader.GetSeries()[d->series[row]];
+    return {series.values, series.codes};
+}
+
+const RunPlace& MeasureAnswer::PlaceOf(std::size_t row, std::size_t number) const
+{
+    return d->reader.PlaceOf(d->reader.GetSeries()[d->series[row]].runs[number]);
 }
 
 } // namespace ZYN
