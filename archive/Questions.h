@@ -37,6 +37,7 @@ struct RunFilter {
     std::optional<TimeBound> since; ///< runs that start then or later
     std::optional<TimeBound> until; ///< runs that start before
     bool acrossLots = false;        ///< a serial of one product in several lots is one unit
+    bool ofOneLot = false;          ///< product and lot choose runs where they are empty, too
 };
 
 enum class GroupBy { Product, Lot, Station, Program, Position, Site, Wafer, Bin, Hour, Day, Week, Month };

@@ -87,6 +87,7 @@ std::optional<LotAnswers> AskLot(const Archive& archive, const RunFilter& asked,
     RunFilter filter = asked;
     filter.product = name.product;
     filter.lot = name.lot;
+    filter.ofOneLot = true;
     const auto yieldBy = [&](GroupBy by, std::vector<YieldRow>* rows) {
         return Take(AskYield(archive, filter, {by}), rows);
     };

@@ -43,17 +43,14 @@ bool Write(QIODevice& device, const QString& text)
 
 bool WriteLotPage(const Archive& archive, const Subject& subject, QIODevice& device)
 {
-    const auto lots = AskLots(archive, subject.filter);
-    if (!lots)
-        return false;
-    const QString title = TitleOf(*lots);
+    const QString title = TitleOf(subject.lots);
     if (!Write(device, Head(title) + QStringLiteral("<header>\n<h1>%1</h1>\n").arg(Escaped(title)) +
                            Inputs(subject) + QStringLiteral("</header>\n<main>\n")))
         return false;
     int number = 0;
-    for (const LotName& lot : *lots) {
+    for (const LotName& lot : subject.lots) {
         const std::optional<LotAnswers> answers = AskLot(archive, subject.filter, lot);
-        if (!answers || !WriteLotSection(device, *answers, {++number, lots->size() > 1}))
+        if (!answers || !WriteLotSection(device, *answers, {++number, subject.lots.size() > 1}))
             return false;
     }
     return Write(device, QStringLiteral("</main>\n</body>\n</html>\n"));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/Questions.h"
+#include "page/LotAnswers.h"
 
 #include <QtCore/QStringList>
 
@@ -11,7 +11,8 @@ namespace ZYN::Page {
 /// What a page is about, for its head.
 struct Subject {
     RunFilter filter;
-    QStringList inputs; ///< as the user named them
+    std::vector<LotName> lots; ///< of the chosen runs
+    QStringList inputs;        ///< as the user named them
 };
 
 /// Writes a page of one HTML file: no script, nothing from elsewhere. Each product and lot has a part of its

@@ -209,21 +209,19 @@ void Lot(PdfSheet& sheet, const LotAnswers& answers)
 
 bool WriteLotPdf(const Archive& archive, const Subject& subject, QIODevice& device)
 {
-    const auto lots = AskLots(archive, subject.filter);
-    if (!lots)
-        return false;
-    const QString title = TitleOf(*lots);
+    const std::vector<LotName>& lots = subject.lots;
+    const QString title = TitleOf(lots);
     PdfSheet sheet(device, title);
     sheet.Line(title, 20, Ink::Text, true);
     sheet.Paragraph(Texts::tr("Made from %1").arg(subject.inputs.join(QStringLiteral(", "))), Ink::Faint);
-    for (std::size_t i = 0; i < lots->size(); ++i) {
-        const std::optional<LotAnswers> answers = AskLot(archive, subject.filter, (*lots)[i]);
+    for (std::size_t i = 0; i < lots.size(); ++i) {
+        const std::optional<LotAnswers> answers = AskLot(archive, subject.filter, lots[i]);
         if (!answers)
             return false;
         if (i > 0)
             sheet.NewPage();
-        if (lots->size() > 1)
-            Heading(sheet, TitleOf({(*lots)[i]}), 0);
+        if (lots.size() > 1)
+            Heading(sheet, TitleOf({lots[i]}), 0);
         Lot(sheet, *answers);
     }
     return sheet.Finish();

@@ -203,6 +203,9 @@ QString TitleOf(const std::vector<LotName>& lots)
     if (lots.size() != 1)
         return Texts::tr("%n lots", nullptr, int(lots.size()));
     const LotName& lot = lots.front();
+    if (lot.product.isEmpty())
+        return lot.lot.isEmpty() ? Texts::tr("Runs without product and lot")
+                                 : Texts::tr("Lot %1").arg(lot.lot);
     return lot.lot.isEmpty() ? lot.product : Texts::tr("Lot %1 · %2").arg(lot.lot, lot.product);
 }
 

@@ -27,6 +27,12 @@ const QString joinedRuns =
                    "x.test_index, x.id) = 1 THEN 1 ELSE 0 END AS first FROM run x "
                    "JOIN joined j ON j.id = x.unit WHERE x.current = 1) ");
 
+// A text without characters that a database does not take for NULL.
+QString NotNull(const QString& text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
 bool Fail(const Archive& archive, const QSqlError& error)
 {
     archive.SetErrorText(TextOfError(error, archive.GetShownUrl(), archive.IsPostgreSql()));
@@ -77,13 +83,13 @@ void ChosenRuns::Choose(const RunFilter& filter, Of of)
         ofUnit.append(QStringLiteral("(serial = ? OR (serial = '' AND ident = ?))"));
         values << filter.serial << filter.serial;
     }
-    if (!filter.product.isEmpty()) {
+    if (filter.ofOneLot || !filter.product.isEmpty()) {
         ofUnit.append(QStringLiteral("product = ?"));
-        values << filter.product;
+        values << NotNull(filter.product);
     }
-    if (!filter.lot.isEmpty()) {
+    if (filter.ofOneLot || !filter.lot.isEmpty()) {
         ofUnit.append(QStringLiteral("lot = ?"));
-        values << filter.lot;
+        values << NotNull(filter.lot);
     }
     if (!ofUnit.isEmpty())
         Add(QStringLiteral("r.home IN (SELECT id FROM unit WHERE %1)")

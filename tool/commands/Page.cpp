@@ -53,11 +53,17 @@ int Run(const Arguments& arguments, const Manners& manners)
     if (!source.Open(arguments.options.GetInputs(), QStringLiteral("page"), true, manners))
         return source.GetExitCode();
     const Archive& archive = source.GetArchive();
+    const auto lots = Page::AskLots(archive, filter);
+    if (!lots)
+        return Fail({{}, 0, archive.GetErrorText(), {}});
+    if (lots->empty())
+        return Fail({{}, 0, Texts::tr("there is nothing to tell about the runs that were chosen"), {}});
     QFile file(output.TemporaryName());
     if (!file.open(QIODevice::WriteOnly))
         return Fail(output.WriteProblem());
     const auto write = suffix == QLatin1String("pdf") ? Page::WriteLotPdf : Page::WriteLotPage;
-    if (!write(archive, {filter, NamesOf(arguments, archive)}, file) || file.error() != QFileDevice::NoError)
+    if (!write(archive, {filter, *lots, NamesOf(arguments, archive)}, file) ||
+        file.error() != QFileDevice::NoError)
         return Fail(archive.GetErrorText().isEmpty() ? output.WriteProblem()
                                                      : Problem{{}, 0, archive.GetErrorText(), {}});
     if (!file.flush())
