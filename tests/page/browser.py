@@ -78,6 +78,10 @@ class Browser:
         assert "exceptionDetails" not in result, result
         return result["result"].get("value")
 
+    def press(self, key, code):
+        for kind in ("keyDown", "keyUp"):
+            self.ask("Input.dispatchKeyEvent", type=kind, key=key, code=key, windowsVirtualKeyCode=code)
+
     def picture(self, path):
         """The whole page as PNG."""
         with open(path, "wb") as file:
