@@ -13,6 +13,8 @@ namespace {
 constexpr std::array<const char*, 9> prefixes = {"p", "n", "µ", "m", "", "k", "M", "G", "T"};
 constexpr int leastExponent = -12;
 constexpr int mostExponent = 12;
+constexpr double largest = 1e300;   // further values are beyond any axis
+constexpr double leastSpan = 1e-12; // of the values: less is a single place
 
 // Units that people write with a prefix; "°C", "%", "rpm" are not.
 bool TakesPrefix(const QString& unit)
@@ -52,7 +54,9 @@ double RoundStep(double step)
 
 Axis::Axis(double from, double to, int count)
 {
-    if (!(to > from)) {
+    from = std::clamp(from, -largest, largest);
+    to = std::clamp(to, -largest, largest);
+    if (!(to - from > std::max({std::abs(from), std::abs(to), 1 / largest}) * leastSpan)) {
         const double room = std::max(std::abs(from) * 0.05, 1e-12);
         to = from + room;
         from -= room;
@@ -81,13 +85,15 @@ std::vector<Tick> Axis::Ticks(const QString& unit) const
     const int exponent = Exponent(unit);
     const double scale = std::pow(10, exponent);
     const int decimals = std::clamp(int(std::ceil(-std::log10(m_step / scale) - 1e-9)), 0, 12);
-    const bool isLong = decimals > 6 || std::max(std::abs(m_from), std::abs(m_to)) / scale >= 1e7;
+    const double most = std::max(std::abs(m_from), std::abs(m_to));
+    const bool isLong = decimals > 6 || most / scale >= 1e7;
+    const int digits = int(std::ceil(std::log10(most / m_step) - 1e-9)) + 1; // neighbours differ in the last
     std::vector<Tick> ticks;
     const int count = int(std::lround((m_to - m_from) / m_step));
     for (int i = 0; i <= count; ++i) {
         const double value = m_from + i * m_step;
         const double shown = std::abs(value) < m_step * 1e-6 ? 0 : value / scale;
-        ticks.push_back({value, isLong ? ShortNumber(shown, 7) : QString::number(shown, 'f', decimals)});
+        ticks.push_back({value, isLong ? ShortNumber(shown, digits) : QString::number(shown, 'f', decimals)});
     }
     return ticks;
 }

@@ -23,25 +23,26 @@ struct Range {
     bool Holds(double value) const { return value >= from && value <= to; }
 };
 
-double Quantile(const std::vector<double>& sorted, double share)
-{
-    return sorted[static_cast<std::size_t>(std::lround(share * double(sorted.size() - 1)))];
-}
-
 // Where the values are, without the few far away: a shorted board would make a line of all others.
 Range RangeOfValues(std::span<const double> values)
 {
     constexpr double far = 8; // in distances of the quartiles
-    std::vector<double> sorted(values.begin(), values.end());
-    std::sort(sorted.begin(), sorted.end());
-    const double low = Quantile(sorted, 0.25);
-    const double high = Quantile(sorted, 0.75);
-    Range range{sorted.front(), sorted.back()};
-    if (!(high > low))
-        return range;
-    const double fence = far * (high - low);
-    range.from = *std::lower_bound(sorted.begin(), sorted.end(), low - fence);
-    range.to = *(std::upper_bound(sorted.begin(), sorted.end(), high + fence) - 1);
+    std::vector<double> arranged(values.begin(), values.end());
+    const auto quantile = [&](double share) {
+        const auto place = arranged.begin() + std::lround(share * double(arranged.size() - 1));
+        std::nth_element(arranged.begin(), place, arranged.end());
+        return *place;
+    };
+    const double low = quantile(0.25);
+    const double high = quantile(0.75);
+    const double fence = high > low ? far * (high - low) : INFINITY;
+    Range range{INFINITY, -INFINITY};
+    for (const double value : values) {
+        if (value < low - fence || value > high + fence)
+            continue;
+        range.from = std::min(range.from, value);
+        range.to = std::max(range.to, value);
+    }
     return range;
 }
 

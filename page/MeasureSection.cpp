@@ -148,9 +148,12 @@ QString MeasureSection::Table() const
 QString MeasureSection::Details(std::size_t index) const
 {
     const MeasureRow& row = m_answers.Rows()[index];
-    QString text = QStringLiteral("<details id=\"%1\"%2><summary>%3<span>CPK %4</span></summary>\n<div>")
+    QString text = QStringLiteral("<details id=\"%1\"%2><summary>%3<span>CPK %4</span>%5</summary>\n<div>")
                        .arg(Anchor(index), index < openAtFirst ? QStringLiteral(" open") : QString(),
-                            Escaped(NameOf(row)), Capability(row.cpk));
+                            Escaped(NameOf(row)), Capability(row.cpk),
+                            row.lower || row.upper // tells apart what was judged by several limits
+                                ? QStringLiteral("<span>%1</span>").arg(Escaped(Limits(row)))
+                                : QString());
     text += Hint(Escaped(FiguresOf(row)));
     if (row.drift)
         text += QStringLiteral("<p>%1</p>").arg(Escaped(DriftSentence(*row.drift)));
