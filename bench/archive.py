@@ -3,6 +3,7 @@
 Each work and its floor take turns, so that the machine's moods hit both; what counts is processor time of all
 cores, user and system. Writes what bench/table.py reads.
 """
+import collections
 import json
 import os
 import pathlib
@@ -15,14 +16,17 @@ TURNS, PANELS = 3, 200
 PLAIN = ["/usr/bin/python3", str(pathlib.Path(__file__).with_name("plain.py"))]
 
 
-def seconds(command):
-    """Processor seconds of a program."""
+Usage = collections.namedtuple("Usage", "seconds kibibytes")
+
+
+def used(command):
+    """Processor seconds and peak memory of a program."""
     with subprocess.Popen(command, stdout=subprocess.DEVNULL) as process:
         _, status, usage = os.wait4(process.pid, 0)
         process.returncode = os.waitstatus_to_exitcode(status)
     if process.returncode:
         sys.exit(f"{' '.join(command)}: exit code {process.returncode}")
-    return usage.ru_utime + usage.ru_stime
+    return Usage(usage.ru_utime + usage.ru_stime, usage.ru_maxrss)
 
 
 def works(zyn, lot, folder):
@@ -54,7 +58,7 @@ def main(zyn, results, pattern="."):
         for name, bar, work, floor in works(zyn, lot, folder):
             if not re.search(pattern, name):
                 continue
-            pairs = [(seconds(work()), seconds(floor())) for _ in range(TURNS)]
+            pairs = [(used(work()).seconds, used(floor()).seconds) for _ in range(TURNS)]
             ours, theirs = (sum(column) / TURNS for column in zip(*pairs))
             runs.append({"name": name, "real_time": ours, "time_unit": "s", "ratio": ours / theirs, "bar": bar})
         if os.path.exists(folder + "/line.zya"):
