@@ -139,9 +139,11 @@ void WaferMaps(PdfSheet& sheet, const LotAnswers& answers)
 
 void MeasurementTable(PdfSheet& sheet, const LotAnswers& answers)
 {
-    if (answers.Rows().empty())
-        return;
     Heading(sheet, Texts::tr("Measurements"), 100);
+    if (answers.Rows().empty()) {
+        sheet.Paragraph(Texts::tr("No run has measured a number."), Ink::Faint);
+        return;
+    }
     sheet.BeginTable({{0, 0.36, false, Texts::tr("Measurement")},
                       {0.36, 0.42, false, Texts::tr("Ident")},
                       {0.42, 0.62, true, Texts::tr("Limits")},

@@ -109,7 +109,7 @@ QString MeasureSection::Table() const
 {
     const std::vector<MeasureRow>& rows = m_answers.Rows();
     if (rows.empty())
-        return {};
+        return m_part.Heading(Texts::tr("Measurements")) + Hint(Texts::tr("No run has measured a number."));
     QString text =
         QStringLiteral("%1<div class=\"scroll\" tabindex=\"0\" role=\"region\" aria-label=\"%2\"><table>"
                        "<caption>%3</caption>\n<thead><tr>")
