@@ -75,6 +75,13 @@ Axis Axis::Exact(double from, double to)
     return axis;
 }
 
+Axis Axis::UpTo(double to, int count)
+{
+    Axis axis(0, to, count);
+    axis.m_to = to;
+    return axis;
+}
+
 int Axis::Exponent(const QString& unit) const
 {
     return ExponentFor(std::max(std::abs(m_from), std::abs(m_to)), unit);
@@ -89,7 +96,7 @@ std::vector<Tick> Axis::Ticks(const QString& unit) const
     const bool isLong = decimals > 6 || most / scale >= 1e7;
     const int digits = int(std::ceil(std::log10(most / m_step) - 1e-9)) + 1; // neighbours differ in the last
     std::vector<Tick> ticks;
-    const int count = int(std::lround((m_to - m_from) / m_step));
+    const int count = int(std::floor((m_to - m_from) / m_step + 1e-6));
     for (int i = 0; i <= count; ++i) {
         const double value = m_from + i * m_step;
         const double shown = std::abs(value) < m_step * 1e-6 ? 0 : value / scale;

@@ -22,6 +22,9 @@ public:
     /// An axis from one value to another, round or not, for places that have names instead of numbers.
     static Axis Exact(double from, double to);
 
+    /// From 0 to a value that need not be round; the numbers are.
+    static Axis UpTo(double to, int count);
+
     double GetFrom() const { return m_from; }
     double GetTo() const { return m_to; }
     /// \param unit of the values; a prefix is put before it and taken from the numbers where that makes them

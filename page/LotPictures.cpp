@@ -130,6 +130,7 @@ std::vector<Bar> BinBars(const std::vector<YieldRow>& byBin)
         if (hasBins)
             bars.push_back({Texts::tr("Bin %1").arg(LastOf(row.group)), ShareOf(row.units, most),
                             Share(double(row.units), double(units)), row.passed < row.units});
+    std::stable_sort(bars.begin(), bars.end(), [](const Bar& a, const Bar& b) { return a.share > b.share; });
     return bars;
 }
 
@@ -220,8 +221,10 @@ std::vector<std::pair<QString, QString>> FactsOf(const LotAnswers& answers)
     add(Texts::tr("Lot"), answers.lot);
     add(Texts::tr("Program"), Names(answers.byProgram));
     add(Texts::tr("Station"), Names(answers.byStation));
-    add(Texts::tr("First start"), answers.span.first);
-    add(Texts::tr("Last start"), answers.span.last);
+    const QString first = TimeText(answers.span.first);
+    const QString last = TimeText(answers.span.last);
+    add(first == last ? Texts::tr("Start") : Texts::tr("First start"), first);
+    add(Texts::tr("Last start"), first == last ? QString() : last);
     return facts;
 }
 

@@ -15,6 +15,8 @@ namespace ZYN::Page {
 namespace {
 
 constexpr double dotRadius = 1.6;
+constexpr double farFromAll = 8;      // distances of the quartiles: such values are not on the axis
+constexpr double outlying = 3;        // such are not what a normal distribution fits to
 constexpr std::size_t manyDots = 200; // whole pixels do for them, and are half as long
 
 struct Range {
@@ -24,9 +26,9 @@ struct Range {
 };
 
 // Where the values are, without the few far away: a shorted board would make a line of all others.
-Range RangeOfValues(std::span<const double> values)
+// \param far how many distances of the quartiles beyond these
+Range RangeOfValues(std::span<const double> values, double far)
 {
-    constexpr double far = 8; // in distances of the quartiles
     std::vector<double> arranged(values.begin(), values.end());
     const auto quantile = [&](double share) {
         const auto place = arranged.begin() + std::lround(share * double(arranged.size() - 1));
@@ -50,7 +52,7 @@ Range RangeOfValues(std::span<const double> values)
 // values would be a line.
 Range RangeOf(const MeasureData& data)
 {
-    const Range ofValues = RangeOfValues(data.values);
+    const Range ofValues = RangeOfValues(data.values, farFromAll);
     Range range = ofValues;
     const double spread = ofValues.to - ofValues.from;
     for (const std::optional<double>& limit : {data.lower, data.upper}) {
@@ -111,22 +113,22 @@ void DrawBars(QPainter& painter, const PlotFrame& frame, const std::vector<int>&
     painter.setBrush(Qt::NoBrush);
 }
 
-// The normal distribution that fits the shown values: those far away would make it flat.
-void DrawNormal(QPainter& painter, const PlotFrame& frame, const std::vector<double>& shown,
-                const Range& range, double area)
+// The normal distribution that fits. \param values without those far away, which would make it flat
+void DrawNormal(QPainter& painter, const PlotFrame& frame, const std::vector<double>& values,
+                const Range& range, double binWidth)
 {
     double mean = 0;
     double squares = 0;
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        const double distance = shown[i] - mean;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const double distance = values[i] - mean;
         mean += distance / double(i + 1);
-        squares += distance * (shown[i] - mean);
+        squares += distance * (values[i] - mean);
     }
-    const double sigma = shown.size() > 1 ? std::sqrt(squares / double(shown.size() - 1)) : 0;
+    const double sigma = values.size() > 1 ? std::sqrt(squares / double(values.size() - 1)) : 0;
     if (!(sigma > 0))
         return;
     QPainterPath curve;
-    const double height = area / (sigma * std::sqrt(2 * std::numbers::pi));
+    const double height = double(values.size()) * binWidth / (sigma * std::sqrt(2 * std::numbers::pi));
     const double from = std::max(range.from, mean - 4 * sigma);
     const double to = std::min(range.to, mean + 4 * sigma);
     constexpr int steps = 40;
@@ -325,8 +327,8 @@ void DrawHistogram(QPainter& painter, const QRectF& area, const MeasureData& dat
     PlotFrame frame(painter, area, {across, AxisUnitOf(data)}, {Axis(0, std::max(most, 4), 4), {}});
     frame.DrawUp();
     DrawBars(painter, frame, counts, range);
-    DrawNormal(painter, frame, shown, range,
-               double(shown.size()) * (range.to - range.from) / double(counts.size()));
+    DrawNormal(painter, frame, ShownOf(data, RangeOfValues(data.values, outlying)), range,
+               (range.to - range.from) / double(counts.size()));
     if (data.lower)
         frame.DrawUpright(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"),
                           Qt::AlignLeft);
@@ -345,7 +347,7 @@ std::vector<FailedDot> DrawTrend(QPainter& painter, const QRectF& area, const Me
     const double last = double(std::max<std::size_t>(data.values.size(), 2) - 1);
     const Axis up(wanted.from, wanted.to, 5);
     const Range range{up.GetFrom(), up.GetTo()};
-    PlotFrame frame(painter, area, {Axis(0, last, 8), {}}, {up, AxisUnitOf(data)});
+    PlotFrame frame(painter, area, {Axis::UpTo(last, 8), {}}, {up, AxisUnitOf(data)});
     frame.DrawUp();
     if (double(data.values.size()) > frame.GetInner().width() * 1.5)
         DrawColumns(painter, frame, data, range);

@@ -35,8 +35,8 @@ struct FailedDot {
     QPointF at;
 };
 
-/// How often which value was measured, with limits and the normal distribution that fits. A few values far
-/// from all others are not shown but counted at the edge.
+/// How often which value was measured, with limits and the normal distribution that fits without outliers. A
+/// few values far from all others are not shown but counted at the edge.
 void DrawHistogram(QPainter& painter, const QRectF& area, const MeasureData& data);
 /// The values in order of time with limits and mean. Where more values than pixels stand side by side, each
 /// column of pixels shows the range of its values, and failed ones one by one. Values beyond the axis are

@@ -25,6 +25,11 @@ QString Hint(const QString& text)
     return text.isEmpty() ? QString() : QStringLiteral("<p class=\"hint\">%1</p>").arg(text);
 }
 
+QString Beside(const QString& text)
+{
+    return text.isEmpty() ? QString() : QStringLiteral("<span>%1</span>").arg(Escaped(text));
+}
+
 QString FiguresOf(const MeasureRow& row)
 {
     return Texts::tr("%n values, mean %1, sigma %2, limits %3", nullptr, int(row.count))
@@ -139,21 +144,24 @@ QString MeasureSection::Table() const
         cell(QString::number(row.failed), row.failed > 0);
         text += QStringLiteral("</tr>\n");
     }
-    return text + QStringLiteral("</tbody></table></div>\n%1<p class=\"hint\">%2</p>\n")
-                      .arg(m_part.Heading(Texts::tr("Distributions and trends")),
-                           Texts::tr("Curve: the normal distribution that fits. Solid line: mean; dashed: "
-                                     "limits and where something began. Failed dots lead to their units."));
+    return text +
+           QStringLiteral("</tbody></table></div>\n%1<p class=\"hint\">%2</p>\n")
+               .arg(
+                   m_part.Heading(Texts::tr("Distributions and trends")),
+                   Texts::tr(
+                       "Curve: the normal distribution that fits without outliers. Solid line: mean; dashed: "
+                       "limits and where something began. Failed dots lead to their units."));
 }
 
 QString MeasureSection::Details(std::size_t index) const
 {
     const MeasureRow& row = m_answers.Rows()[index];
-    QString text = QStringLiteral("<details id=\"%1\"%2><summary>%3<span>CPK %4</span>%5</summary>\n<div>")
+    QString text = QStringLiteral("<details id=\"%1\"%2><summary>%3%4%5</summary>\n<div>")
                        .arg(Anchor(index), index < openAtFirst ? QStringLiteral(" open") : QString(),
-                            Escaped(NameOf(row)), Capability(row.cpk),
-                            row.lower || row.upper // tells apart what was judged by several limits
-                                ? QStringLiteral("<span>%1</span>").arg(Escaped(Limits(row)))
-                                : QString());
+                            Escaped(NameOf(row)),
+                            Beside(row.cpk ? QStringLiteral("CPK ") + Capability(row.cpk) : QString()),
+                            // Tells apart what was judged by several limits.
+                            Beside(row.lower || row.upper ? Limits(row) : QString()));
     text += Hint(Escaped(FiguresOf(row)));
     if (row.drift)
         text += QStringLiteral("<p>%1</p>").arg(Escaped(DriftSentence(*row.drift)));

@@ -3,6 +3,7 @@
 #include "page/Axis.h"
 #include "page/PageTexts.h"
 
+#include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
 #include <cmath>
@@ -20,10 +21,17 @@ int BaseOf(const NumberStyle& style)
 
 QString PlaceText(const RunPlace& place)
 {
-    return Texts::tr("unit %1, %2").arg(place.serial, place.start);
+    return Texts::tr("unit %1, %2").arg(place.serial, TimeText(place.start));
 }
 
 } // namespace
+
+QString TimeText(const QString& start)
+{
+    static const QRegularExpression parts(
+        QStringLiteral("^(\\d{4}-\\d\\d-\\d\\d)T(\\d\\d:\\d\\d:\\d\\d)(?:\\.\\d+)?"));
+    return QString(start).replace(parts, QStringLiteral("\\1 \\2"));
+}
 
 QString Percent(double part, double whole)
 {

@@ -26,7 +26,9 @@ QString GroupText(const AnswerGroup& group);
 /// The last value of a group, without the program.
 QString LastOf(const AnswerGroup& group);
 
-/// "A trend up of 0.9 sigma, begun at unit 7, 2024-01-09T06:00:00."
+/// "2024-01-09 06:00:00+01:00": the start of a run without parts of a second.
+QString TimeText(const QString& start);
+/// "A trend up of 0.9 sigma, begun at unit 7, 2024-01-09 06:00:00."
 QString DriftSentence(const Drift& drift);
 /// What the rules found, each where it began first; empty for nothing.
 QString RulesSentence(const MeasureRow& row);

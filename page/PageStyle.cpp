@@ -36,7 +36,7 @@ a{color:var(--good);text-decoration:none}a:hover,a:focus{text-decoration:underli
 .scroll{overflow-x:auto}
 table{border-collapse:collapse;width:100%;font-variant-numeric:tabular-nums}
 caption{text-align:left;padding:4px 0}
-th,td{padding:5px 10px 5px 0;border-bottom:1px solid var(--grid);text-align:left;vertical-align:top}
+th,td{padding:5px 14px 5px 0;border-bottom:1px solid var(--grid);text-align:left;vertical-align:top}
 th{font-weight:600}thead th{color:var(--faint);font-weight:500;white-space:nowrap}
 .n{text-align:right;white-space:nowrap}tbody th{overflow-wrap:anywhere;min-width:12em}
 .bad{color:var(--bad)}
