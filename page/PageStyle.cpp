@@ -46,7 +46,7 @@ details{border-bottom:1px solid var(--grid);padding:6px 0}
 summary{cursor:pointer;overflow-wrap:anywhere}summary span{color:var(--faint);margin-left:.7em}
 .plots{display:grid;grid-template-columns:minmax(0,4fr) minmax(0,7fr);gap:6px 20px;margin:10px 0}
 .pan{overflow-x:auto}
-@media screen and (max-width:760px){.plots{grid-template-columns:minmax(0,1fr)}.pan svg{min-width:500px}tbody th{min-width:9em}}
+@media screen and (max-width:760px){.plots{grid-template-columns:minmax(0,1fr)}.pan svg{min-width:500px}tbody th{min-width:11em}}
 circle{fill:transparent}a:focus circle,a:hover circle{stroke:var(--bad);stroke-width:1.5}
 .facts{display:flex;flex-wrap:wrap;gap:2px 28px;margin:.6em 0;padding:0;list-style:none}.facts li{overflow-wrap:anywhere;min-width:0}
 .facts span{display:block;color:var(--faint);font-size:.87em}
@@ -55,7 +55,8 @@ tr:target{background:var(--card);outline:2px solid var(--mark)}
 svg{display:block;width:100%;height:auto;font:11px system-ui,"DejaVu Sans",sans-serif}
 .map{border-collapse:separate;border-spacing:4px;width:auto}
 .map td{border:0;border-radius:6px;padding:8px 12px;min-width:84px;text-align:center;background:var(--card);border:1px solid var(--grid)}
-.map b{display:block}.map .worst{border-color:var(--bad)}.map .worst b{color:var(--bad)}.map td:empty{visibility:hidden}.map caption{white-space:nowrap}
+.map b{display:block}.map .worst{border-color:var(--bad)}.map .worst b{color:var(--bad)}.map td:empty{visibility:hidden}
+@media (min-width:561px){.map caption{white-space:nowrap}}
 )css";
 
 constexpr const char* printRules = R"css(
@@ -64,7 +65,7 @@ constexpr const char* printRules = R"css(
  details>*{display:block!important}summary{list-style:none}
  .two{grid-template-columns:1fr 1fr}.cards{grid-template-columns:repeat(6,1fr);gap:6px}.cards li{padding:6px 8px}
  .plots{grid-template-columns:minmax(0,4fr) minmax(0,7fr)}.pan{overflow:visible}article+article{break-before:page}
- svg,tr,li,details,section,.plots{break-inside:avoid}.look{break-inside:auto}h2,.h,.look p{break-after:avoid}.scroll{overflow:visible}
+ svg,tr,li,details,section,.plots{break-inside:avoid}.look{break-inside:auto}h2,.h,.h+.hint,.look p{break-after:avoid}.scroll{overflow:visible}
  a{color:inherit}thead{display:table-header-group}}
 )css";
 
