@@ -128,13 +128,26 @@ void Positions(PdfSheet& sheet, const ProgramRows& rows)
 
 void WaferMaps(PdfSheet& sheet, const LotAnswers& answers)
 {
-    for (const WaferDies& wafer : Wafers(answers)) {
-        constexpr double size = 280;
-        Heading(sheet, Texts::tr("Wafer %1").arg(wafer.name), size);
-        sheet.Plot(size, [&](QPainter& painter, const QRectF& area) {
-            DrawWafer(painter, QRectF(area.topLeft(), QSizeF(size, size)), wafer);
+    constexpr std::size_t columns = 4;
+    constexpr double space = 16;
+    const std::vector<WaferDies> wafers = Wafers(answers);
+    const double width = sheet.GetWidth() / double(columns);
+    const double height = width + 2 * space;
+    if (!wafers.empty())
+        Heading(sheet, Texts::tr("Wafers"), height);
+    for (std::size_t first = 0; first < wafers.size(); first += columns)
+        sheet.Plot(height, [&](QPainter& painter, const QRectF& area) {
+            for (std::size_t i = first; i < std::min(first + columns, wafers.size()); ++i) {
+                const QRectF place(area.left() + double(i - first) * width, area.top(), width - space,
+                                   width - space);
+                DrawWafer(painter, place, wafers[i]);
+                painter.setFont(PlotFont());
+                DrawLabel(painter, place.bottomLeft(), Qt::AlignLeft | Qt::AlignTop, Ink::Text,
+                          wafers[i].name);
+                DrawLabel(painter, place.bottomLeft() + QPointF(0, space), Qt::AlignLeft | Qt::AlignTop,
+                          Ink::Faint, PassedShare(wafers[i]));
+            }
         });
-    }
 }
 
 void MeasurementTable(PdfSheet& sheet, const LotAnswers& answers)

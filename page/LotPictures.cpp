@@ -164,6 +164,13 @@ std::vector<WaferDies> Wafers(const LotAnswers& answers)
     return wafers;
 }
 
+QString PassedShare(const WaferDies& wafer)
+{
+    const auto passed = std::count_if(wafer.dies.begin(), wafer.dies.end(),
+                                      [](const WaferDies::Die& die) { return die.passed; });
+    return Share(double(passed), double(wafer.dies.size()));
+}
+
 MeasureData DataOf(const MeasureRow& row, const MeasuredNumbers& numbers)
 {
     MeasureData data{row.unit,      row.style.unitCode != 25 && row.style.unitCode != 26,

@@ -38,6 +38,8 @@ std::size_t PanelColumns(std::size_t places);
 
 /// The dies of each wafer, in the order of wafers.
 std::vector<WaferDies> Wafers(const LotAnswers& answers);
+/// "88.1 % (466 of 529)".
+QString PassedShare(const WaferDies& wafer);
 
 /// \param numbers of the row, borrowed by the result
 MeasureData DataOf(const MeasureRow& row, const MeasuredNumbers& numbers);

@@ -131,9 +131,7 @@ QString WaferMaps(const LotAnswers& answers, const Part& part)
 {
     QString text;
     for (const WaferDies& wafer : Wafers(answers)) {
-        const auto passed = std::count_if(wafer.dies.begin(), wafer.dies.end(),
-                                          [](const WaferDies::Die& die) { return die.passed; });
-        const QString share = Share(double(passed), double(wafer.dies.size()));
+        const QString share = PassedShare(wafer);
         const QByteArray plot =
             SvgPlot({waferSize, waferSize}, Texts::tr("Wafer %1").arg(wafer.name), share,
                     [&](QPainter& painter, const QRectF& area) { DrawWafer(painter, area, wafer); });
