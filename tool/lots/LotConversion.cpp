@@ -35,8 +35,10 @@ QList<Conversion> ConvertLot(const Input& lot, const QString& folder, const Repo
         });
         conversions.append(QList<Conversion>(done.begin(), done.end()));
     });
-    if (damage)
-        conversions.append({lot.name, folder, damage});
+    if (damage) {
+        const Conversion damaged{lot.name, folder, damage};
+        conversions.append(damaged);
+    }
     return conversions;
 }
 
