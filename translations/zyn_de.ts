@@ -2729,10 +2729,6 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <translation>Anteil an allen Prüflingen.</translation>
     </message>
     <message>
-        <source>Curve: the normal distribution that fits. Solid line: mean; dashed: limits and where something began. Failed dots lead to their units.</source>
-        <translation>Kurve: die passende Normalverteilung. Durchgezogen: Mittelwert; gestrichelt: Grenzen, und wo etwas begann. Fehlerhafte Punkte führen zu ihren Prüflingen.</translation>
-    </message>
-    <message>
         <source>Units whose last run did not pass.</source>
         <translation>Prüflinge, deren letzter Lauf nicht bestand.</translation>
     </message>
@@ -2789,6 +2785,22 @@ ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</tran
     <message>
         <source>it goes on</source>
         <translation>es geht weiter</translation>
+    </message>
+    <message>
+        <source>No run has measured a number.</source>
+        <translation>Kein Lauf hat eine Zahl gemessen.</translation>
+    </message>
+    <message>
+        <source>Runs without product and lot</source>
+        <translation>Läufe ohne Produkt und Los</translation>
+    </message>
+    <message>
+        <source>Lot %1</source>
+        <translation>Los %1</translation>
+    </message>
+    <message>
+        <source>Curve: the normal distribution that fits without outliers. Solid line: mean; dashed: limits and where something began. Failed dots lead to their units.</source>
+        <translation>Kurve: die Normalverteilung, die ohne Ausreißer passt. Durchgezogen: Mittelwert; gestrichelt: Grenzen, und wo etwas begann. Fehlerhafte Punkte führen zu ihren Prüflingen.</translation>
     </message>
 </context>
 </TS>
