@@ -78,6 +78,7 @@ Axis Axis::Exact(double from, double to)
 Axis Axis::UpTo(double to, int count)
 {
     Axis axis(0, to, count);
+    axis.m_step = std::max(axis.m_step, 1.0);
     axis.m_to = to;
     return axis;
 }

@@ -22,7 +22,7 @@ public:
     /// An axis from one value to another, round or not, for places that have names instead of numbers.
     static Axis Exact(double from, double to);
 
-    /// From 0 to a value that need not be round; the numbers are.
+    /// Counts from 0 to a number that need not be round; those between are.
     static Axis UpTo(double to, int count);
 
     double GetFrom() const { return m_from; }

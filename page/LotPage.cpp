@@ -33,6 +33,18 @@ QString Inputs(const Subject& subject)
         .arg(Texts::tr("Made from %1").arg(inputs.join(QStringLiteral(", "))));
 }
 
+// Links to the parts of several lots.
+QString Contents(const std::vector<LotName>& lots)
+{
+    if (lots.size() < 2)
+        return {};
+    QString text = QStringLiteral("<nav aria-label=\"%1\"><ul class=\"facts\">\n").arg(Texts::tr("Lots"));
+    for (int number = 0; const LotName& lot : lots)
+        text += QStringLiteral("<li><a href=\"#lot%1\">%2</a></li>\n")
+                    .arg(QString::number(++number), Escaped(TitleOf({lot})));
+    return text + QStringLiteral("</ul></nav>\n");
+}
+
 bool Write(QIODevice& device, const QString& text)
 {
     const QByteArray bytes = text.toUtf8();
@@ -45,7 +57,7 @@ bool WriteLotPage(const Archive& archive, const Subject& subject, QIODevice& dev
 {
     const QString title = TitleOf(subject.lots);
     if (!Write(device, Head(title) + QStringLiteral("<header>\n<h1>%1</h1>\n").arg(Escaped(title)) +
-                           Inputs(subject) + QStringLiteral("</header>\n<main>\n")))
+                           Inputs(subject) + Contents(subject.lots) + QStringLiteral("</header>\n<main>\n")))
         return false;
     int number = 0;
     for (const LotName& lot : subject.lots) {

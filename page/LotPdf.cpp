@@ -61,9 +61,8 @@ void Measurement(PdfSheet& sheet, const LotAnswers& answers, std::size_t index)
     sheet.Line(NameOf(row), 11, Ink::Text, true);
     sheet.Paragraph(Texts::tr("%n values, mean %1, sigma %2, limits %3, CPK %4 (of passed %5), %6 failed",
                               nullptr, int(row.count))
-                        .arg(Figure(row.mean, row.unit, row.style), Figure(row.sigma, row.unit, row.style),
-                             Limits(row), Capability(row.cpk), Capability(row.cpkPassed),
-                             QString::number(row.failed)),
+                        .arg(MeanOf(row), SigmaOf(row), Limits(row), Capability(row.cpk),
+                             Capability(row.cpkPassed), QString::number(row.failed)),
                     Ink::Faint);
     if (row.drift)
         sheet.Line(DriftSentence(*row.drift), 9, Ink::Mark);
@@ -166,9 +165,8 @@ void MeasurementTable(PdfSheet& sheet, const LotAnswers& answers)
                       {0.89, 0.95, true, Texts::tr("Values")},
                       {0.95, 1, true, Texts::tr("Failed")}});
     for (const MeasureRow& row : answers.Rows())
-        sheet.Row({NameOf(row), row.ident, Limits(row), Figure(row.mean, row.unit, row.style),
-                   Figure(row.sigma, row.unit, row.style), Capability(row.cpk), QString::number(row.count),
-                   QString::number(row.failed)});
+        sheet.Row({NameOf(row), row.ident, Limits(row), MeanOf(row), SigmaOf(row), Capability(row.cpk),
+                   QString::number(row.count), QString::number(row.failed)});
 }
 
 void UnitTable(PdfSheet& sheet, const QString& title, const std::vector<UnitRow>& units)
@@ -192,7 +190,7 @@ void Lot(PdfSheet& sheet, const LotAnswers& answers)
     Facts(sheet, answers);
     for (const YieldRow& row : answers.yield) {
         if (answers.yield.size() > 1)
-            Heading(sheet, GroupText(row.group), 70);
+            Heading(sheet, ProgramOf(row.group), 70);
         Cards(sheet, row);
     }
     const std::vector<std::size_t> drifting = DriftingRows(answers);

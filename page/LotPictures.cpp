@@ -49,7 +49,7 @@ std::vector<ProgramRows> ByProgram(const std::vector<YieldRow>& rows)
 {
     std::vector<ProgramRows> programs;
     for (const YieldRow& row : rows) {
-        const QString program = row.group.size() > 1 ? row.group.front().second : QString();
+        const QString program = ProgramOf(row.group);
         auto known = std::find_if(programs.begin(), programs.end(),
                                   [&](const ProgramRows& one) { return one.program == program; });
         if (known == programs.end())
@@ -101,7 +101,7 @@ std::vector<Bar> FailureBars(const LotAnswers& answers)
         if (bars.size() < mostBars) {
             QString name = row.path + QStringLiteral(" [") + row.ident + QLatin1Char(']');
             if (!row.group.empty())
-                name = GroupText(row.group) + QStringLiteral(": ") + name;
+                name = ProgramOf(row.group) + QStringLiteral(": ") + name;
             bars.push_back({name, std::min(row.share / most, 1.0),
                             QStringLiteral("%1 (%2)").arg(Percent(row.share, 1)).arg(row.first), true});
         } else {

@@ -43,7 +43,7 @@ QString Figures(const LotAnswers& answers, const Part& part)
     QString text;
     for (const YieldRow& row : answers.yield) {
         if (answers.yield.size() > 1)
-            text += part.Heading(Escaped(GroupText(row.group)));
+            text += part.Heading(Escaped(ProgramOf(row.group)));
         text += Cards(row);
     }
     return text;
@@ -177,7 +177,8 @@ bool WriteLotSection(QIODevice& device, const LotAnswers& answers, const Part& p
     const MeasureSection measures(answers, part, units);
     QString text = QStringLiteral("<article>\n");
     if (part.isOneOfSeveral)
-        text += QStringLiteral("<h2>%1</h2>\n").arg(Escaped(TitleOf({{answers.product, answers.lot}})));
+        text += QStringLiteral("<h2 id=\"lot%1\">%2</h2>\n")
+                    .arg(QString::number(part.number), Escaped(TitleOf({{answers.product, answers.lot}})));
     text += Facts(answers) + Notes(answers) + Figures(answers, part) + measures.LookAtThis() +
             Overview(answers, part) + measures.Table();
     const auto write = [&](const QString& html) {

@@ -86,14 +86,36 @@ std::vector<int> CountBins(const std::vector<double>& shown, const Range& range,
     return counts;
 }
 
-// Square root rule over the values' own range, so that a narrow distribution between wide limits has its
+// The normal distribution that fits some values. Those far away would make it flat.
+struct Fit {
+    double count = 0, mean = 0, sigma = 0;
+
+    explicit Fit(const std::vector<double>& values)
+    {
+        double squares = 0;
+        for (const double value : values) {
+            const double distance = value - mean;
+            mean += distance / ++count;
+            squares += distance * (value - mean);
+        }
+        sigma = count > 1 ? std::sqrt(squares / (count - 1)) : 0;
+    }
+
+    // How many values it lets expect in a bin at this value.
+    double At(double value, double binWidth) const
+    {
+        const double z = (value - mean) / sigma;
+        return count * binWidth / (sigma * std::sqrt(2 * std::numbers::pi)) * std::exp(-z * z / 2);
+    }
+};
+
+// Square root rule over the range of the values, so that a narrow distribution between wide limits has its
 // bins.
-int BinsFor(const std::vector<double>& shown, const Range& axis)
+int BinsFor(const Range& ofValues, std::size_t count, const Range& axis)
 {
-    const auto [least, most] = std::minmax_element(shown.begin(), shown.end());
-    const double share = (*most - *least) / (axis.to - axis.from);
-    const double wanted = std::clamp(std::sqrt(double(shown.size())), 6.0, 30.0);
-    return std::clamp(int(share > 0 ? wanted / share : wanted), 6, 90);
+    const double share = (ofValues.to - ofValues.from) / (axis.to - axis.from);
+    const double wanted = std::clamp(std::sqrt(double(count)), 6.0, 30.0);
+    return int(std::clamp(share > 0 ? wanted / share : wanted, 6.0, 90.0));
 }
 
 void DrawBars(QPainter& painter, const PlotFrame& frame, const std::vector<int>& counts, const Range& range)
@@ -113,30 +135,16 @@ void DrawBars(QPainter& painter, const PlotFrame& frame, const std::vector<int>&
     painter.setBrush(Qt::NoBrush);
 }
 
-// The normal distribution that fits. \param values without those far away, which would make it flat
-void DrawNormal(QPainter& painter, const PlotFrame& frame, const std::vector<double>& values,
-                const Range& range, double binWidth)
+void DrawNormal(QPainter& painter, const PlotFrame& frame, const Fit& fit, const Range& range,
+                double binWidth)
 {
-    double mean = 0;
-    double squares = 0;
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const double distance = values[i] - mean;
-        mean += distance / double(i + 1);
-        squares += distance * (values[i] - mean);
-    }
-    const double sigma = values.size() > 1 ? std::sqrt(squares / double(values.size() - 1)) : 0;
-    if (!(sigma > 0))
-        return;
     QPainterPath curve;
-    const double height = double(values.size()) * binWidth / (sigma * std::sqrt(2 * std::numbers::pi));
-    const double from = std::max(range.from, mean - 4 * sigma);
-    const double to = std::min(range.to, mean + 4 * sigma);
+    const double from = std::max(range.from, fit.mean - 4 * fit.sigma);
+    const double to = std::min(range.to, fit.mean + 4 * fit.sigma);
     constexpr int steps = 40;
     for (int i = 0; i <= steps && to > from; ++i) {
         const double value = from + (to - from) * i / steps;
-        const double z = (value - mean) / sigma;
-        const QPointF point(frame.X(value),
-                            std::max(frame.Y(height * std::exp(-z * z / 2)), frame.GetInner().top()));
+        const QPointF point(frame.X(value), frame.Y(fit.At(value, binWidth)));
         i == 0 ? curve.moveTo(point) : curve.lineTo(point);
     }
     painter.setPen(PlotPen(Ink::Fit, 1.25));
@@ -321,14 +329,19 @@ void DrawHistogram(QPainter& painter, const QRectF& area, const MeasureData& dat
     const Range wanted = RangeOf(data);
     const Axis across(wanted.from, wanted.to, 6);
     const Range range{across.GetFrom(), across.GetTo()};
-    const std::vector<double> shown = ShownOf(data, range);
-    const std::vector<int> counts = CountBins(shown, range, BinsFor(shown, range));
-    const int most = *std::max_element(counts.begin(), counts.end());
-    PlotFrame frame(painter, area, {across, AxisUnitOf(data)}, {Axis(0, std::max(most, 4), 4), {}});
+    const Range usual = RangeOfValues(data.values, outlying);
+    const std::vector<int> counts =
+        CountBins(ShownOf(data, range), range, BinsFor(usual, data.values.size(), range));
+    const double binWidth = (range.to - range.from) / double(counts.size());
+    const Fit fit(ShownOf(data, usual));
+    double most = std::max(4, *std::max_element(counts.begin(), counts.end()));
+    if (fit.sigma > 0)
+        most = std::max(most, fit.At(fit.mean, binWidth));
+    PlotFrame frame(painter, area, {across, AxisUnitOf(data)}, {Axis(0, most, 4), {}});
     frame.DrawUp();
     DrawBars(painter, frame, counts, range);
-    DrawNormal(painter, frame, ShownOf(data, RangeOfValues(data.values, outlying)), range,
-               (range.to - range.from) / double(counts.size()));
+    if (fit.sigma > 0)
+        DrawNormal(painter, frame, fit, range, binWidth);
     if (data.lower)
         frame.DrawUpright(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"),
                           Qt::AlignLeft);

@@ -33,7 +33,7 @@ QString Beside(const QString& text)
 QString FiguresOf(const MeasureRow& row)
 {
     return Texts::tr("%n values, mean %1, sigma %2, limits %3", nullptr, int(row.count))
-        .arg(Figure(row.mean, row.unit, row.style), Figure(row.sigma, row.unit, row.style), Limits(row));
+        .arg(MeanOf(row), SigmaOf(row), Limits(row));
 }
 
 } // namespace
@@ -136,8 +136,8 @@ QString MeasureSection::Table() const
         text += QStringLiteral("<tr><th scope=\"row\"><a href=\"#%1\">%2</a></th><td>%3</td>")
                     .arg(Anchor(i), Escaped(NameOf(row)), Escaped(row.ident));
         cell(Limits(row));
-        cell(Figure(row.mean, row.unit, row.style));
-        cell(Figure(row.sigma, row.unit, row.style));
+        cell(MeanOf(row));
+        cell(SigmaOf(row));
         cell(Capability(row.cpk), row.cpk && *row.cpk < 1);
         cell(Capability(row.cpkPassed));
         cell(QString::number(row.count));

@@ -6,6 +6,7 @@
 #include <QtCore/QRegularExpression>
 #include <QtCore/QSet>
 
+#include <algorithm>
 #include <cmath>
 
 namespace ZYN::Page {
@@ -13,6 +14,8 @@ namespace ZYN::Page {
 namespace {
 
 const QString dash = QString(QChar(0x2013));
+constexpr int fewDigits = 5;
+constexpr int exactDigits = 10; // more than people give limits
 
 int BaseOf(const NumberStyle& style)
 {
@@ -52,16 +55,31 @@ QString Of(std::int64_t part, std::int64_t whole)
     return Texts::tr("%1 of %2").arg(QString::number(part), QString::number(whole));
 }
 
-QString Figure(const std::optional<double>& value, const QString& unit, const NumberStyle& style)
+QString Figure(const std::optional<double>& value, const QString& unit, const NumberStyle& style, int digits)
 {
     if (!value)
         return dash;
     const int base = BaseOf(style);
     if (base == 10)
-        return WithUnit(*value, unit, 5);
+        return WithUnit(*value, unit, digits);
     if (*value != std::floor(*value) || std::abs(*value) >= 0x1p53)
-        return ShortNumber(*value, 5);
-    return QString::number(qint64(*value), base) + QChar(0x202F) + unit;
+        return ShortNumber(*value, digits);
+    const QString text = QString::number(qint64(*value), base);
+    return unit.isEmpty() ? text : text + QChar(0x202F) + unit;
+}
+
+QString MeanOf(const MeasureRow& row)
+{
+    int digits = fewDigits;
+    if (row.mean && row.sigma && *row.sigma > 0 && *row.mean != 0)
+        digits = int(std::clamp(std::ceil(std::log10(std::abs(*row.mean) / *row.sigma)) + 2,
+                                double(fewDigits), double(exactDigits)));
+    return Figure(row.mean, BaseOf(row.style) == 10 ? row.unit : QString(), {}, digits);
+}
+
+QString SigmaOf(const MeasureRow& row)
+{
+    return Figure(row.sigma, BaseOf(row.style) == 10 ? row.unit : QString(), {}, fewDigits);
 }
 
 QString Capability(const std::optional<double>& value)
@@ -72,7 +90,7 @@ QString Capability(const std::optional<double>& value)
 QString Limits(const MeasureRow& row)
 {
     const auto figure = [&](const std::optional<double>& limit) {
-        return Figure(limit, row.unit, row.style);
+        return Figure(limit, row.unit, row.style, exactDigits);
     };
     if (row.lower && row.style.lowerOperator == QLatin1String("=="))
         return QStringLiteral("= ") + figure(row.lower);
@@ -87,10 +105,8 @@ QString Limits(const MeasureRow& row)
 
 QString NameOf(const MeasureRow& row)
 {
-    QString name;
-    for (const auto& [key, value] : row.group)
-        name += value + QStringLiteral(": ");
-    return name + row.path;
+    const QString program = ProgramOf(row.group);
+    return program.isEmpty() ? row.path : program + QStringLiteral(": ") + row.path;
 }
 
 QString GroupText(const AnswerGroup& group)
@@ -99,6 +115,14 @@ QString GroupText(const AnswerGroup& group)
     for (const auto& [key, value] : group)
         values.append(value.isEmpty() ? dash : value);
     return values.join(QStringLiteral(" · "));
+}
+
+QString ProgramOf(const AnswerGroup& group)
+{
+    if (group.empty() || group.front().first != QLatin1String("program"))
+        return {};
+    const QString& name = group.front().second;
+    return name.isEmpty() ? Texts::tr("without a program") : name;
 }
 
 QString LastOf(const AnswerGroup& group)

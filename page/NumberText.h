@@ -11,9 +11,13 @@ QString Share(double part, double whole);
 /// "386 of 400".
 QString Of(std::int64_t part, std::int64_t whole);
 
+/// The mean of a measurement with as many digits as its sigma makes worthwhile, and its sigma; decimal.
+QString MeanOf(const MeasureRow& row);
+QString SigmaOf(const MeasureRow& row);
 /// A figure with its unit and a prefix; whole numbers of a hexadecimal or binary unit by their digits. A dash
 /// where it does not exist.
-QString Figure(const std::optional<double>& value, const QString& unit, const NumberStyle& style);
+QString Figure(const std::optional<double>& value, const QString& unit, const NumberStyle& style,
+               int digits = 5);
 /// A capability: two digits behind the point.
 QString Capability(const std::optional<double>& value);
 /// "4.85 V … 5.15 V", "≥ 3 V", "= 1"; a dash without limits.
@@ -23,6 +27,8 @@ QString Limits(const MeasureRow& row);
 QString NameOf(const MeasureRow& row);
 /// The values of a group: "2024-01-09 06".
 QString GroupText(const AnswerGroup& group);
+/// The program of a group; where it has no name, in words. Empty where all runs are of one.
+QString ProgramOf(const AnswerGroup& group);
 /// The last value of a group, without the program.
 QString LastOf(const AnswerGroup& group);
 

@@ -66,6 +66,7 @@ PlotFrame::PlotFrame(QPainter& painter, const QRectF& area, const AxisOfPlot& ac
     : m_painter(painter)
     , m_across(across)
     , m_up(up)
+    , m_left(area.left())
     , m_inner(area)
 {
     painter.setFont(PlotFont());
@@ -97,7 +98,7 @@ void PlotFrame::DrawAcross()
                   unitText);
         free -= LabelWidth(unitText) + gap;
     }
-    double taken = m_inner.left() - lineHeight * 2;
+    double taken = m_left;
     for (const Tick& tick : m_across.axis.Ticks(m_across.unit)) {
         const double x = X(tick.value);
         m_painter.setPen(PlotPen(Ink::Faint));

@@ -41,6 +41,7 @@ private:
     QPainter& m_painter;
     AxisOfPlot m_across;
     AxisOfPlot m_up;
+    double m_left; // of the whole plot
     QRectF m_inner;
 };
 
