@@ -49,7 +49,7 @@ UNNAMED = """(() => {
 NOT_REACHED = """[...document.querySelectorAll("a, summary, [tabindex]")]
     .filter(one => one.checkVisibility() && !reached.has(one)).map(one => one.outerHTML.slice(0, 120))"""
 CELLS = "[...one.rows].map(row => [...row.cells].map(cell => cell.textContent))"
-CLOSED = """[...document.querySelectorAll("details")].filter(one => one.lastElementChild.getBoundingClientRect().height < 50).length"""
+CLOSED = """[...document.querySelectorAll("details")].filter(one => one.lastElementChild.getBoundingClientRect().height < 15).length"""
 
 
 class Page(html.parser.HTMLParser):
