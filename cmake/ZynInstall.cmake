@@ -2,7 +2,7 @@
 #   Runtime      the shared libraries, and nothing that another version of them would have under the same name
 #   Development  headers, package files for CMake and pkg-config
 #   Runs, RunsDevelopment, Archive, ArchiveDevelopment  the same of libraries that not everyone needs
-#   Tool         zyn with its data: schemas, media folder
+#   Tool         zyn with its data: schemas, media folder, the service that watches a folder
 include(CMakePackageConfigHelpers)
 
 
@@ -75,6 +75,11 @@ if(NOT ZYN_USE_EXTERNAL_MODEL)
     COMPONENT Tool)
   install(FILES tool/share/zyn.fish DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT Tool)
   install(FILES tool/share/_zyn DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT Tool)
+  # A hot folder as a service. systemd looks below lib, whatever the other libraries' folder is called.
+  configure_file(tool/share/systemd/zyn-watch@.service.in ${PROJECT_BINARY_DIR}/zyn-watch@.service @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/zyn-watch@.service DESTINATION lib/systemd/system COMPONENT Tool)
+  install(FILES tool/share/systemd/zyn.sysusers.conf DESTINATION lib/sysusers.d RENAME zyn.conf COMPONENT Tool)
+  install(FILES tool/share/systemd/watch.env DESTINATION ${ZYN_DATA_DIR} COMPONENT Tool)
   install(DIRECTORY schema/ DESTINATION ${ZYN_DATA_DIR}/schema COMPONENT Tool
     FILES_MATCHING PATTERN "*.rng" PATTERN "*.json")
   # Empty: for the logo of the site, ReportLogo.png or ReportLogo.jpg.

@@ -71,6 +71,8 @@ set(CPACK_DEBIAN_TOOL_PACKAGE_SECTION electronics)
 set(CPACK_DEBIAN_TOOL_PACKAGE_DEPENDS "fonts-dejavu-core | fonts-liberation | fonts-freefont-ttf")
 # Qt's own messages, for instance about broken XML, in the user's language.
 set(CPACK_DEBIAN_TOOL_PACKAGE_RECOMMENDS "qt6-translations-l10n")
+# Makes the user of the service.
+set(CPACK_DEBIAN_TOOL_PACKAGE_CONTROL_EXTRA ${PROJECT_SOURCE_DIR}/packaging/debian/postinst)
 set(CPACK_COMPONENT_TOOL_DEPENDS Runtime Archive)
 set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test results
 ${about}

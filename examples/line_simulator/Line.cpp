@@ -132,30 +132,30 @@ QSharedPointer<UnitUnderTest> Line::MakeUnit(quint64 board, int item) const
     return unit;
 }
 
-void Line::AddHeader(UUTTest* test) const
+void Line::AddHeader(UUTTest* test, const QString& machine) const
 {
     auto* const session = new ZYNSession;
-    session->SetMachineName(QStringLiteral("LINE2-FCT2"));
+    session->SetMachineName(machine);
     session->SetWorkSpace(m_workSpace);
     test->SetSession(session);
     test->SetProductionLot(m_lot);
     test->SetFixture(m_fixture);
 }
 
-void Line::AddRuns(UUTTest* test, int panel, int item, QDateTime* clock) const
+void Line::AddRuns(UUTTest* test, const PanelTest& panel, int item, QDateTime* clock) const
 {
-    const quint64 board = BoardNumber(panel, item);
+    const quint64 board = BoardNumber(panel.panel, item);
     const Fault* const fault = m_faults.ForBoard(board);
     const int runs = fault && fault->goneOnRetest ? 2 : 1;
     // Half warm after 25 panels.
-    const double warmth = double(panel) / double(panel + 25);
+    const double warmth = double(panel.panel) / double(panel.panel + 25);
+    const quint64 seed = m_settings.seed + (panel.attempt << 32);
 
     test->SetStartTime(*clock);
     double seconds = 0.0;
     for (int index = 1; index <= runs; ++index) {
-        BoardOutcome outcome =
-            TestBoard(m_blueprint, m_station,
-                      {Random(m_settings.seed, board * 2 + quint64(index)), fault, warmth, index, *clock});
+        BoardOutcome outcome = TestBoard(
+            m_blueprint, m_station, {Random(seed, board * 2 + quint64(index)), fault, warmth, index, *clock});
         seconds += outcome.seconds;
         *clock = clock->addMSecs(qRound64(outcome.seconds * 1000.0));
         test->SetStopTime(*clock);
@@ -168,31 +168,47 @@ void Line::AddRuns(UUTTest* test, int panel, int item, QDateTime* clock) const
     test->SetDuration(seconds);
 }
 
+QDateTime Line::StartOf(int number) const
+{
+    const qint64 slot = panelSeconds + m_boardSlotSeconds * m_settings.itemsPerPanel;
+    return LotStart(m_settings.seed).addSecs((number - 1) * slot);
+}
+
 std::unique_ptr<UUTTest> Line::MakePanel(int number) const
 {
-    const int items = m_settings.itemsPerPanel;
-    const qint64 slot = panelSeconds + m_boardSlotSeconds * items;
-    QDateTime clock = LotStart(m_settings.seed).addSecs((number - 1) * slot);
+    return Make({number, StartOf(number), QStringLiteral("LINE2-FCT2")}, false);
+}
 
-    auto test = std::make_unique<UUTTest>(number, QStringLiteral("Panel %1").arg(number));
-    AddHeader(test.get());
+std::unique_ptr<UUTTest> Line::MakePanel(const PanelTest& test) const
+{
+    return Make(test, true);
+}
+
+std::unique_ptr<UUTTest> Line::Make(const PanelTest& of, bool isItemInSlot) const
+{
+    const int items = m_settings.itemsPerPanel;
+    QDateTime clock = of.start;
+    auto test = std::make_unique<UUTTest>(of.panel, QStringLiteral("Panel %1").arg(of.panel));
+    AddHeader(test.get(), of.machine);
     if (items == 1) {
-        test->SetUnitUnderTest(MakeUnit(BoardNumber(number, 1), 0));
-        AddRuns(test.get(), number, 1, &clock);
+        test->SetUnitUnderTest(MakeUnit(BoardNumber(of.panel, 1), 0));
+        AddRuns(test.get(), of, 1, &clock);
         return test;
     }
 
-    const auto panel = QSharedPointer<UnitUnderTest>::create(number, QStringLiteral("MCB-48 panel"));
-    panel->SetSerialNo(QStringLiteral("P%1").arg(number, 6, 10, QLatin1Char('0')));
+    const auto panel = QSharedPointer<UnitUnderTest>::create(of.panel, QStringLiteral("MCB-48 panel"));
+    panel->SetSerialNo(QStringLiteral("P%1").arg(of.panel, 6, 10, QLatin1Char('0')));
     panel->SetIdentString(m_lot->GetName() + QLatin1Char('-') + panel->GetSerialNo());
     panel->SetProductType(m_productType);
     test->SetUnitUnderTest(panel);
     test->SetStartTime(clock);
     double seconds = 0.0;
     for (int item = 1; item <= items; ++item) {
+        if (isItemInSlot)
+            clock = of.start.addSecs((item - 1) * m_boardSlotSeconds);
         const auto itemTest = QSharedPointer<UUTTest>::create(item, QStringLiteral("Item %1").arg(item));
-        itemTest->SetUnitUnderTest(MakeUnit(BoardNumber(number, item), item));
-        AddRuns(itemTest.data(), number, item, &clock);
+        itemTest->SetUnitUnderTest(MakeUnit(BoardNumber(of.panel, item), item));
+        AddRuns(itemTest.data(), of, item, &clock);
         seconds += double(itemTest->GetDuration_ms()) / 1000.0;
         test->SetStopTime(itemTest->GetStopTime());
         test->AddUUTTest(itemTest);

@@ -28,6 +28,14 @@ struct LineSettings {
     int sweepMeasurements = 10; ///< measurements of each of these steps
 };
 
+/// How a panel is tested by one of many testers.
+struct PanelTest {
+    int panel = 1;        ///< number of the panel in the lot, from 1
+    QDateTime start = {}; ///< by the tester's clock
+    QString machine = {}; ///< the tester's name
+    quint64 attempt = 0;  ///< each measures anew
+};
+
 /// A simulated production line that tests panels of motor controller boards.
 ///
 /// What it measures follows from the settings and the panel's number alone, never from the clock, the
@@ -41,6 +49,11 @@ public:
     /// The test of one panel, complete and independent of the line.
     /// \param number number of the panel in the lot, from 1
     std::unique_ptr<UUTTest> MakePanel(int number) const;
+    /// The same by a tester with a clock of its own: what is measured follows from the panel and the attempt.
+    /// Items start at whole slots behind the panel.
+    std::unique_ptr<UUTTest> MakePanel(const PanelTest& test) const;
+    /// When the line starts a panel.
+    QDateTime StartOf(int number) const;
     /// A fresh instance of the test program, for its test plan.
     QSharedPointer<TestProgram> Program() const;
     /// The fault of an item, null for a good one.
@@ -49,9 +62,10 @@ public:
 
 private:
     quint64 BoardNumber(int panel, int item) const;
-    void AddRuns(UUTTest* test, int panel, int item, QDateTime* clock) const;
+    std::unique_ptr<UUTTest> Make(const PanelTest& test, bool isItemInSlot) const;
+    void AddRuns(UUTTest* test, const PanelTest& panel, int item, QDateTime* clock) const;
     QSharedPointer<UnitUnderTest> MakeUnit(quint64 board, int item) const;
-    void AddHeader(UUTTest* test) const;
+    void AddHeader(UUTTest* test, const QString& machine) const;
 
     LineSettings m_settings;
     Blueprint m_blueprint;

@@ -1,7 +1,12 @@
-"""A folder that is watched: watch.py ZYN KILLS. Reports come by and by, complete or growing, with an STDF
-lot among them, one of them broken and one twice under one name; the watcher is killed KILLS times in the middle. In the end the archive answers as
-the folder of all reports does, each report stands converted, and nothing was lost or doubled."""
+"""A folder that is watched: watch.py ZYN KILLS.
+
+Reports come by and by, complete or growing, with an STDF lot among them, one of them broken and one twice under one
+name; the watcher is killed KILLS times. Then the same into a server that goes away and comes back. In the end the
+archive answers as the folder of all reports does, each report stands converted and each part in the lot, and nothing
+was lost or doubled.
+"""
 import json
+import os
 import pathlib
 import random
 import shutil
@@ -11,64 +16,147 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, os.path.dirname(os.path.dirname(os.path.abspath(__file__))) + "/archive")
+import postgres  # noqa: E402
 
-def main(zyn, kills):
-    chance = random.Random(7)
-    with tempfile.TemporaryDirectory() as name:
-        folder = pathlib.Path(name)
+ZYN, CHANCE = sys.argv[1], random.Random(7)
 
-        def run(*arguments):
-            return subprocess.run([zyn, *arguments], cwd=folder, capture_output=True, text=True)
 
-        run("simulate", "-q", "-d", "lot", "--panels", "30", "--seed", "5")
-        (folder / "lot/MCB-48.tpl").unlink(), (folder / "lot/bins.ini").unlink()
-        assert run("convert", "-q", "lot", "-o", "lot/parts.stdf").returncode == 0
-        (folder / "hot").mkdir()
-        assert run("archive", "create", "line.zya").returncode == 0
-        watch = ["watch", "hot", "--archive", "line.zya", "--to", "csv", "-f", "CSV", "--status", "status.json"]
-        reports = sorted((folder / "lot").iterdir())
-        broken = reports[3].read_bytes()[:5000]
-        killed = 0
-        for number in range(kills + 1):
-            watcher = subprocess.Popen([zyn, *watch], cwd=folder, stdout=subprocess.DEVNULL)
-            for report in reports[number :: kills + 1]:
-                growing = folder / "hot" / report.name
-                content = report.read_bytes()
-                growing.write_bytes(content[: len(content) // 2])
-                time.sleep(chance.random() / 50)
-                with growing.open("ab") as file:
-                    file.write(content[len(content) // 2 :])
-            if number < kills:
-                time.sleep(chance.random())
-                killed += any((folder / "hot").glob("*.*"))
-                watcher.kill()
-                watcher.wait()
-        (folder / "hot/broken.zyr").write_bytes(broken)
-        shutil.copy(reports[0], folder / "hot" / reports[0].name)
-        for _ in range(600):
-            if not any((folder / "hot").glob("*.*")):
-                break
-            time.sleep(0.1)
+def run(*arguments):
+    return subprocess.run([ZYN, *arguments], capture_output=True, text=True, check=False).stdout
+
+
+def waiting():
+    return {path.name for path in pathlib.Path("hot").glob("*.*")}
+
+
+def wait_for(condition, what):
+    for _ in range(12000):
+        if condition():
+            return
+        time.sleep(0.005)
+    sys.exit(f"waited for a minute: {what}")
+
+
+def bring(reports):
+    """As testers do: written in place, some with a pause in the middle."""
+    for report in reports:
+        content, middle = report.read_bytes(), report.stat().st_size // 2
+        with open(f"hot/{report.name}", "wb", buffering=0) as growing:
+            growing.write(content[:middle])
+            time.sleep(CHANCE.choice([0, 0, 0, 0.02 * CHANCE.random()]))
+            growing.write(content[middle:])
+
+
+def parts_of(path):
+    """What stands between PIR and PRR, of each part."""
+    content, place, parts, begin = pathlib.Path(path).read_bytes(), 0, [], 0
+    while place < len(content):
+        kind = content[place + 2], content[place + 3]
+        begin = place if kind == (5, 10) else begin
+        place += 4 + int.from_bytes(content[place:place + 2], "little")
+        parts += [content[begin:place]] if kind == (5, 20) else []
+    return sorted(parts)
+
+
+def same_answers(archive):
+    for question in (["yield", "--by", "position"], ["failures", "--all"], ["measure"], ["units"]):
+        answers = [run(question[0], source, *question[1:], "--json") for source in (archive, "lot")]
+        assert answers[0] == answers[1] != "", question
+
+
+def watch(*more):
+    command = [ZYN, "watch", "hot", "--status", "status.json", *more]
+    return subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+
+def kill_in_between(watcher, reports):
+    """Whether something of this round was done, and something not."""
+    names = {report.name for report in reports}
+    if CHANCE.random() < 0.8:
+        wait_for(lambda: names - waiting(), "the first report is done")
+        time.sleep(0.02 * CHANCE.random())
+    else:
+        time.sleep(0.3 * CHANCE.random())
+    watcher.kill()
+    watcher.wait()
+    return bool(names - waiting()) and bool(names & waiting())
+
+
+def killed(reports, kills):
+    """A file as archive, a folder of CSV reports, a lot; the watcher is killed."""
+    run("archive", "create", "line.zya")
+    options = ["--archive", "line.zya", "--to", "csv", "-f", "CSV", "--lot", "line.stdf"]
+    met = 0
+    for number in range(kills + 1):
+        watcher = watch(*options)
+        some = reports[number::kills + 1]
+        bring(some)
+        if number < kills:
+            met += kill_in_between(watcher, some)
+    broken = reports[3].read_bytes()[:5000]
+    pathlib.Path("hot/broken.zyr").write_bytes(broken)
+    shutil.copy(reports[0], "hot")
+    second = subprocess.run([ZYN, "watch", "hot", *options, "--once"], capture_output=True, text=True, check=False)
+    assert second.returncode == 1 and "another" in second.stderr, second
+    wait_for(lambda: not waiting(), "all is taken")
+    watcher.send_signal(signal.SIGTERM)
+    assert watcher.wait(10) == 1, "something could not be read"
+    status = json.loads(pathlib.Path("status.json").read_text())
+    assert status["state"] == "ended" and status["waiting"] == 0 and status["failed"] == 1, status
+
+    again = reports[0].stem + " (2).zyr"
+    assert sorted(path.name for path in pathlib.Path("hot/done").iterdir()) == sorted([again, *(r.name for r in reports)])
+    assert all(pathlib.Path("hot/done", r.name).read_bytes() == r.read_bytes() for r in reports)
+    assert pathlib.Path("hot/error/broken.zyr").read_bytes() == broken
+    assert "broken.zyr" in pathlib.Path("hot/error/broken.zyr.reason.txt").read_text()
+    stems = [report.stem for report in reports if report.suffix == ".zyr"]
+    assert sorted(path.stem for path in pathlib.Path("csv").glob("panel-*.csv")) == stems
+    assert len(list(pathlib.Path("csv/parts").glob("*.csv"))) == len(parts_of("lot/parts.stdf")) > 0
+    run("convert", "-q", *(str(report) for report in reports), "-o", "whole.stdf")
+    assert parts_of("line.stdf") == parts_of("whole.stdf"), "the lot"
+    assert run("check", "line.stdf") == run("check", "whole.stdf").replace("whole", "line")
+    same_answers("line.zya")
+    return met
+
+
+def server_away(reports):
+    """It stops as a crash would stop it; reports go on coming."""
+    with postgres.Server() as server:
+        url = server.database()
+        run("archive", "create", url)
+        watcher = watch("--archive", url)
+        middle = len(reports) // 2
+        bring(reports[:middle])
+        wait_for(lambda: len(waiting()) < middle, "the first reports are done")
+        server.stop("immediate")
+        bring(reports[middle:])
+        wait_for(lambda: json.loads(pathlib.Path("status.json").read_text())["state"] == "waiting", "it notices")
+        left = len(waiting())
+        assert left > 0
+        server.start()
+        wait_for(lambda: not waiting(), "it goes on")
         watcher.send_signal(signal.SIGTERM)
-        assert watcher.wait(10) == 1, "something could not be read"
-        status = json.loads((folder / "status.json").read_text())
-        assert status["state"] == "ended" and status["waiting"] == 0 and status["failed"] == 1, status
-
-        names = sorted(path.name for path in (folder / "hot/done").iterdir())
-        again = reports[0].stem + " (2).zyr"
-        parts = json.loads(run("yield", "lot/parts.stdf", "--json").stdout)["runs"]
-        assert len(list((folder / "csv/parts").glob("*.csv"))) == parts > 0
-        assert names == sorted([again, *(report.name for report in reports)]), names
-        assert all((folder / "hot/done" / r.name).read_bytes() == r.read_bytes() for r in reports)
-        assert (folder / "hot/error/broken.zyr").read_bytes() == broken
-        assert "broken.zyr" in (folder / "hot/error/broken.zyr.reason.txt").read_text()
-        stems = [report.stem for report in reports if report.suffix == ".zyr"]
-        assert sorted(path.stem for path in (folder / "csv").glob("panel-*.csv")) == stems
-        for question in (["yield", "--by", "position"], ["failures", "--all"], ["measure"], ["units"]):
-            answers = [run(question[0], source, *question[1:], "--json").stdout for source in ("line.zya", "lot")]
-            assert answers[0] == answers[1] != "", question
-        assert killed > 0 or kills == 0, "no kill met a report that was waiting"
-        print(f"{kills} kills, {killed} of them with reports waiting")
+        assert watcher.wait(10) == 0
+        same_answers(url)
+    return left
 
 
-main(sys.argv[1], int(sys.argv[2]))
+def main(kills):
+    with tempfile.TemporaryDirectory() as folder:
+        os.chdir(folder)
+        run("simulate", "-q", "-d", "lot", "--panels", str(10 * (kills + 1)), "--items", "2", "--seed", "5")
+        os.remove("lot/MCB-48.tpl"), os.remove("lot/bins.ini")
+        run("convert", "-q", *(f"lot/panel-{number:04}.zyr" for number in (1, 2, 3)), "-o", "lot/parts.stdf")
+        os.mkdir("hot")
+        reports = sorted(pathlib.Path("lot").iterdir())
+        met = killed(reports, kills)
+        assert met > 0 or kills == 0, "no kill came between two reports"
+        print(f"{kills} kills, {met} of them with one report done and another waiting")
+        shutil.rmtree("hot"), os.mkdir("hot")
+        left = server_away(reports)
+        print(f"server away: {left} of {len(reports)} reports waited")
+        os.chdir("/")
+
+
+main(int(sys.argv[2]))

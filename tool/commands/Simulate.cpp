@@ -1,17 +1,19 @@
 #include "commands/Command.h"
+#include "commands/Stations.h"
 #include "files/Inputs.h"
 #include "files/Parallel.h"
 #include "files/SafeOutput.h"
+#include "kinds/ReportConversion.h"
 #include "terminal/Progress.h"
 #include "terminal/Texts.h"
 #include "terminal/Usage.h"
 
 #include "examples/line_simulator/Bins.h"
+#include "examples/line_simulator/BusyStation.h"
 #include "examples/line_simulator/Line.h"
 
 #include <ZYNCommon/TestProgram.h>
 #include <ZYNCommon/UUTTest.h>
-#include <ZYNPersistence/CExportServiceReport.h>
 #include <ZYNPersistence/CExportServiceTestPlan.h>
 
 #include <QtCore/QDir>
@@ -29,21 +31,8 @@ struct Arguments {
     int panels = 10;
     bool force = false;
     Simulation::LineSettings line;
+    StationSettings stations;
 };
-
-std::optional<Problem> WritePanel(const Simulation::Line& line, int number, const QString& path, bool replace)
-{
-    SafeOutput output(path, replace);
-    if (const std::optional<Problem> refusal = output.Refusal())
-        return refusal;
-    const std::unique_ptr<UUTTest> test = line.MakePanel(number);
-    CExportServiceReport service;
-    service.SetFormat(QStringLiteral("XML"));
-    service.SetOutputFileName(output.TemporaryName());
-    if (!service.Export(test.get()) || !service.OutputComplete())
-        return output.WriteProblem();
-    return output.Commit();
-}
 
 std::optional<Problem> WriteTestPlan(const Simulation::Line& line, const QString& path, bool replace)
 {
@@ -84,7 +73,8 @@ QList<Problem> WritePanels(const Arguments& arguments, const QDir& folder, bool 
         for (int panel = ++next; panel <= arguments.panels; panel = ++next) {
             const QString name = QStringLiteral("panel-%1.zyr").arg(panel, digits, 10, QLatin1Char('0'));
             const std::optional<Problem> failure =
-                WritePanel(line, panel, folder.filePath(name), arguments.force);
+                ConvertTest(line.MakePanel(panel).get(), name, folder.filePath(name),
+                            {.format = QStringLiteral("XML"), .replace = arguments.force});
             if (failure) {
                 const std::lock_guard lock(failuresMutex);
                 failures.insert(panel, *failure);
@@ -102,6 +92,8 @@ int Run(const Arguments& arguments, const Manners& manners)
         PrintProblem({path, 0, Texts::tr("the folder cannot be created"), Texts::tr("choose another one")});
         return ExitFailed;
     }
+    if (arguments.stations.stations > 0)
+        return RunStations(arguments.stations, arguments.line, path);
     const QDir folder(path);
     QList<Problem> problems = WritePanels(arguments, folder, !manners.quiet);
     const Simulation::Line line(arguments.line);
@@ -146,8 +138,30 @@ Command SimulateCommand(CommandLine& zyn, const Manners& manners)
         .Named(QStringLiteral("N"))
         .Within(0, 1'000'000)
         .HasDefault();
+    StationSettings& stations = arguments->stations;
+    simulate
+        .Value("--stations", stations.stations,
+               Texts::tr("Stations that put reports into the folder as they test, instead of a lot at once"))
+        .Named(QStringLiteral("N"))
+        .Within(1, Simulation::BusyStation::most);
+    simulate.Value("--first-station", stations.first, Texts::tr("Number of the first of them"))
+        .Named(QStringLiteral("N"))
+        .Within(1, Simulation::BusyStation::most)
+        .HasDefault();
+    simulate.Value("--rate", stations.rate, Texts::tr("Reports a minute of each station"))
+        .Named(QStringLiteral("N"))
+        .Within(1, 100'000)
+        .HasDefault();
+    simulate.Value("--seconds", stations.seconds, Texts::tr("How long; without it until Ctrl+C"))
+        .Named(QStringLiteral("N"))
+        .Within(1, 1'000'000);
     simulate.Flag("--force", arguments->force, Texts::tr("Replace existing files"));
-    simulate.Footer({}, {"zyn simulate -d lot", "zyn simulate -d big --panels 250 --items 4 --seed 7"});
+    simulate.Footer(
+        Texts::tr("Stations write as testers do on a bad day: panels, retests on another station, copies, "
+                  "corrections, with wrong clocks, and late where the network was lost. Their reports are "
+                  "renamed in."),
+        {"zyn simulate -d lot", "zyn simulate -d big --panels 250 --items 4 --seed 7",
+         "zyn simulate -d /srv/reports --stations 10 --rate 30"});
     return {simulate, [=, &manners] { return Run(*arguments, manners); }, {}};
 }
 

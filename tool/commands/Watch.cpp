@@ -1,28 +1,22 @@
 #include "commands/Command.h"
 #include "files/Inputs.h"
-#include "files/Parallel.h"
 #include "loading/RunLoader.h"
-#include "lots/LotConversion.h"
-#include "lots/LotUnits.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
+#include "watch/EndSignals.h"
 #include "watch/HotFolder.h"
+#include "watch/ReportOutputs.h"
+#include "watch/WatchLog.h"
 #include "watch/WatchStatus.h"
 
 #include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QCoreApplication>
-#include <QtCore/QDir>
-#include <QtCore/QFileInfo>
 #include <QtCore/QFileSystemWatcher>
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
 
-#include <algorithm>
-#include <csignal>
-
-#include <sys/signalfd.h>
-#include <unistd.h>
+#include <memory>
 
 namespace ZYN::Tool {
 
@@ -38,68 +32,19 @@ struct Arguments {
     std::string archive;
     std::vector<std::string> targets;
     std::vector<std::string> formats;
+    std::string lot;
     std::string status;
     bool once = false;
 };
 
-struct Target {
-    QString folder;
-    QString format;
-};
-
-// Signals that end the tool, as something to wait for: the report in hand is finished first.
-class EndSignals {
-public:
-    EndSignals()
-    {
-        sigset_t ending;
-        sigemptyset(&ending);
-        sigaddset(&ending, SIGTERM);
-        sigaddset(&ending, SIGINT);
-        pthread_sigmask(SIG_BLOCK, &ending, nullptr);
-        m_descriptor = signalfd(-1, &ending, SFD_CLOEXEC | SFD_NONBLOCK);
-    }
-    ~EndSignals() { close(m_descriptor); }
-    EndSignals(const EndSignals&) = delete;
-    EndSignals& operator=(const EndSignals&) = delete;
-
-    int Descriptor() const { return m_descriptor; }
-    bool HasCome()
-    {
-        signalfd_siginfo information;
-        m_come = m_come || read(m_descriptor, &information, sizeof information) > 0;
-        return m_come;
-    }
-
-private:
-    int m_descriptor;
-    bool m_come = false;
-};
-
-// Trouble with the report has the report's name, with what is written another one.
-std::optional<Problem> ConvertInto(const Target& target, const Input& input)
-{
-    const QString to = target.folder + QLatin1Char('/');
-    const ReportConversion conversion{.format = target.format, .replace = true};
-    if (!IsLot(input))
-        return ConvertReport(input, to + ConvertedName(input.relative, target.format), conversion);
-    const QString folder = to + ConvertedLotName(input.relative);
-    if (!QDir().mkpath(folder))
-        return Problem{folder, 0, Texts::tr("the folder cannot be created"), Texts::tr("choose another one")};
-    for (const Conversion& made : ConvertLot(input, folder, conversion, AllCores()))
-        if (made.problem)
-            return made.problem;
-    return std::nullopt;
-}
-
 class Watcher {
 public:
-    Watcher(const Arguments& arguments, QList<Target> targets, const Manners& manners)
-        : m_folder(PathOf(arguments.folder))
+    Watcher(const Arguments& arguments, HotFolder& folder, ReportOutputs& outputs, const Manners& manners)
+        : m_folder(folder)
         , m_url(PathOf(arguments.archive))
-        , m_targets(std::move(targets))
+        , m_outputs(outputs)
         , m_status(PathOf(arguments.status))
-        , m_manners(manners)
+        , m_log(manners)
         , m_once(arguments.once)
     {
     }
@@ -109,7 +54,10 @@ public:
         QFileSystemWatcher changes({folder});
         QSocketNotifier ending(m_ending.Descriptor(), QSocketNotifier::Read);
         QObject::connect(&ending, &QSocketNotifier::activated, qApp, [this] { Leave(); });
-        QObject::connect(&changes, &QFileSystemWatcher::directoryChanged, qApp, [this] { Soon(0); });
+        QObject::connect(&changes, &QFileSystemWatcher::directoryChanged, qApp, [this] {
+            if (m_trouble.isEmpty()) // else the pause is kept, however much comes
+                Soon(0);
+        });
         m_timer.setSingleShot(true);
         QObject::connect(&m_timer, &QTimer::timeout, qApp, [this] { TakeAll(); });
         Soon(0);
@@ -160,9 +108,9 @@ private:
     void TellOfTrouble()
     {
         if (!m_trouble.isEmpty() && m_told.isEmpty())
-            PrintProblem({{}, 0, m_trouble, Texts::tr("what comes waits in the folder")});
+            m_log.Waits(m_trouble);
         if (m_trouble.isEmpty() && !m_told.isEmpty())
-            PrintNote(Texts::tr("it goes on"));
+            m_log.GoesOn();
         m_told = m_trouble;
         m_pause = m_trouble.isEmpty() ? ScanMilliseconds : qMin(2 * m_pause, LongestPause);
     }
@@ -186,6 +134,8 @@ private:
     {
         const std::optional<Problem> failure =
             LoadRuns(*m_archive, inputs, false, [&](const LoadedInput& loaded) {
+                if (m_ending.HasCome())
+                    return; // it is in the archive, and will be found there
                 if (!loaded.problem)
                     Finish(loaded);
                 else if (loaded.problem->file == loaded.input->name)
@@ -198,43 +148,32 @@ private:
     // In the archive already: whatever happens from here on, a second time does no harm.
     void Finish(const LoadedInput& loaded)
     {
-        for (const Target& target : m_targets) {
-            const std::optional<Problem> problem = ConvertInto(target, *loaded.input);
-            if (problem && problem->file == loaded.input->name)
-                return GiveUp(*loaded.input, TextOf(*problem));
-            if (problem) {
+        if (const std::optional<Problem> problem = m_outputs.Write(*loaded.input)) {
+            if (problem->file == loaded.input->name)
+                GiveUp(*loaded.input, TextOf(*problem));
+            else
                 m_trouble = TextOf(*problem); // a full disk, for instance: the report is good
-                return;
-            }
+            return;
         }
         m_folder.MoveToDone(*loaded.input);
         m_status.Archived(loaded.input->name);
-        if (!m_manners.quiet)
-            Print(Texts::tr("%1: runs: %2 added, %3 there already, %4 revised")
-                      .arg(Harmless(loaded.input->name), QString::number(loaded.added),
-                           QString::number(loaded.present), QString::number(loaded.revised)) +
-                  QLatin1Char('\n'));
-        FlushOutput();
+        m_log.Archived(loaded);
     }
 
     void GiveUp(const Input& input, const QString& reason)
     {
-        if (m_folder.GiveUp(input, reason))
-            Say(input, reason);
-    }
-
-    void Say(const Input& input, const QString& reason)
-    {
+        if (!m_folder.GiveUp(input, reason))
+            return;
         m_failed = true;
         m_status.Failed(input.name, reason);
-        PrintNote(Harmless(reason));
+        m_log.Failed(input.name, reason);
     }
 
-    HotFolder m_folder;
+    HotFolder& m_folder;
     QString m_url;
-    QList<Target> m_targets;
+    ReportOutputs& m_outputs;
     WatchStatus m_status;
-    const Manners& m_manners;
+    WatchLog m_log;
     bool m_once;
     EndSignals m_ending;                // before any thread: all of them leave these signals to it
     std::unique_ptr<Archive> m_archive; // null while it is away
@@ -246,7 +185,7 @@ private:
 };
 
 // 0 when the command line makes sense.
-int CheckUsage(const Arguments& arguments, QList<Target>* targets)
+int CheckUsage(const Arguments& arguments, QList<ReportOutputs::Target>* targets)
 {
     if (!Archive::IsArchive(PathOf(arguments.archive)))
         return WrongUsage(command, Texts::tr("'%1' names no archive").arg(PathOf(arguments.archive)),
@@ -266,26 +205,20 @@ int CheckUsage(const Arguments& arguments, QList<Target>* targets)
 
 int Run(const Arguments& arguments, const Manners& manners)
 {
-    QList<Target> targets;
+    QList<ReportOutputs::Target> targets;
     if (const int usage = CheckUsage(arguments, &targets))
         return usage;
-    const QString folder = PathOf(arguments.folder);
-    if (!QFileInfo(folder).isDir()) {
-        PrintProblem({folder, 0, Texts::tr("there is no such folder"), Texts::tr("check the name")});
+    const QString path = PathOf(arguments.folder);
+    HotFolder folder(path);
+    ReportOutputs outputs(targets, PathOf(arguments.lot));
+    std::optional<Problem> problem = folder.Prepare();
+    if (!problem)
+        problem = outputs.Prepare();
+    if (problem) {
+        PrintProblem(*problem);
         return ExitFailed;
     }
-    QStringList needed;
-    if (const QString bad = HotFolder(folder).Prepare(); !bad.isEmpty())
-        needed.append(bad);
-    for (const Target& target : std::as_const(targets))
-        if (!QDir().mkpath(target.folder))
-            needed.append(target.folder);
-    if (!needed.isEmpty()) {
-        PrintProblem({needed.constFirst(), 0, Texts::tr("the folder cannot be created"),
-                      Texts::tr("choose another one")});
-        return ExitFailed;
-    }
-    return Watcher(arguments, targets, manners).Run(folder);
+    return Watcher(arguments, folder, outputs, manners).Run(path);
 }
 
 } // namespace
@@ -304,6 +237,8 @@ Command WatchCommand(CommandLine& zyn, const Manners& manners)
         .Named(Texts::tr("FOLDER"));
     watch.Values("-f,--format", arguments->formats, Texts::tr("Format of the folder before it"))
         .Named(Texts::tr("FORMAT"));
+    watch.Value("--lot", arguments->lot, Texts::tr("STDF lot that the parts of every report are added to"))
+        .Named(Texts::tr("FILE.stdf"));
     watch
         .Value("--status", arguments->status,
                Texts::tr("File for monitoring: last report, waiting, errors, as JSON"))

@@ -2,6 +2,7 @@
 
 #include "files/Parallel.h"
 #include "kinds/ReportFile.h"
+#include "lots/LotUnits.h"
 #include "terminal/Progress.h"
 #include "terminal/Texts.h"
 
@@ -21,16 +22,21 @@ struct Report {
     std::optional<Problem> problem;
 };
 
+Report PartsOf(UUTTest* test, const QString& name, const QString& lot, const LotOptions& options)
+{
+    Report report{.parts = MakeLotParts(test, options.ignoreReportFlag), .problem = {}};
+    if (!report.parts)
+        report.problem = NotAdded(name, lot, true);
+    return report;
+}
+
 Report Read(const Input& input, const QString& lot, const LotOptions& options)
 {
-    Report report;
-    const std::unique_ptr<UUTTest> test = ReadReport(input.path, input.name, &report.problem);
-    if (report.problem)
-        return report;
-    report.parts = MakeLotParts(test.get(), options.ignoreReportFlag);
-    if (!report.parts)
-        report.problem = NotAdded(input.name, lot, true);
-    return report;
+    std::optional<Problem> problem;
+    const std::unique_ptr<UUTTest> test = ReadReport(input.path, input.name, &problem);
+    if (problem)
+        return {{}, problem};
+    return PartsOf(test.get(), input.name, lot, options);
 }
 
 Conversion Add(const Report& report, const QString& name, LotWriter& writer)
@@ -128,6 +134,28 @@ QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, c
     return conversions;
 }
 
+QList<Conversion> AppendToLot(const Input& input, LotWriter& writer, const LotOptions& options)
+{
+    if (!IsLot(input))
+        return {Add(Read(input, writer.Path(), options), input.name, writer)};
+    QList<Conversion> conversions;
+    const std::optional<Problem> damage = ForEachUnits(input, [&](const std::vector<LotUnit>& units) {
+        for (const LotUnit& unit : units)
+            conversions.append(
+                Add(PartsOf(unit.test.get(), input.name, writer.Path(), options), input.name, writer));
+    });
+    if (damage)
+        conversions.append({input.name, {}, damage});
+    return conversions;
+}
+
+void SayBeside(const QString& path, const QList<Conversion>& conversions)
+{
+    for (const Conversion& conversion : conversions)
+        if (conversion.lot && conversion.lot->beside != Beside::No && conversion.lot->added > 0)
+            PrintNote(WhyBeside(conversion.lot->beside).arg(conversion.input, path, conversion.output));
+}
+
 void SayLot(const QString& path, const QList<Conversion>& conversions)
 {
     bool added = false;
@@ -137,9 +165,8 @@ void SayLot(const QString& path, const QList<Conversion>& conversions)
             continue;
         added = true;
         present += conversion.lot->present;
-        if (conversion.lot->beside != Beside::No && conversion.lot->added > 0)
-            PrintNote(WhyBeside(conversion.lot->beside).arg(conversion.input, path, conversion.output));
     }
+    SayBeside(path, conversions);
     SayUnitsWithout(conversions);
     const auto beyond =
         std::find_if(conversions.begin(), conversions.end(),

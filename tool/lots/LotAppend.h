@@ -16,6 +16,10 @@ struct LotOptions {
 /// other reports are still added.
 QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& lot, const LotOptions& options,
                               const Manners& manners);
+/// The same for one input, a report or an STDF lot, and with a writer that goes on to the next one.
+QList<Conversion> AppendToLot(const Input& input, LotWriter& writer, const LotOptions& options);
+/// Says which parts went to files beside the lot.
+void SayBeside(const QString& lot, const QList<Conversion>& conversions);
 /// Says which parts went elsewhere, what was left out or gave no part, and how many parts the lot holds now.
 void SayLot(const QString& lot, const QList<Conversion>& conversions);
 

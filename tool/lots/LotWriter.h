@@ -35,6 +35,7 @@ public:
     /// \param again add also what stands there already
     LotWriter(const QString& path, bool again);
 
+    const QString& Path() const { return m_path; }
     /// Why nothing can be added; nothing when it can.
     std::optional<Problem> Refusal();
     /// Adds the parts of a report.

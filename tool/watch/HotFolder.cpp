@@ -10,6 +10,11 @@
 #include <QtCore/QSaveFile>
 
 #include <algorithm>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace ZYN::Tool {
 
@@ -42,14 +47,32 @@ HotFolder::HotFolder(const QString& folder)
 {
 }
 
-QString HotFolder::Prepare() const
+HotFolder::~HotFolder()
 {
+    if (m_lock >= 0)
+        close(m_lock);
+}
+
+std::optional<Problem> HotFolder::Prepare()
+{
+    if (!QFileInfo(m_folder).isDir())
+        return Problem{m_folder, 0, Texts::tr("there is no such folder"), Texts::tr("check the name")};
+    if (IsTakenByAnother())
+        return Problem{m_folder, 0, Texts::tr("another zyn watch takes what comes here"),
+                       Texts::tr("end that one first")};
     for (const QString& subfolder : {QStringLiteral("done"), QStringLiteral("error")}) {
         const QString path = m_folder + QLatin1Char('/') + subfolder;
         if (!QDir().mkpath(path) || !QFileInfo(path).isWritable())
-            return path;
+            return Problem{path, 0, Texts::tr("the folder cannot be written to"),
+                           Texts::tr("check the rights of the folder")};
     }
-    return {};
+    return std::nullopt;
+}
+
+bool HotFolder::IsTakenByAnother()
+{
+    m_lock = open(QFile::encodeName(m_folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    return m_lock >= 0 && flock(m_lock, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
 }
 
 QList<Input> HotFolder::Ready()
