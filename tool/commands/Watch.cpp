@@ -118,8 +118,6 @@ private:
     // \return false where the archive is away, or there is other trouble that ends without us
     bool OpenArchive()
     {
-        if (!m_trouble.isEmpty())
-            m_archive.reset();
         if (m_archive || !m_trouble.isEmpty())
             return m_trouble.isEmpty();
         auto archive = std::make_unique<Archive>();
@@ -141,8 +139,10 @@ private:
                 else if (loaded.problem->file == loaded.input->name)
                     GiveUp(*loaded.input, TextOf(*loaded.problem));
             });
-        if (failure)
-            m_trouble = TextOf(*failure);
+        if (!failure)
+            return;
+        m_trouble = TextOf(*failure);
+        m_archive.reset(); // a connection that was lost does not come back by itself
     }
 
     // In the archive already: whatever happens from here on, a second time does no harm.
@@ -238,7 +238,7 @@ Command WatchCommand(CommandLine& zyn, const Manners& manners)
     watch.Values("-f,--format", arguments->formats, Texts::tr("Format of the folder before it"))
         .Named(Texts::tr("FORMAT"));
     watch.Value("--lot", arguments->lot, Texts::tr("STDF lot that the parts of every report are added to"))
-        .Named(Texts::tr("FILE.stdf"));
+        .Named(Texts::tr("FILE"));
     watch
         .Value("--status", arguments->status,
                Texts::tr("File for monitoring: last report, waiting, errors, as JSON"))
