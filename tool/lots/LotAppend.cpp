@@ -144,8 +144,11 @@ QList<Conversion> AppendToLot(const Input& input, LotWriter& writer, const LotOp
             conversions.append(
                 Add(PartsOf(unit.test.get(), input.name, writer.Path(), options), input.name, writer));
     });
-    if (damage)
-        conversions.append({input.name, {}, damage});
+    if (damage) {
+        Conversion& damaged = conversions.emplaceBack();
+        damaged.input = input.name;
+        damaged.problem = damage;
+    }
     return conversions;
 }
 
