@@ -167,7 +167,7 @@ def main(stations, seconds, kills, rate=60, watchers=2):
         files = sum(len(found) for *_, found in os.walk(reports))
         runs, counts = reading.versions_in(str(reports))
         database = line.url.split("/")[3].split("?")[0]
-        stored = server.sql(database, "SELECT count(*), count(*) FILTER (WHERE current) FROM run")
+        stored = server.sql(database, "SELECT count(*), count(*) FILTER (WHERE current = 1) FROM run")
         expected = f"{counts['added'] + counts['revised']}|{len(runs)}"
         assert stored == expected, f"runs, and current ones: {stored}, not {expected}"
         asked = [same_answers.compare(line.url, one) for one in questions(runs, stations)]
