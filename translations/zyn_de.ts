@@ -2802,5 +2802,53 @@ ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</tran
         <source>Curve: the normal distribution that fits without outliers. Solid line: mean; dashed: limits and where something began. Failed dots lead to their units.</source>
         <translation>Kurve: die Normalverteilung, die ohne Ausreißer passt. Durchgezogen: Mittelwert; gestrichelt: Grenzen, und wo etwas begann. Fehlerhafte Punkte führen zu ihren Prüflingen.</translation>
     </message>
+    <message>
+        <source>Lots</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>without a program</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stations that put reports into the folder as they test, instead of a lot at once</source>
+        <translation>Stationen, die Berichte in den Ordner legen, während sie prüfen, statt eines Loses auf einmal</translation>
+    </message>
+    <message>
+        <source>Number of the first of them</source>
+        <translation>Nummer der ersten von ihnen</translation>
+    </message>
+    <message>
+        <source>Reports a minute of each station</source>
+        <translation>Berichte je Minute und Station</translation>
+    </message>
+    <message>
+        <source>How long; without it until Ctrl+C</source>
+        <translation>Wie lange; ohne Angabe bis Strg+C</translation>
+    </message>
+    <message>
+        <source>Stations write as testers do on a bad day: panels, retests on another station, copies, corrections, with wrong clocks, and late where the network was lost. Their reports are renamed in.</source>
+        <translation>Stationen schreiben wie Prüfplätze an einem schlechten Tag: Nutzen, Nachprüfungen an einer anderen Station, Kopien, Korrekturen, mit falscher Uhr, und verspätet, wenn das Netz weg war. Berichte erscheinen fertig durch Umbenennen.</translation>
+    </message>
+    <message>
+        <source>cannot be written</source>
+        <translation>kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>STDF lot that the parts of every report are added to</source>
+        <translation>STDF-Los, an das die Teile jedes Berichts angehängt werden</translation>
+    </message>
+    <message>
+        <source>another zyn watch takes what comes here</source>
+        <translation>ein anderes zyn watch nimmt schon, was hier ankommt</translation>
+    </message>
+    <message>
+        <source>end that one first</source>
+        <translation>jenes zuerst beenden</translation>
+    </message>
+    <message>
+        <source>the folder cannot be written to</source>
+        <translation>in den Ordner kann nicht geschrieben werden</translation>
+    </message>
 </context>
 </TS>
