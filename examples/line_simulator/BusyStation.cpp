@@ -80,8 +80,8 @@ std::unique_ptr<UUTTest> BusyStation::Tested(int tick) const
 {
     const bool isRetest = ActOf(tick) == Act::Retest;
     const int neighbour = m_station == 1 ? 2 : m_station - 1;
-    const int panel = isRetest ? neighbour * panelsOfStation + tick - correctedAfter
-                               : m_station * panelsOfStation + tick;
+    const int panel =
+        isRetest ? neighbour * panelsOfStation + tick - correctedAfter : m_station * panelsOfStation + tick;
     const quint64 attempt = isRetest ? quint64(m_station) * panelsOfStation + quint64(tick) : 0;
     return m_line.MakePanel({panel, m_line.StartOf(tick + 1).addMSecs(ClockError(tick)),
                              QStringLiteral("LINE2-FCT%1").arg(m_station), attempt});
