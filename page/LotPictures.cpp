@@ -23,9 +23,12 @@ double ShareOf(std::int64_t part, std::int64_t whole)
 std::vector<Bar> YieldBars(const std::vector<YieldRow>& rows)
 {
     std::vector<Bar> bars;
-    for (const YieldRow& row : rows)
-        bars.push_back({GroupText(row.group), ShareOf(row.passed, row.units),
+    for (const YieldRow& row : rows) {
+        const QString program = ProgramOf(row.group);
+        const QString name = GroupText({row.group.back()});
+        bars.push_back({program.isEmpty() ? name : TitleOf(program, name), ShareOf(row.passed, row.units),
                         Share(double(row.passed), double(row.units)), false});
+    }
     return bars;
 }
 
@@ -84,9 +87,10 @@ std::vector<Bar> StationBars(const LotAnswers& answers)
 
 std::vector<Bar> SiteBars(const LotAnswers& answers)
 {
-    const bool hasSites = std::any_of(answers.bySite.begin(), answers.bySite.end(),
-                                      [](const YieldRow& row) { return !IsOfNone(row); });
-    return hasSites ? YieldBars(answers.bySite) : std::vector<Bar>();
+    QSet<QString> sites;
+    for (const YieldRow& row : answers.bySite)
+        sites.insert(LastOf(row.group));
+    return sites.size() > 1 ? YieldBars(answers.bySite) : std::vector<Bar>();
 }
 
 std::vector<Bar> FailureBars(const LotAnswers& answers)

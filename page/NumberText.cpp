@@ -15,7 +15,8 @@ namespace {
 
 const QString dash = QString(QChar(0x2013));
 constexpr int fewDigits = 5;
-constexpr int exactDigits = 10; // more than people give limits
+constexpr int limitDigits = 7; // what a float of a lot file holds
+constexpr int manyDigits = 12;
 
 int BaseOf(const NumberStyle& style)
 {
@@ -73,7 +74,7 @@ QString MeanOf(const MeasureRow& row)
     int digits = fewDigits;
     if (row.mean && row.sigma && *row.sigma > 0 && *row.mean != 0)
         digits = int(std::clamp(std::ceil(std::log10(std::abs(*row.mean) / *row.sigma)) + 2,
-                                double(fewDigits), double(exactDigits)));
+                                double(fewDigits), double(manyDigits)));
     return Figure(row.mean, BaseOf(row.style) == 10 ? row.unit : QString(), {}, digits);
 }
 
@@ -89,15 +90,17 @@ QString Capability(const std::optional<double>& value)
 
 QString Limits(const MeasureRow& row)
 {
-    const auto figure = [&](const std::optional<double>& limit) {
-        return Figure(limit, row.unit, row.style, exactDigits);
+    const auto figure = [&](const std::optional<double>& limit, int digits = limitDigits) {
+        return Figure(limit, row.unit, row.style, digits);
     };
     if (row.lower && row.style.lowerOperator == QLatin1String("=="))
         return QStringLiteral("= ") + figure(row.lower);
     if (row.lower && row.style.lowerOperator == QLatin1String("!="))
         return QStringLiteral("≠ ") + figure(row.lower);
-    if (row.lower && row.upper)
-        return figure(row.lower) + QStringLiteral(" … ") + figure(row.upper);
+    if (row.lower && row.upper) {
+        const int digits = figure(row.lower) == figure(row.upper) ? manyDigits : limitDigits;
+        return figure(row.lower, digits) + QStringLiteral(" … ") + figure(row.upper, digits);
+    }
     if (row.lower)
         return QStringLiteral("≥ ") + figure(row.lower);
     return row.upper ? QStringLiteral("≤ ") + figure(row.upper) : dash;
@@ -122,7 +125,7 @@ QString ProgramOf(const AnswerGroup& group)
     if (group.empty() || group.front().first != QLatin1String("program"))
         return {};
     const QString& name = group.front().second;
-    return name.isEmpty() ? Texts::tr("without a program") : name;
+    return name.isEmpty() ? Texts::tr("Without a program") : name;
 }
 
 QString LastOf(const AnswerGroup& group)

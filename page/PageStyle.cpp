@@ -53,10 +53,9 @@ circle{fill:transparent}a:focus circle,a:hover circle{stroke:var(--bad);stroke-w
 .wafers{display:grid;grid-template-columns:repeat(auto-fill,minmax(160px,1fr));gap:16px}figure{margin:0}figcaption{color:var(--faint)}
 tr:target{background:var(--card);outline:2px solid var(--mark)}
 svg{display:block;width:100%;height:auto;font:11px system-ui,"DejaVu Sans",sans-serif}
-.map{border-collapse:separate;border-spacing:4px;width:auto}
+.map{border-collapse:separate;border-spacing:4px;width:min(100%,27em)}
 .map td{border:0;border-radius:6px;padding:8px 12px;min-width:84px;text-align:center;background:var(--card);border:1px solid var(--grid)}
 .map b{display:block}.map .worst{border-color:var(--bad)}.map .worst b{color:var(--bad)}.map td:empty{visibility:hidden}
-@media (min-width:561px){.map caption{white-space:nowrap}}
 )css";
 
 constexpr const char* printRules = R"css(
