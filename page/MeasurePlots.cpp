@@ -17,6 +17,7 @@ namespace {
 constexpr double dotRadius = 1.6;
 constexpr double farFromAll = 8;      // distances of the quartiles: such values are not on the axis
 constexpr double outlying = 3;        // such are not what a normal distribution fits to
+constexpr double leastToFit = 5;      // values: a curve of fewer says nothing
 constexpr std::size_t manyDots = 200; // whole pixels do for them, and are half as long
 
 struct Range {
@@ -335,12 +336,13 @@ void DrawHistogram(QPainter& painter, const QRectF& area, const MeasureData& dat
     const double binWidth = (range.to - range.from) / double(counts.size());
     const Fit fit(ShownOf(data, usual));
     double most = std::max(4, *std::max_element(counts.begin(), counts.end()));
-    if (fit.sigma > 0)
+    const bool isFit = fit.count >= leastToFit && fit.sigma > 0;
+    if (isFit)
         most = std::max(most, fit.At(fit.mean, binWidth));
     PlotFrame frame(painter, area, {across, AxisUnitOf(data)}, {Axis(0, most, 4), {}});
     frame.DrawUp();
     DrawBars(painter, frame, counts, range);
-    if (fit.sigma > 0)
+    if (isFit)
         DrawNormal(painter, frame, fit, range, binWidth);
     if (data.lower)
         frame.DrawUpright(*data.lower, Ink::Limit, Qt::DashLine, QCoreApplication::translate("zyn", "LL"),
