@@ -2804,11 +2804,7 @@ ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</tran
     </message>
     <message>
         <source>Lots</source>
-        <translation type="unfinished"></translation>
-    </message>
-    <message>
-        <source>without a program</source>
-        <translation type="unfinished"></translation>
+        <translation>Lose</translation>
     </message>
     <message>
         <source>Stations that put reports into the folder as they test, instead of a lot at once</source>
