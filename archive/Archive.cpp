@@ -30,7 +30,7 @@ public:
 
     std::unique_ptr<Database> database;
     std::unique_ptr<RunWriter> writer;
-    bool keepValues = true;
+    RunWriter::Keep keep;
     QString error;
 };
 
@@ -46,7 +46,7 @@ bool Archive::Private::Connect(const QString& url, Database::Access access)
 {
     Close();
     database = std::make_unique<Database>();
-    keepValues = true;
+    keep = {};
     const std::optional<ArchiveUrl> parsed = ArchiveUrl::Parse(url, &error);
     return parsed && Check(database->Open(*parsed, access));
 }
@@ -92,7 +92,7 @@ bool Archive::OpenTemporary(bool keepValues)
 {
     d->Close();
     d->database = std::make_unique<Database>();
-    d->keepValues = keepValues;
+    d->keep = {.values = keepValues, .operators = true, .summaries = false};
     return d->Check(d->database->OpenTemporary() && Schema(*d->database).Make());
 }
 
@@ -105,12 +105,18 @@ bool Archive::Upgrade(const QString& url)
     return false;
 }
 
+void Archive::SetKeepsOperators(bool keeps)
+{
+    d->keep.operators = keeps;
+    d->writer.reset();
+}
+
 bool Archive::Add(std::span<const Run> runs, AddedRuns* counts)
 {
     if (!d->database)
         return d->Fail(ArchiveTexts::tr("No archive is open"));
     if (!d->writer)
-        d->writer = std::make_unique<RunWriter>(*d->database, d->keepValues);
+        d->writer = std::make_unique<RunWriter>(*d->database, d->keep);
     return d->Check(d->writer->Add(runs, counts));
 }
 
@@ -144,6 +150,11 @@ QString Archive::GetShownUrl() const
 QSqlDatabase Archive::GetDatabase() const
 {
     return d->database ? d->database->GetConnection() : QSqlDatabase();
+}
+
+bool Archive::HasSummaries() const
+{
+    return d->keep.summaries;
 }
 
 bool Archive::IsPostgreSql() const

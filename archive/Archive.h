@@ -62,6 +62,9 @@ public:
     /// Brings an older archive to this version, in one transaction.
     bool Upgrade(const QString& url);
 
+    /// Whether the names of operators are kept of runs that are added from now on: yes, if it is not said.
+    void SetKeepsOperators(bool keeps);
+
     /// Adds runs in one transaction: all of them or, with an error, none.
     /// \param counts set to what became of them; may be null
     bool Add(std::span<const Run> runs, AddedRuns* counts);
@@ -81,6 +84,8 @@ public:
     /// For the questions: the open connection.
     QSqlDatabase GetDatabase() const;
     bool IsPostgreSql() const;
+    /// Whether it keeps figures by day; one without a name does not.
+    bool HasSummaries() const;
     /// Keeps an error text; for the questions.
     void SetErrorText(const QString& text) const;
 

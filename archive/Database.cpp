@@ -151,6 +151,11 @@ bool Database::Run(QSqlQuery& query)
     return query.exec() || Fail(query.lastError());
 }
 
+bool Database::Run(QSqlQuery& query, const QString& sql)
+{
+    return query.exec(sql) || Fail(query.lastError());
+}
+
 bool Database::Execute(const QString& sql)
 {
     QSqlQuery query(GetConnection());

@@ -37,6 +37,8 @@ public:
     QSqlQuery Prepare(const QString& sql) const;
     /// Runs a prepared query, keeps what went wrong.
     bool Run(QSqlQuery& query);
+    /// The same of a statement that a server does not prepare.
+    bool Run(QSqlQuery& query, const QString& sql);
     bool Execute(const QString& sql);
     /// The first column of the first row; none where there is no row.
     QVariant Value(const QString& sql);

@@ -48,6 +48,9 @@ QString RemedyOfPostgreSql(const QString& code, QSqlError::ErrorType type)
             "mend that and try again");
     if (type == QSqlError::ConnectionError && code.isEmpty())
         return ArchiveTexts::tr("check that the server runs, its address, and the password in ~/.pgpass");
+    if (code == QLatin1String("08001"))
+        return ArchiveTexts::tr("a server that keeps some of the products is away; try again later, or ask "
+                                "with --product about others");
     if (code.startsWith(QLatin1String("08")) || code.startsWith(QLatin1String("57P")) || code.isEmpty())
         return ArchiveTexts::tr(
             "the connection to the server was lost; what was added before is there, so try again");

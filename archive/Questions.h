@@ -173,6 +173,8 @@ ZYNARCHIVE_EXPORT bool FitsMeasurement(const QString& name, const QString& ident
 struct MeasureOptions {
     QStringList names; ///< names, idents or paths; empty: all, lowest CPK first
     bool values = false;
+    /// A row for each group, by path and group: figures only, without values, drift and rules.
+    std::vector<GroupBy> by = {};
 };
 
 struct UnitOptions {

@@ -14,9 +14,9 @@ const QString findEarliest = QStringLiteral(
     "SELECT id, start, run_index, test_index, first FROM run WHERE unit = ? AND program = ? AND "
     "current = 1 ORDER BY start, run_index, test_index, id LIMIT 1");
 const QString insertRun = QStringLiteral(
-    "INSERT INTO run(unit, program, start, utc_offset, run_index, test_index, code, first, is_panel, "
+    "INSERT INTO run(%1unit, program, start, utc_offset, run_index, test_index, code, first, is_panel, "
     "station, position, site, x, y, hard_bin, soft_bin, layout, limits) "
-    "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id");
+    "VALUES(%2?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?) RETURNING id");
 
 } // namespace
 
@@ -32,7 +32,7 @@ const RunStatements& StatementsFor(Database::Kind kind)
         .dropFailures = QStringLiteral("DELETE FROM failure WHERE run = ?"),
         .findEarliest = findEarliest,
         .unmark = QStringLiteral("UPDATE run SET first = 0 WHERE id = ?"),
-        .insertRun = insertRun,
+        .insertRun = insertRun.arg(QString(), QString()),
         .insertValues = QStringLiteral("INSERT INTO run_values(run, key, revision, content, start_text, "
                                        "duration, operator, panel, source, "
                                        "comment, vals, codes, seconds, texts, comments, attributes) "
@@ -52,15 +52,16 @@ const RunStatements& StatementsFor(Database::Kind kind)
         .dropFailures = QStringLiteral("DELETE FROM failure WHERE start = ? AND run = ?"),
         .findEarliest = findEarliest,
         .unmark = QStringLiteral("UPDATE run SET first = 0 WHERE start = ? AND id = ?"),
-        .insertRun = insertRun,
-        .insertValues = QStringLiteral("INSERT INTO run_values(start, run, key, revision, content, "
+        .insertRun = insertRun.arg(QStringLiteral("product, "), QStringLiteral("?, ")),
+        .insertValues = QStringLiteral("INSERT INTO run_values(start, product, run, key, revision, content, "
                                        "start_text, duration, operator, panel, source, "
                                        "comment, vals, codes, seconds, texts, comments, attributes) "
-                                       "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-        .insertFailure = QStringLiteral(
-            "INSERT INTO failure(start, run, code, num, is_first, component) SELECT CAST(? AS bigint), "
-            "CAST(? AS bigint), CAST(? AS smallint), CAST(? AS float8), CAST(? AS smallint), component "
-            "FROM layout_item WHERE layout = ? AND pos = ?"),
+                                       "VALUES(?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
+        .insertFailure = QStringLiteral("INSERT INTO failure(start, product, run, code, num, is_first, "
+                                        "component) SELECT CAST(? AS bigint), "
+                                        "CAST(? AS text), CAST(? AS bigint), CAST(? AS smallint), CAST(? AS "
+                                        "float8), CAST(? AS smallint), component "
+                                        "FROM layout_item WHERE layout = ? AND pos = ?"),
         .makeMonth = QStringLiteral("SELECT archive_month(?)"),
     };
     return kind == Database::Kind::PostgreSql ? postgreSql : sqlite;

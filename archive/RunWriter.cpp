@@ -41,11 +41,12 @@ std::string OwnOf(const UnitOfRun& unit, const RunDigest& digest)
 
 } // namespace
 
-RunWriter::RunWriter(Database& database, bool keepValues)
+RunWriter::RunWriter(Database& database, Keep keep)
     : m_database(database)
-    , m_keepValues(keepValues)
+    , m_keep(keep)
     , m_style(database.IsPostgreSql() ? ArrayStyle::PostgreSql : ArrayStyle::Json)
-    , m_dictionary(database, keepValues)
+    , m_dictionary(database, keep.values)
+    , m_summaries(database)
 {
     const RunStatements& sql = StatementsFor(database.GetKind());
     m_findUnit = database.Prepare(sql.findUnit);
@@ -64,6 +65,16 @@ RunWriter::RunWriter(Database& database, bool keepValues)
 
 bool RunWriter::Add(std::span<const Run> runs, AddedRuns* counts)
 {
+    if (m_keep.operators)
+        return AddAll(runs, counts);
+    std::vector<Run> nameless(runs.begin(), runs.end());
+    for (Run& run : nameless)
+        run.operatorName.clear();
+    return AddAll(nameless, counts);
+}
+
+bool RunWriter::AddAll(std::span<const Run> runs, AddedRuns* counts)
+{
     std::vector<RunDigest> digests;
     for (const Run& run : runs)
         digests.push_back(m_digester.Digest(run));
@@ -72,6 +83,7 @@ bool RunWriter::Add(std::span<const Run> runs, AddedRuns* counts)
     AddedRuns added;
     const bool isWritten = m_database.InTransaction([&] {
         added = {};
+        m_summaries.Forget();
         UnitIds units;
         if (!LockUnits(runs, digests, &units))
             return false;
@@ -85,7 +97,7 @@ bool RunWriter::Add(std::span<const Run> runs, AddedRuns* counts)
                 return false;
             added.Count(as);
         }
-        return true;
+        return m_summaries.Write();
     });
     if (isWritten && counts)
         *counts = std::move(added);
@@ -163,8 +175,12 @@ bool RunWriter::AddRun(Row& row, AddedAs* as)
         return true;
     }
     *as = row.replaces == 0 ? AddedAs::New : AddedAs::Revision;
-    return (row.replaces == 0 || Replace(row)) && DecideFirst(row) && InsertRun(row) && InsertValues(row) &&
-           InsertFailures(row);
+    if ((row.replaces != 0 && !Replace(row)) || !DecideFirst(row) || !InsertRun(row) || !InsertValues(row) ||
+        !InsertFailures(row))
+        return false;
+    if (m_keep.summaries)
+        m_summaries.Add(row.run, m_dictionary.LayoutOf(row.run), m_dictionary.LimitsOf(row.run).toLongLong());
+    return true;
 }
 
 bool RunWriter::FindKnown(Row& row)
@@ -185,7 +201,8 @@ bool RunWriter::FindKnown(Row& row)
 
 bool RunWriter::Replace(Row& row)
 {
-    return Execute(m_replace, row, row.replaces) && Execute(m_dropFailures, row, row.replaces);
+    return (!m_keep.summaries || m_summaries.RenewFor(row.start, row.replaces)) &&
+           Execute(m_replace, row, row.replaces) && Execute(m_dropFailures, row, row.replaces);
 }
 
 bool RunWriter::DecideFirst(Row& row)
@@ -219,6 +236,8 @@ bool RunWriter::InsertRun(Row& row)
 {
     const Run& run = row.run;
     QSqlQuery& insert = m_insertRun;
+    if (m_database.IsPostgreSql())
+        insert.addBindValue(SqlText(run.product));
     insert.addBindValue(qint64(row.unit));
     insert.addBindValue(SqlText(run.layout->program));
     insert.addBindValue(qint64(row.start));
@@ -244,7 +263,7 @@ bool RunWriter::InsertValues(const Row& row)
 {
     const Run& run = row.run;
     QSqlQuery& insert = m_insertValues;
-    BindStart(insert, row);
+    BindPlace(insert, row);
     insert.addBindValue(qint64(row.id));
     insert.addBindValue(row.digest.key);
     insert.addBindValue(row.revision);
@@ -253,7 +272,7 @@ bool RunWriter::InsertValues(const Row& row)
     insert.addBindValue(SqlNumber(run.duration));
     for (const std::string* text : {&run.operatorName, &run.panel, &run.source, &run.comment})
         insert.addBindValue(SqlTextOrNull(*text));
-    if (m_keepValues) {
+    if (m_keep.values) {
         const auto isKnown = [](float seconds) { return std::isfinite(seconds); };
         insert.addBindValue(ArrayOf(run.values, m_style));
         insert.addBindValue(ArrayOf(run.codes, m_style));
@@ -277,7 +296,7 @@ bool RunWriter::InsertFailures(const Row& row)
     const std::vector<FailedComponent> failed = FailedComponents(row.run);
     for (const FailedComponent& component : failed) {
         const double number = row.run.values[component.position];
-        BindStart(m_insertFailure, row);
+        BindPlace(m_insertFailure, row);
         m_insertFailure.addBindValue(qint64(row.id));
         m_insertFailure.addBindValue(int(row.run.codes[component.position]));
         m_insertFailure.addBindValue(std::isfinite(number) ? QVariant(number) : QVariant());
@@ -294,6 +313,13 @@ void RunWriter::BindStart(QSqlQuery& query, const Row& row) const
 {
     if (m_database.IsPostgreSql())
         query.addBindValue(qint64(row.start));
+}
+
+void RunWriter::BindPlace(QSqlQuery& query, const Row& row) const
+{
+    BindStart(query, row);
+    if (m_database.IsPostgreSql())
+        query.addBindValue(SqlText(row.run.product));
 }
 
 bool RunWriter::Execute(QSqlQuery& query, const Row& row, std::int64_t id)

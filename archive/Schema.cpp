@@ -1,6 +1,7 @@
 #include "archive/Schema.h"
 
 #include "archive/ArchiveTexts.h"
+#include "archive/SummaryWriter.h"
 
 #include <QtCore/QVariant>
 
@@ -8,7 +9,8 @@ namespace ZYN {
 
 namespace {
 
-constexpr int CurrentVersion = 2;
+constexpr int CurrentVersion = 3;
+constexpr int FirstWithSummaries = 3;
 constexpr int ApplicationId = 0x5A594E41;
 
 const QString hasArchive = QStringLiteral("SELECT to_regclass('archive_meta') IS NOT NULL");
@@ -120,12 +122,13 @@ bool Schema::Upgrade()
         int version = 0;
         if (!ReadVersion(&version))
             return false;
+        const bool hasSummaries = version >= FirstWithSummaries;
         for (; version < CurrentVersion; ++version) {
             const QString script = QStringLiteral("%1-%2.sql").arg(NameOf(m_database)).arg(version + 1);
             if (!m_database.RunScript(script))
                 return false;
         }
-        return true;
+        return hasSummaries || SummaryWriter(m_database).MakeAll();
     });
 }
 

@@ -59,7 +59,8 @@ if(NOT ZYN_USE_EXTERNAL_MODEL)
   install(FILES runs/ReportRuns.h runs/Run.h runs/RunBuilder.h runs/RunsGlobal.h runs/StdfRuns.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZYNRuns/runs COMPONENT RunsDevelopment)
   zyn_install_package(ZYNArchive Archive=ZYNArchive COMPONENT Archive)
-  install(FILES archive/Archive.h archive/ArchiveGlobal.h archive/ArchiveInfo.h archive/Questions.h
+  install(FILES archive/Archive.h archive/ArchiveGlobal.h archive/ArchiveInfo.h archive/ArchiveRuns.h
+    archive/Questions.h
     DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ZYNArchive/archive COMPONENT ArchiveDevelopment)
 
   zyn_search_libraries(zyn "$ORIGIN/${ZYN_LIB_FROM_BIN}")

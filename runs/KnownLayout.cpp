@@ -46,16 +46,6 @@ std::string_view WithoutCount(std::string_view identity)
     return escapes % 2 == 0 ? identity.substr(0, mark) : identity;
 }
 
-void SetHash(RunComponent& component)
-{
-    Hash hash;
-    hash.Add(std::int64_t(component.kind));
-    hash.Add(component.identity);
-    hash.Add(std::int64_t(component.dataType));
-    hash.Add(component.unit);
-    std::memcpy(component.hash, hash.Result().data(), sizeof component.hash);
-}
-
 std::string HashOf(const RunLayout& layout)
 {
     Hash hash;
@@ -144,7 +134,7 @@ void LayoutMaker::Add(const RunItem& item, int parent)
         component.identity += mark;
         component.path += mark;
     }
-    SetHash(component);
+    SetHash(&component);
     components.push_back(std::move(component));
 }
 

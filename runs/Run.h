@@ -34,8 +34,10 @@ struct RunComponent {
     std::string unit;           ///< of the number that stands in a run: without prefix
     int unitCode = 0;           ///< code of the unit; 25 hexadecimal, 26 binary
     int factor = 0;             ///< power of ten of the prefix that people see it with
-    std::uint64_t hash[2] = {}; ///< of kind, identity, data type and unit
+    std::uint64_t hash[2] = {}; ///< of kind, identity, data type and unit; see `SetHash`
 };
+
+ZYNRUNS_EXPORT void SetHash(RunComponent* component);
 
 /// What stands at which position of a run's arrays, in walk order; shared by all runs of a version of a
 /// program.

@@ -10,7 +10,7 @@ std::optional<std::vector<DieRow>> AskDies(const Archive& archive, const RunFilt
 {
     const ChosenRuns runs(archive, filter, ChosenRuns::Of::Units);
     std::optional<QSqlQuery> query =
-        runs.Select(QStringLiteral("r.unit, u.wafer, r.x, r.y, r.code, r.hard_bin"), ChosenRuns::JoinHome(),
+        runs.Select(QStringLiteral("r.unit, u.wafer, r.x, r.y, r.code, r.hard_bin"), runs.JoinHome(),
                     QStringLiteral("r.x IS NOT NULL AND r.y IS NOT NULL"),
                     QStringLiteral("ORDER BY r.unit, ") + ChosenRuns::InOrder());
     std::vector<DieRow> dies;

@@ -3,6 +3,7 @@
 #include "archive/questions/Programs.h"
 
 #include <algorithm>
+#include <map>
 
 namespace ZYN {
 
@@ -13,24 +14,40 @@ std::optional<std::vector<FailureRow>> AskFailures(const Archive& archive, const
     if (!programs.Read(archive, runs))
         return std::nullopt;
     std::optional<QSqlQuery> query =
-        runs.Select(QStringLiteral("c.program, c.ident, c.path, sum(f.is_first), count(*)"),
-                    runs.JoinFailures() + QStringLiteral(" JOIN component c ON c.id = f.component"), {},
-                    QStringLiteral("GROUP BY c.id, c.program, c.ident, c.path"));
-    std::vector<FailureRow> rows;
+        runs.Select(QStringLiteral("f.component, sum(f.is_first), count(*)"), runs.JoinFailures(), {},
+                    QStringLiteral("GROUP BY f.component") + runs.AlsoGroupBy());
+    std::map<int, std::pair<std::int64_t, std::int64_t>> counts; // first and all, by component
     std::int64_t total = 0;
     while (query && query->next()) {
-        FailureRow row;
-        row.group = programs.GroupOf(query->value(0).toString());
-        row.ident = query->value(1).toString();
-        row.path = query->value(2).toString();
-        row.first = query->value(3).toLongLong();
-        row.all = query->value(4).toLongLong();
-        total += row.first;
-        if (row.first > 0 || all)
-            rows.push_back(row);
+        auto& [first, every] = counts[query->value(0).toInt()];
+        first += query->value(1).toLongLong();
+        every += query->value(2).toLongLong();
+        total += query->value(1).toLongLong();
     }
     if (!query || !IsComplete(archive, *query))
         return std::nullopt;
+    query.reset(); // a server is asked one question at a time
+    // On several servers one component has several numbers.
+    query = Ask(archive, QStringLiteral("SELECT id, program, identity, ident, path FROM component"));
+    std::map<std::pair<QString, QString>, FailureRow> components; // by program and identity
+    while (query && query->next()) {
+        const auto count = counts.find(query->value(0).toInt());
+        if (count == counts.end())
+            continue;
+        const QString program = query->value(1).toString();
+        FailureRow& row = components[{program, query->value(2).toString()}];
+        row.group = programs.GroupOf(program);
+        row.ident = query->value(3).toString();
+        row.path = query->value(4).toString();
+        row.first += count->second.first;
+        row.all += count->second.second;
+    }
+    if (!query || !IsComplete(archive, *query))
+        return std::nullopt;
+    std::vector<FailureRow> rows;
+    for (const auto& [name, row] : components)
+        if (row.first > 0 || all)
+            rows.push_back(row);
     for (FailureRow& row : rows)
         row.share = total > 0 ? double(row.first) / double(total) : 0;
     std::sort(rows.begin(), rows.end(), [](const FailureRow& a, const FailureRow& b) {

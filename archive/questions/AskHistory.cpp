@@ -1,5 +1,5 @@
 #include "archive/Archive.h"
-#include "archive/questions/ArrayReader.h"
+#include "archive/ArrayReader.h"
 #include "archive/questions/ChosenRuns.h"
 #include "archive/questions/LimitSets.h"
 
@@ -56,7 +56,7 @@ std::optional<std::vector<HistoryRow>> AskHistory(const Archive& archive, const 
             "u.product, u.serial, u.seen_ident, u.lot, r.station, v.start_text, r.program, r.code, r.unit, "
             "r.limits, c.path, i.pos, i.unit, i.factor, i.unit_code, f.num, CASE WHEN f.num IS NULL THEN "
             "v.texts END"),
-        ChosenRuns::JoinHome() + runs.JoinValues() + runs.JoinFirstFailure() +
+        runs.JoinHome() + runs.JoinValues() + runs.JoinFirstFailure() +
             QStringLiteral(
                 " LEFT JOIN component c ON c.id = f.component LEFT JOIN layout_item i ON i.layout = r.layout "
                 "AND i.component = f.component"),

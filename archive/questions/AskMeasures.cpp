@@ -1,7 +1,8 @@
 #include "archive/Archive.h"
-#include "archive/figures/Cpk.h"
 #include "archive/figures/DriftTests.h"
 #include "archive/figures/NelsonRules.h"
+#include "archive/questions/FilledRow.h"
+#include "archive/questions/MeasuresBy.h"
 #include "archive/questions/SeriesReader.h"
 
 #include <algorithm>
@@ -10,32 +11,14 @@ namespace ZYN {
 
 namespace {
 
-// An operator such as "==" tells no end of an interval.
-Figures::Bounds BoundsOf(const Judgement& judgement)
+Figures::MeasuredFigures FiguresOf(const MeasuredSeries& series)
 {
-    const auto bound = [](const std::optional<double>& limit, const std::string& limitOperator) {
-        return limitOperator == "<" || limitOperator == "<=" ? limit : std::nullopt;
-    };
-    return {bound(judgement.lower, judgement.lowerOperator), bound(judgement.upper, judgement.upperOperator),
-            judgement.inverted};
-}
-
-void FillFigures(const MeasuredSeries& series, MeasureRow* row)
-{
-    Figures::Moments all, passed;
-    for (std::size_t i = 0; i < series.values.size(); ++i) {
-        all.Add(series.values[i]);
-        if (series.codes[i] > 0)
-            passed.Add(series.values[i]);
-    }
-    const Figures::Bounds bounds = BoundsOf(series.judgement);
-    row->count = all.GetCount();
-    row->mean = all.GetMean();
-    row->sigma = all.GetSigma();
-    row->min = all.GetMin();
-    row->max = all.GetMax();
-    row->cpk = Figures::Cpk(all, bounds);
-    row->cpkPassed = Figures::Cpk(passed, bounds);
+    Figures::MeasuredFigures figures;
+    for (std::size_t i = 0; i < series.values.size(); ++i)
+        figures.Add(series.values[i], series.codes[i]);
+    figures.failed = series.failed; // also without a number
+    figures.notNumbers = series.notNumbers;
+    return figures;
 }
 
 /// Makes rows of series.
@@ -89,7 +72,7 @@ private:
     static bool IsWanted(const MeasuredSeries& series, const QStringList& names)
     {
         return names.isEmpty() || std::any_of(names.begin(), names.end(), [&](const QString& name) {
-                   return FitsMeasurement(name, series.ident, series.path);
+                   return FitsMeasurement(name, series.item.ident, series.item.path);
                });
     }
 
@@ -101,17 +84,8 @@ private:
     MeasureRow RowOf(const MeasuredSeries& series, const std::optional<Figures::FoundDrift>& drift,
                      bool withValues) const
     {
-        MeasureRow row;
-        row.group = m_reader.GetPrograms().GroupOf(series.program);
-        row.ident = series.ident;
-        row.path = series.path;
-        row.unit = series.unit;
-        row.style = series.style;
-        row.lower = series.judgement.lower;
-        row.upper = series.judgement.upper;
-        row.failed = series.failed;
-        row.notNumbers = series.notNumbers;
-        FillFigures(series, &row);
+        MeasureRow row = FilledRow(series.item, FiguresOf(series));
+        row.group = m_reader.GetPrograms().GroupOf(series.item.program);
         if (drift) {
             const bool isTrend = drift->kind == Figures::FoundDrift::Kind::Trend;
             row.drift = Drift{isTrend ? QStringLiteral("trend") : QStringLiteral("step"), drift->p,
@@ -137,6 +111,8 @@ bool FitsMeasurement(const QString& name, const QString& ident, const QString& p
 std::optional<std::vector<MeasureRow>> AskMeasures(const Archive& archive, const RunFilter& filter,
                                                    const MeasureOptions& options)
 {
+    if (!options.by.empty())
+        return AskMeasuresBy(archive, filter, options);
     SeriesReader reader(archive, filter);
     if (!reader.Read())
         return std::nullopt;

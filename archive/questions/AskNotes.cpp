@@ -9,43 +9,57 @@ namespace ZYN {
 
 namespace {
 
+QString UnitText(const QString& name)
+{
+    return name.isEmpty() ? ArchiveTexts::tr("a unit without serial")
+                          : ArchiveTexts::tr("unit '%1'").arg(name);
+}
+
 bool AppendUnreadableStarts(const Archive& archive, const RunFilter& filter, QStringList* notes)
 {
     const ChosenRuns runs(archive, filter, ChosenRuns::Of::All);
-    std::optional<QSqlQuery> query =
-        runs.Select(QStringLiteral("u.serial, u.seen_ident, v.source, v.start_text"),
-                    ChosenRuns::JoinHome() + runs.JoinValues(),
-                    QStringLiteral("r.start = %1").arg(QString::number(UnreadableStart)),
-                    QStringLiteral("ORDER BY ") + ChosenRuns::InOrder());
+    std::optional<QSqlQuery> query = runs.Select(
+        QStringLiteral("u.serial, u.seen_ident, v.source, v.start_text"), runs.JoinHome() + runs.JoinValues(),
+        QStringLiteral("r.start = %1").arg(QString::number(UnreadableStart)),
+        QStringLiteral("ORDER BY ") + ChosenRuns::InOrder());
     while (query && query->next()) {
-        const QString serial = query->value(0).toString();
-        notes->append(ArchiveTexts::tr("%1: the start '%2' of unit '%3' cannot be read; its run comes last")
-                          .arg(query->value(2).toString(), query->value(3).toString(),
-                               serial.isEmpty() ? query->value(1).toString() : serial));
+        const QString serial = query->value(0).toString(), source = query->value(2).toString(),
+                      start = query->value(3).toString();
+        const QString unit = UnitText(serial.isEmpty() ? query->value(1).toString() : serial);
+        notes->append(
+            start.isEmpty()
+                ? ArchiveTexts::tr("%1: the run of %2 has no start; it comes last").arg(source, unit)
+                : ArchiveTexts::tr("%1: the start '%2' of %3 cannot be read; its run comes last")
+                      .arg(source, start, unit));
     }
     return query && IsComplete(archive, *query);
 }
 
-// Most archives have none, which the index of serials tells at once.
-const QString repeatedSerials =
-    QStringLiteral("SELECT serial FROM unit WHERE serial <> '' GROUP BY serial HAVING count(*) > 1");
+const QString repeatedSerials = QStringLiteral(
+    "SELECT product, serial FROM unit WHERE serial <> ''%1 GROUP BY serial, product HAVING count(*) > 1");
 
-std::optional<bool> HasRepeatedSerials(const Archive& archive)
+// Most archives have none, which is told at once.
+std::optional<bool> HasRepeatedSerials(const Archive& archive, const RunFilter& filter)
 {
-    std::optional<QSqlQuery> query = Ask(archive, repeatedSerials + QStringLiteral(" LIMIT 1"));
+    const bool isAll = filter.product.isEmpty();
+    std::optional<QSqlQuery> query =
+        Ask(archive,
+            repeatedSerials.arg(isAll ? QString() : QStringLiteral(" AND product = ?")) +
+                QStringLiteral(" LIMIT 1"),
+            isAll ? QVariantList() : QVariantList{filter.product});
     const bool hasSome = query && query->next();
     return query && IsComplete(archive, *query) ? std::optional(hasSome) : std::nullopt;
 }
 
 bool AppendSerialsOfSeveralLots(const Archive& archive, const RunFilter& filter, QStringList* notes)
 {
-    const std::optional<bool> hasSome = HasRepeatedSerials(archive);
+    const std::optional<bool> hasSome = HasRepeatedSerials(archive, filter);
     if (!hasSome || !*hasSome)
         return hasSome.has_value();
     const ChosenRuns runs(archive, filter, ChosenRuns::Of::Units);
     std::optional<QSqlQuery> query =
-        runs.Select(QStringLiteral("DISTINCT u.product, u.serial, u.lot"), ChosenRuns::JoinHome(),
-                    QStringLiteral("u.serial IN (%1)").arg(repeatedSerials),
+        runs.Select(QStringLiteral("DISTINCT u.product, u.serial, u.lot"), runs.JoinHome(),
+                    QStringLiteral("(u.product, u.serial) IN (%1)").arg(repeatedSerials.arg(QString())),
                     QStringLiteral("ORDER BY u.product, u.serial, u.lot"));
     std::map<std::pair<QString, QString>, QStringList> lots;
     while (query && query->next())

@@ -58,7 +58,7 @@ std::optional<std::vector<UnitRow>> AskUnits(const Archive& archive, const RunFi
     std::optional<QSqlQuery> query = runs.Select(
         QStringLiteral("r.unit, r.layout, r.code, f.component, u.product, u.lot, u.serial, u.seen_ident, "
                        "f.num, i.unit, i.factor, i.unit_code"),
-        ChosenRuns::JoinHome() + runs.JoinFirstFailure() +
+        runs.JoinHome() + runs.JoinFirstFailure() +
             QStringLiteral(" AND r.code < 0 LEFT JOIN layout_item i ON i.layout = "
                            "r.layout AND i.component = f.component"),
         ConditionOf(options, runs), QStringLiteral("ORDER BY r.unit, r.program, ") + ChosenRuns::InOrder());

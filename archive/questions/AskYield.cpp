@@ -23,7 +23,7 @@ public:
         for (const GroupBy one : by) {
             m_columns += QStringLiteral(", ") + ColumnOf(one, archive.IsPostgreSql());
             if (NeedsUnit(one))
-                m_joins = ChosenRuns::JoinHome();
+                m_joins = m_runs.JoinHome();
         }
     }
 
@@ -52,7 +52,7 @@ private:
             ordinals.append(QString::number(i));
         std::optional<QSqlQuery> query = m_runs.Select(
             QStringLiteral("r.layout") + m_columns + QStringLiteral(", r.first, r.code, count(*)"), m_joins,
-            {}, QStringLiteral("GROUP BY ") + ordinals.join(QLatin1Char(',')));
+            {}, QStringLiteral("GROUP BY ") + ordinals.join(QLatin1Char(',')) + m_runs.AlsoGroupBy());
         while (query && query->next())
             Count(&m_rows[KeyOf(*query)], query->value(columns - 2).toBool(),
                   query->value(columns - 1).toInt(), query->value(columns).toLongLong());

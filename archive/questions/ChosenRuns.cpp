@@ -18,7 +18,7 @@ constexpr std::int64_t FarthestClock = std::int64_t(25) * 3600 * 1000;
 const QString joinedRuns =
     QStringLiteral("WITH joined AS (SELECT id, min(id) OVER (PARTITION BY product, "
                    "serial, ident, wafer, is_panel, own) AS same "
-                   "FROM unit), runs AS (SELECT x.id, x.start, x.utc_offset, "
+                   "FROM unit), runs AS (SELECT %1x.id, x.start, x.utc_offset, "
                    "x.run_index, x.test_index, x.program, x.code, x.current, "
                    "x.is_panel, x.station, x.position, x.site, x.x, x.y, x.hard_bin, x.layout, "
                    "x.limits, x.unit AS home, j.same AS unit, "
@@ -62,7 +62,9 @@ bool IsComplete(const Archive& archive, const QSqlQuery& query)
 ChosenRuns::ChosenRuns(const Archive& archive, const RunFilter& filter, Of of)
     : m_archive(archive)
     , m_isPostgreSql(archive.IsPostgreSql())
-    , m_with(filter.acrossLots ? joinedRuns : QString())
+    , m_with(filter.acrossLots
+                 ? joinedRuns.arg(archive.IsPostgreSql() ? QStringLiteral("x.product, ") : QString())
+                 : QString())
     , m_runs(filter.acrossLots ? QStringLiteral("runs")
                                : QStringLiteral("(SELECT *, unit AS home FROM run WHERE current = 1)"))
 {
@@ -83,7 +85,11 @@ void ChosenRuns::Choose(const RunFilter& filter, Of of)
         ofUnit.append(QStringLiteral("(serial = ? OR (serial = '' AND ident = ?))"));
         values << filter.serial << filter.serial;
     }
-    if (filter.ofOneLot || !filter.product.isEmpty()) {
+    const bool isOfProduct = filter.ofOneLot || !filter.product.isEmpty();
+    if (isOfProduct && m_isPostgreSql) {
+        // Tells which of several servers to ask.
+        Add(QStringLiteral("r.product = ?"), {NotNull(filter.product)});
+    } else if (isOfProduct) {
         ofUnit.append(QStringLiteral("product = ?"));
         values << NotNull(filter.product);
     }
@@ -134,16 +140,32 @@ std::optional<QSqlQuery> ChosenRuns::Select(const QString& columns, const QStrin
                m_values);
 }
 
+// Of several servers each joins its own: by the product, which divides them.
 QString ChosenRuns::JoinValues() const
 {
-    return m_isPostgreSql ? QStringLiteral(" JOIN run_values v ON v.start = r.start AND v.run = r.id")
-                          : QStringLiteral(" JOIN run_values v ON v.run = r.id");
+    return m_isPostgreSql
+               ? QStringLiteral(
+                     " JOIN run_values v ON v.product = r.product AND v.start = r.start AND v.run = r.id")
+               : QStringLiteral(" JOIN run_values v ON v.run = r.id");
 }
 
 QString ChosenRuns::JoinFailures() const
 {
-    return m_isPostgreSql ? QStringLiteral(" JOIN failure f ON f.start = r.start AND f.run = r.id")
-                          : QStringLiteral(" JOIN failure f ON f.run = r.id");
+    return m_isPostgreSql
+               ? QStringLiteral(
+                     " JOIN failure f ON f.product = r.product AND f.start = r.start AND f.run = r.id")
+               : QStringLiteral(" JOIN failure f ON f.run = r.id");
+}
+
+QString ChosenRuns::JoinHome() const
+{
+    return m_isPostgreSql ? QStringLiteral(" JOIN unit u ON u.product = r.product AND u.id = r.home")
+                          : QStringLiteral(" JOIN unit u ON u.id = r.home");
+}
+
+QString ChosenRuns::AlsoGroupBy() const
+{
+    return m_isPostgreSql ? QStringLiteral(", r.product") : QString();
 }
 
 QString ChosenRuns::JoinFirstFailure() const
@@ -153,7 +175,10 @@ QString ChosenRuns::JoinFirstFailure() const
 
 QString ChosenRuns::HasRun(const QString& condition) const
 {
-    return QStringLiteral("r.unit IN (SELECT unit FROM %1 y WHERE %2)").arg(m_runs, condition);
+    return (m_isPostgreSql
+                ? QStringLiteral("(r.product, r.unit) IN (SELECT product, unit FROM %1 y WHERE %2)")
+                : QStringLiteral("r.unit IN (SELECT unit FROM %1 y WHERE %2)"))
+        .arg(m_runs, condition);
 }
 
 } // namespace ZYN

@@ -30,9 +30,11 @@ public:
     QString JoinValues() const;
     QString JoinFailures() const;
     QString JoinFirstFailure() const;
-    static QString JoinHome() { return QStringLiteral(" JOIN unit u ON u.id = r.home"); }
+    QString JoinHome() const;
     /// Rows in the order of runs.
     static QString InOrder() { return QStringLiteral("r.start, r.run_index, r.test_index, r.id"); }
+    /// To be put behind what is grouped by: with the product in it, each of several servers counts its own.
+    QString AlsoGroupBy() const;
     /// Conditions for a unit as a whole, whatever runs of it are chosen.
     QString HasRetest() const { return HasRun(QStringLiteral("first = 0")); }
     QString HasRunThatDidNotPass() const { return HasRun(QStringLiteral("code <= 0")); }

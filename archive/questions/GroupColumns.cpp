@@ -1,6 +1,7 @@
 #include "archive/questions/GroupColumns.h"
 
 #include "archive/StartOfRun.h"
+#include "archive/SummaryCell.h"
 
 #include <QtCore/QDate>
 
@@ -109,6 +110,19 @@ QString TextOf(GroupBy by, const QVariant& value)
     default:
         return value.toString();
     }
+}
+
+QString TextOfDay(GroupBy by, qint64 day)
+{
+    if (day == UnreadableDay)
+        return {};
+    if (by == GroupBy::Month)
+        return QDate::fromJulianDay(Julian1970 + day).toString(QStringLiteral("yyyy-MM"));
+    if (by == GroupBy::Week) {
+        const qint64 sinceMonday = day + 3; // 1970 began on a Thursday
+        return TextOf(by, sinceMonday >= 0 ? sinceMonday / 7 : -((6 - sinceMonday) / 7));
+    }
+    return TextOf(by, day);
 }
 
 } // namespace ZYN

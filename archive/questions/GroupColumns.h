@@ -19,5 +19,7 @@ bool NeedsUnit(GroupBy by);
 
 /// How the value of such a column stands in an answer: "2026-11-24 13", "2026-W48"; empty for null.
 QString TextOf(GroupBy by, const QVariant& value);
+/// The same of a day, week or month that a day is of (since 1970, see `DayOf`).
+QString TextOfDay(GroupBy by, qint64 day);
 
 } // namespace ZYN

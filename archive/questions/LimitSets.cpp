@@ -1,6 +1,6 @@
 #include "archive/questions/LimitSets.h"
 
-#include "archive/questions/ArrayReader.h"
+#include "archive/ArrayReader.h"
 #include "archive/questions/ChosenRuns.h"
 
 namespace ZYN {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "archive/questions/LimitSets.h"
+#include "archive/questions/MeasuredItems.h"
 
 #include <cstdint>
 #include <string>
@@ -10,9 +10,7 @@ namespace ZYN {
 
 /// All that was measured of one component under one set of limits, by the order of runs.
 struct MeasuredSeries {
-    QString program, ident, path, name, unit;
-    NumberStyle style; ///< by its last layout
-    Judgement judgement;
+    MeasuredItem item;
 
     std::vector<std::uint32_t> runs; ///< place of the run in the order of runs
     std::vector<double> values;      ///< finite

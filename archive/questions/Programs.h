@@ -16,7 +16,7 @@ public:
     /// The same, and finds out whether the chosen runs are of several programs.
     bool Read(const Archive& archive, const ChosenRuns& runs);
 
-    const QString& NameOf(int layout) const { return m_names.find(layout).value(); }
+    QString NameOf(int layout) const { return m_names.value(layout); }
     /// What stands in front of a group: the program, where the chosen runs are of several.
     AnswerGroup GroupOf(const QString& program) const
     {

@@ -4,8 +4,6 @@
 #include "archive/questions/MeasuredSeries.h"
 #include "archive/questions/Programs.h"
 
-#include <map>
-#include <tuple>
 #include <unordered_map>
 
 namespace ZYN {
@@ -27,34 +25,17 @@ public:
     const Programs& GetPrograms() const { return m_programs; }
 
 private:
-    struct Component {
-        int id = 0;
-        bool isNumber = false;
-        QString ident, path, unit;
-        NumberStyle style;
-    };
-    /// By position: the index of a series, or -1 for what is no measurement of numbers.
-    using SeriesOfLayout = std::vector<int>;
-    using SeriesKey = std::tuple<int, QString, std::optional<double>, std::optional<double>, std::string,
-                                 std::string, bool>;
-
-    bool ReadLayouts();
     bool ReadOrder();
     bool ReadArrays();
     bool ReadRun(const QSqlQuery& row);
-    const SeriesOfLayout* Find(int layout, qint64 limits);
-    int SeriesOf(const Component& component, const QString& program, const Judgement& judgement);
 
     const Archive& m_archive;
     const ChosenRuns m_runs;
     Programs m_programs;
-    LimitSets m_limits;
-    std::unordered_map<int, std::vector<Component>> m_layouts;
+    MeasuredItems m_items;
     std::unordered_map<qint64, std::uint32_t> m_order; // by id
     std::vector<RunPlace> m_places;
-    std::map<SeriesKey, int> m_known;
-    std::map<std::pair<int, qint64>, SeriesOfLayout> m_found;
-    std::vector<MeasuredSeries> m_series;
+    std::vector<MeasuredSeries> m_series; // by the number of the item, while arrays are read
 };
 
 } // namespace ZYN

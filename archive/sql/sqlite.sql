@@ -1,6 +1,6 @@
 -- Tables of an archive in SQLite (3.38 or later: ->>). A statement ends with ";" at the end of a line.
 PRAGMA application_id = 0x5A594E41; -- "ZYNA"
-PRAGMA user_version = 2;
+PRAGMA user_version = 3;
 
 -- Who a run is about. With a serial, ident is '': it plays no part. A unit without both is a unit of its own for each
 -- run: own then tells them apart, else it is ''. A panel's own runs belong to the panel, which is no unit.
@@ -9,7 +9,7 @@ CREATE TABLE unit(
   wafer TEXT NOT NULL, is_panel INTEGER NOT NULL, own TEXT NOT NULL,
   seen_ident TEXT NOT NULL, -- the ident as it was first seen, also beside a serial
   UNIQUE(product, lot, serial, ident, wafer, is_panel, own));
-CREATE INDEX unit_serial ON unit(serial);
+CREATE INDEX unit_serial ON unit(serial, product);
 
 -- One row for each component of a program: ids and names of group, step and measurement; a repeated one gets "#2".
 CREATE TABLE component(
@@ -53,6 +53,9 @@ CREATE TABLE run(
   layout INTEGER NOT NULL REFERENCES layout, limits INTEGER REFERENCES limit_set);
 CREATE INDEX run_unit ON run(unit, program, start, run_index);
 CREATE INDEX run_start ON run(start);
+-- Units are asked for that did not pass at once: few of them.
+CREATE INDEX run_not_passed ON run(unit) WHERE code <= 0;
+CREATE INDEX run_again ON run(unit) WHERE first = 0;
 
 -- The arrays are JSON, by position of the layout: vals in the unit of the component, codes (null: no result), seconds.
 -- texts and comments are JSON objects, position -> text. In texts stands what is no finite number or does not fit a
@@ -74,6 +77,20 @@ CREATE TABLE failure(
   is_first INTEGER NOT NULL, PRIMARY KEY(run, component)) WITHOUT ROWID;
 CREATE INDEX failure_component ON failure(component);
 
+-- Figures of current runs, so that questions about months need not read their values: a row for each day (since 1970, by
+-- the tester's clock; 2147483647 for starts that cannot be read), product, station, layout and set of limits (0: none).
+-- The arrays are JSON, by position of the layout: results (with a number or not), failed, not_numbers (not-a-number,
+-- infinities), and of the finite numbers counts, firsts (the first one), means (less the first one), squares (sum of
+-- squared distances from the mean), mins, maxs; passed_ is of those that passed.
+CREATE TABLE summary(
+  id INTEGER PRIMARY KEY, product TEXT NOT NULL, station TEXT NOT NULL, layout INTEGER NOT NULL REFERENCES layout,
+  limits INTEGER NOT NULL, day INTEGER NOT NULL, runs INTEGER NOT NULL,
+  results TEXT NOT NULL, failed TEXT NOT NULL, not_numbers TEXT NOT NULL, counts TEXT NOT NULL, firsts TEXT NOT NULL,
+  means TEXT NOT NULL, squares TEXT NOT NULL, mins TEXT NOT NULL, maxs TEXT NOT NULL, passed_counts TEXT NOT NULL,
+  passed_firsts TEXT NOT NULL, passed_means TEXT NOT NULL, passed_squares TEXT NOT NULL,
+  UNIQUE(product, station, layout, limits, day));
+CREATE INDEX summary_day ON summary(day);
+
 -- For people and other tools: one row a value.
 CREATE VIEW value AS
   SELECT r.id AS run, nullif(r.start, 9223372036854775807) AS start, v.start_text, u.product, u.lot, u.serial, u.wafer,
@@ -83,3 +100,17 @@ CREATE VIEW value AS
   FROM run r JOIN unit u ON u.id = r.unit JOIN run_values v ON v.run = r.id JOIN layout_item i ON i.layout = r.layout
     JOIN component c ON c.id = i.component LEFT JOIN limit_set s ON s.id = r.limits
   WHERE r.current AND v.codes ->> i.pos IS NOT NULL;
+
+-- For people and other tools: one row for each measurement, day, product, station and set of limits. Sigma is that of a
+-- sample.
+CREATE VIEW measured_day AS
+  SELECT CASE WHEN s.day < 2147483647 THEN date(s.day * 86400, 'unixepoch') END AS day, s.product, s.station,
+    l.program, c.path, c.ident, i.component, i.unit,
+    m.lower ->> i.pos AS lower, m.upper ->> i.pos AS upper,
+    s.results ->> i.pos AS results, s.failed ->> i.pos AS failed, s.counts ->> i.pos AS count,
+    CASE WHEN (s.counts ->> i.pos) > 0 THEN (s.firsts ->> i.pos) + (s.means ->> i.pos) END AS mean,
+    CASE WHEN (s.counts ->> i.pos) > 1 THEN sqrt((s.squares ->> i.pos) / ((s.counts ->> i.pos) - 1)) END AS sigma,
+    s.mins ->> i.pos AS min, s.maxs ->> i.pos AS max
+  FROM summary s JOIN layout l ON l.id = s.layout JOIN layout_item i ON i.layout = s.layout
+    JOIN component c ON c.id = i.component LEFT JOIN limit_set m ON m.id = s.limits
+  WHERE c.kind = 7 AND (s.results ->> i.pos) > 0;

@@ -3,6 +3,7 @@
 #include "SampleRuns.h"
 #include "Server.h"
 #include "archive/Archive.h"
+#include "archive/ArchiveRuns.h"
 #include "archive/Questions.h"
 
 #include <QtSql/QSqlQuery>
@@ -121,6 +122,11 @@ private slots:
             QCOMPARE(Ask(archive,
                          "SELECT path, num, is_first FROM failure f JOIN component c ON c.id = f.component"),
                      QString("Supply / Core / Core voltage|1.05|1"));
+            Archive copy;
+            QVERIFY(copy.Create(folder.filePath(archive.IsPostgreSql() ? "copy.zya" : "other.zya")));
+            AddedRuns counts;
+            QVERIFY(copy.Add(*ArchiveRuns(archive).Next(9), nullptr) && copy.Add({&run, 1}, &counts));
+            QCOMPARE(counts.present, 1);
         }
     }
 
@@ -130,18 +136,22 @@ private slots:
                   late = SampleRuns::Of("A", 4);
         const Run other = SampleRuns::Of("B", 1, -1);
         const TimeBound before{*first.start + 120'000 + 3'600'000, true};
+        const Run old = With(other, [](Run& run) {
+            *run.start -= std::int64_t(100) * 24 * 3600 * 1000;
+            run.startText = "2026-08-15 08:01:00 +01:00";
+        });
         QTemporaryDir folder;
         for (const QString& url : {folder.filePath("line.zya"), Server::NewDatabase()}) {
             Archive archive;
             std::int64_t removed = 0;
-            QVERIFY(archive.Create(url) && archive.Add(Runs{first, retest, other}, nullptr));
+            QVERIFY(archive.Create(url) && archive.Add(Runs{old, first, retest, other}, nullptr));
             QVERIFY2(archive.RemoveBefore(before, &removed), qPrintable(archive.GetErrorText()));
-            QCOMPARE(removed, 2);
+            QCOMPARE(removed, 3);
             QVERIFY(archive.Add({&late, 1}, nullptr));
             QCOMPARE(Ask(archive, runsOfUnits), QString("A|4|1|0|1 A|5|1|0|1"));
             QCOMPARE(Ask(archive, "SELECT (SELECT count(*) FROM unit), (SELECT count(*) FROM failure), "
-                                  "(SELECT count(*) FROM run_values)"),
-                     QString("1|0|2"));
+                                  "(SELECT count(*) FROM run_values), (SELECT sum(count) FROM measured_day)"),
+                     QString("1|0|2|4"));
         }
     }
 
@@ -149,8 +159,11 @@ private slots:
     void queriesOfTheDocument()
     {
         const QString document = Files::Content(ZYN_SOURCE_DIR "/docs/archive.md");
-        QStringList queries = document.split("```sql\n").mid(1);
-        QCOMPARE(queries.size(), 5);
+        const QStringList queries = document.split("```sql\n").mid(1);
+        const QStringList dashboards =
+            QString(Files::Content(ZYN_SOURCE_DIR "/docs/scale.md")).split("```sql\n").mid(1);
+        QCOMPARE(queries.size(), 6);
+        QCOMPARE(dashboards.size(), 5);
         Run other = SampleRuns::Of("B", 4, -1);
         other.station = "ST2";
         const Runs runs{SampleRuns::Of("A", 1, -1), SampleRuns::Of("A", 3), other};
@@ -162,15 +175,25 @@ private slots:
             QStringList answers;
             for (const QString& query : queries)
                 answers += Ask(archive, query.section("```", 0, 0).remove(';'));
+            for (const QString& query : dashboards)
+                if (archive.IsPostgreSql())
+                    answers += Ask(archive, query.section("```", 0, 0).remove(';'));
             QCOMPARE(answers[0], QString("2026-11-23|2|0"));
             QCOMPARE(answers[1], QString("Supply / Core / Core voltage|2"));
             QCOMPARE(answers[2], QString("A|2026-11-23 08:01:00 +01:00|1.05|V|1.1|1.3|-1 "
                                          "A|2026-11-23 08:03:00 +01:00|1.25|V|1.1|1.3|1 "
                                          "B|2026-11-23 08:04:00 +01:00|1.05|V|1.1|1.3|-1"));
-            QCOMPARE(answers[3], QString("ST1|1|1.25|1.25"));
-            QCOMPARE(answers[4], QString("L1|Function|2026-11-23 08:01:00 +01:00|ST1|-1|1|1 "
+            QCOMPARE(answers[3], QString("2026-11-23|ST1|2|1.15|1.1|1.3|1 2026-11-23|ST2|1|1.05|1.1|1.3|1"));
+            QCOMPARE(answers[4], QString("ST1|1|1.25|1.25"));
+            QCOMPARE(answers[5], QString("L1|Function|2026-11-23 08:01:00 +01:00|ST1|-1|1|1 "
                                          "L1|Function|2026-11-23 08:03:00 +01:00|ST1|1|1|0 "
                                          "L1|Function|2026-11-23 08:03:00 +01:00|ST1|1|2|1"));
+            if (archive.IsPostgreSql())
+                QCOMPARE(answers.mid(6),
+                         QStringList(
+                             {"2026-11-23|ST1|1|0|0 2026-11-23|ST2|1|0|0", "Supply / Core / Core voltage|2",
+                              "2026-11-23|3|1.1166666666666665|0.7257359312880715|1.5742640687119285|1.1|1.3",
+                              "", ""}));
         }
     }
 
@@ -256,7 +279,7 @@ private slots:
         }
     }
 
-    // What version 2 changed, undone.
+    // What versions 2 and 3 changed, undone.
     void anOldArchiveIsUpgraded()
     {
         Run run = SampleRuns::Of("A", 1);
@@ -267,8 +290,13 @@ private slots:
             Archive archive;
             QVERIFY(archive.Create(url) && archive.Add({&run, 1}, nullptr));
             const QString type = archive.IsPostgreSql() ? "jsonb" : "TEXT";
+            for (const QString table : {"run", "run_values", "failure"})
+                if (archive.IsPostgreSql())
+                    QCOMPARE(Ask(archive, "ALTER TABLE " + table + " DROP COLUMN product"), QString());
             for (const QString& sql :
-                 {QString("ALTER TABLE run_values DROP COLUMN attributes"),
+                 {QString("DROP VIEW measured_day"), QString("DROP TABLE summary"),
+                  QString("DROP INDEX run_not_passed"), QString("DROP INDEX run_again"),
+                  QString("ALTER TABLE run_values DROP COLUMN attributes"),
                   QString("DROP TABLE attribute_set"), "ALTER TABLE run_values ADD COLUMN attributes " + type,
                   QString("UPDATE run_values SET attributes = '{\"3\":\"DMM1\"}'"),
                   QString(archive.IsPostgreSql() ? "UPDATE archive_meta SET version = 1"
@@ -284,6 +312,9 @@ private slots:
                     "JOIN run_values v ON v.run = r.id JOIN attribute_set s ON s.id = v.attributes "
                     "ORDER BY serial"),
                 QString("A|{\"3\":\"DMM1\"} B|{\"3\":\"DMM1\"}"));
+            QCOMPARE(
+                Ask(archive, "SELECT path, count, mean FROM measured_day WHERE unit = 'V' ORDER BY path"),
+                QString("Supply / Core / Core voltage|2|1.2 Supply / I/O / I/O voltage|2|3"));
         }
     }
 

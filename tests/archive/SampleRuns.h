@@ -71,7 +71,7 @@ inline Run Of(const std::string& serial, int minute, int code = 1)
     run.lot = "L1";
     run.serial = serial;
     run.ident = "DUT";
-    run.start = 1795330800000 + minute * 60000LL - 3600000LL;
+    run.start = 1795417200000 + minute * 60000LL - 3600000LL;
     run.utcOffset = 60;
     run.startText =
         "2026-11-23 08:" + std::string(minute < 10 ? "0" : "") + std::to_string(minute) + ":00 +01:00";

@@ -183,14 +183,13 @@ def corrected(rng, old):
     return new
 
 
-def lot(seed, reports=None):
+def lot(seed, reports=None, base=datetime.datetime(2026, 3, 27, 20, 0, 0)):
     """[(chain, path, report)] in the order of the paths."""
     rng = random.Random(seed)
     trees = [program(rng, number) for number in range(rng.randrange(1, 4))]
     count = reports or rng.choice([4, 15, 40, 60])
     plan = {"products": ["Motor A", "Motor B", ""][:rng.choice([1, 2, 3])], "lots": ["L1", "L2", ""][:rng.choice([1, 2, 3])],
             "serials": rng.choice([6, 30, 90]), "panels": rng.choice([0, 0.5, 1]), "steady": rng.random() < 0.5}
-    base = datetime.datetime(2026, 3, 27, 20, 0, 0)
     unreadable = rng.choice([None, rng.randrange(count)])
     files = []
     for number in range(count):

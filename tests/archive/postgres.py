@@ -87,6 +87,11 @@ class Server:
         return subprocess.run([self.program("psql"), "-XAtq", "-v", "ON_ERROR_STOP=1", "-c", text, self.url(database)],
                               check=True, capture_output=True, text=True).stdout.rstrip("\n")
 
+    def file(self, database, path):
+        """Runs a file of statements."""
+        subprocess.run([self.program("psql"), "-Xq", "-v", "ON_ERROR_STOP=1", "-f", str(path), self.url(database)],
+                       check=True, stdout=subprocess.DEVNULL)
+
     def database(self):
         """URL of a new, empty database."""
         name = "t" + uuid.uuid4().hex[:12]

@@ -194,8 +194,8 @@ class Question:
     @staticmethod
     def before(run, text):
         """Whether a run starts before a time; one without an offset is by the tester's clock."""
-        ms, local = instant(text)
-        return run.start < ms if re.search(r"Z|[+-]\d\d:\d\d$", text) else run.local < local
+        ms, local = instant(text if "T" in text else text + "T00:00:00")
+        return run.start < ms if re.search(r"Z|T.*[+-]\d\d:\d\d$", text) else run.local < local
 
     def unit(self, run):
         return unit_of(run, self.across_lots)
@@ -388,12 +388,13 @@ def drift_of(values, ps, corrected, behind):
     return min(found, default=(None, None))[1]
 
 
-def ask_measure(question, names=(), with_values=False):
+def ask_measure(question, names=(), with_values=False, by=()):
+    """With groups there are figures only."""
     series = {}
     for run in question.chosen:
         for one in run.components:
             if one.kind == "Measurement" and one.type in (7, 8):
-                key = (question.group(run, question.chosen), one.identity, one.type, repr(one.limits and vars(one.limits)))
+                key = (question.group(run, question.chosen, by), one.identity, one.type, repr(one.limits and vars(one.limits)))
                 series.setdefault(key, []).append((run, one))
     rows, tests = [], []
     for (group, *_), members in series.items():
@@ -411,7 +412,7 @@ def ask_measure(question, names=(), with_values=False):
                      sigma=sigma_of(values) if len(values) > 1 else None, min=min(values, default=None),
                      max=max(values, default=None), cpk=cpk_of(values, limits), cpk_passed=cpk_of(passed, limits),
                      failed=sum(c.code < 0 for _, c in members), drift=None,
-                     rules=[{"rule": rule, "since": place(index)} for rule, index in rules_of(values)])
+                     rules=[{"rule": rule, "since": place(index)} for rule, index in rules_of(values) if not by])
         if with_values:
             row["values"] = [{**place(i), "value": values[i], "verdict": VERDICTS[c.code], "code": c.code}
                              for i, (_, c) in enumerate(finite)]
@@ -421,7 +422,7 @@ def ask_measure(question, names=(), with_values=False):
     corrected = holm(tests)
     for index, (row, values, behind, place) in enumerate(rows):
         drift = drift_of(values, *(one[2 * index:2 * index + 2] for one in (tests, corrected)), behind)
-        if drift:
+        if drift and not by:
             row["drift"] = {"kind": drift[0], "p": drift[1], "sigmas": drift[2], "since": place(drift[3])}
     wanted = [row for row, *_ in rows if not names or row["path"] in names or row["ident"] in names or
               row["path"].rsplit(" / ", 1)[-1] in names]

@@ -1,4 +1,5 @@
-"""Folder = SQLite file = PostgreSQL server = the slow reading: random lots are put into each, every answer is compared.
+"""Folder = SQLite file = PostgreSQL server = copy of an archive = the slow reading: random lots are put into each, every
+answer is compared.
 
     same_answers.py ZYN SEEDS [FIRST]    asks about SEEDS lots, from the seed FIRST (1) on
 
@@ -41,7 +42,7 @@ def filters(rng, runs):
             found[option] = getattr(run, option)
     for option in ("since", "until"):
         if rng.random() < 0.15 and run.start < reading.LAST and run.local:
-            found[option] = run.start_text
+            found[option] = rng.choice([run.start_text, run.start_text[:10]])
     return found
 
 
@@ -65,6 +66,8 @@ def questions(rng, runs):
     yield ask("failures", reading.ask_failures, ["--all"], every=True, **everything)
     yield ask("measure", reading.ask_measure, sort=cpk, **everything)
     yield ask("measure", reading.ask_measure, ["--values"], sort=cpk, with_values=True)
+    for by in ("day", *rng.sample(GROUPS, 2)):  # of days there are summaries
+        yield ask("measure", reading.ask_measure, ["--by", by], by=(by,))
     if paths:
         name = rng.choice(paths)
         yield ask("measure", reading.ask_measure, ["--values", "--name", name], with_values=True, names=(name,),
@@ -79,11 +82,15 @@ def questions(rng, runs):
         yield [*before, serial], *rest
 
 
+FIGURES = ("cpk", "cpk_passed", "max", "mean", "min", "sigma")
+
+
 def signature(row):
-    """The same for two rows that are to be compared; figures differ in their last digits."""
-    return json.dumps(row, sort_keys=True, default=str) if not isinstance(row, dict) else \
-        json.dumps([(key, f"{item:.6g}" if isinstance(item, float) else signature(item))
-                    for key, item in sorted(row.items()) if key not in ("drift", "rules", "values")])
+    """The same for two rows that are to be compared; figures differ in their last digits, and so come last."""
+    if isinstance(row, dict):
+        return json.dumps(sorted((key in FIGURES, key, signature(item)) for key, item in row.items()
+                                 if key not in ("drift", "rules", "values")))
+    return f"{row:.6g}" if isinstance(row, (int, float)) else json.dumps(row, default=str)
 
 
 def difference(found, expected, place=""):
@@ -148,6 +155,10 @@ def check(seed, server):
         where = difference(dict(counts), expected)
         if where:
             raise RuntimeError(f"zyn archive add {archive}: {where}")
+    if rng.random() < 0.5:
+        sources.append(server.database())
+        zyn("archive", "create", sources[-1])
+        zyn("archive", "add", sources[-1], file)
     asked = list(questions(rng, runs))
     broken = rng.random() < 0.3
     if broken:  # is named, and the others are answered for

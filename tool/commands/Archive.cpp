@@ -1,4 +1,5 @@
 #include "commands/Command.h"
+#include "loading/ArchiveCopy.h"
 #include "loading/LoadAccount.h"
 #include "questions/TimeArgument.h"
 #include "terminal/Terminal.h"
@@ -10,6 +11,7 @@
 #include <QtCore/QFileInfo>
 #include <QtCore/QLocale>
 #include <QtCore/QTimeZone>
+#include <QtCore/QUrl>
 
 namespace ZYN::Tool {
 
@@ -19,6 +21,7 @@ struct Arguments {
     std::string url;
     std::vector<std::string> inputs;
     std::string before;
+    bool withoutOperator = false;
     bool json = false;
 };
 
@@ -80,8 +83,13 @@ int Add(const Arguments& arguments, const Manners& manners)
     Archive archive;
     if (!archive.Open(*url, Archive::Mode::ReadWrite))
         return Fail(archive.GetErrorText());
+    archive.SetKeepsOperators(!arguments.withoutOperator);
+    const auto isArchive = [](const std::string& input) { return Archive::IsArchive(PathOf(input)); };
+    std::vector<std::string> files = arguments.inputs, archives;
+    std::copy_if(files.begin(), files.end(), std::back_inserter(archives), isArchive);
+    std::erase_if(files, isArchive);
     QList<Problem> problems;
-    const QList<Input> inputs = ExpandInputs(arguments.inputs, RunExtensions(), &problems);
+    const QList<Input> inputs = ExpandInputs(files, RunExtensions(), &problems);
     LoadAccount account(false, manners);
     const auto take = [&](const LoadedInput& loaded) {
         account.Take(loaded);
@@ -91,6 +99,13 @@ int Add(const Arguments& arguments, const Manners& manners)
     for (const Problem& problem : problems) {
         const Input input{problem.file, problem.file, {}};
         take({.input = &input, .problem = problem});
+    }
+    for (const std::string& source : archives) {
+        const QString address = PathOf(source);
+        // A password is refused, and not shown either.
+        const QString name = QFileInfo::exists(address) ? address : QUrl(address).toDisplayString();
+        const Input input{address, name, {}};
+        take(CopyArchive(archive, input));
     }
     const std::optional<Problem> failure = LoadRuns(archive, inputs, !manners.quiet, take);
     account.Close();
@@ -217,12 +232,17 @@ Command ArchiveCommand(CommandLine& zyn, const Manners& manners)
         {"zyn archive create line.zya", "zyn archive create postgresql://zyn@server/results"});
     CommandLine add =
         AddCommand(archive, "add", Texts::tr("Put the runs of reports into an archive"), arguments);
-    add.Inputs("INPUT", arguments->inputs, Texts::tr("Reports, STDF lots, folders of them, or - for standard input"));
+    add.Inputs("INPUT", arguments->inputs,
+               Texts::tr("Reports, STDF lots, folders of them, - for standard input, or other archives"));
+    add.Flag("--without-operator", arguments->withoutOperator,
+             Texts::tr("Do not keep the names of those who tested"));
     add.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object an input and line"));
     add.Footer(
         Texts::tr("What is there already is not added again. Of a run that is there with another content\n"
                   "the later one counts; the other is kept."),
-        {"zyn archive add line.zya monday/ tuesday/", "zyn archive add line.zya --json lot/ | jq .error"});
+        {"zyn archive add line.zya monday/ tuesday/",
+         "zyn archive add postgresql://zyn@server/results line.zya",
+         "zyn archive add line.zya --json lot/ | jq .error"});
     CommandLine info = AddCommand(archive, "info", Texts::tr("Say what an archive holds"), arguments);
     info.Flag("--json", arguments->json, Texts::tr("For programs: one JSON object"));
     info.Footer({}, {"zyn archive info line.zya"});

@@ -1,4 +1,5 @@
 #include "commands/Command.h"
+#include "questions/GroupArgument.h"
 #include "questions/MeasureDetail.h"
 #include "questions/MeasureList.h"
 #include "questions/Nearest.h"
@@ -15,6 +16,7 @@ namespace {
 struct Arguments {
     QuestionOptions options{"measure"};
     std::vector<std::string> names;
+    GroupArgument by;
     bool values = false;
 };
 
@@ -134,7 +136,12 @@ int Run(const Arguments& arguments, const Manners& manners)
     MeasureOptions wanted;
     for (const std::string& name : arguments.names)
         wanted.names.append(QString::fromStdString(name));
-    const bool isDetailed = !wanted.names.isEmpty() || arguments.values;
+    if (const std::optional<int> code = arguments.by.Check(arguments.options, &wanted.by))
+        return *code;
+    if (!wanted.by.empty() && arguments.values)
+        return arguments.options.WrongValue(Texts::tr("--by and --values exclude each other"),
+                                            Texts::tr("choose one of them"));
+    const bool isDetailed = wanted.by.empty() && (!wanted.names.isEmpty() || arguments.values);
     wanted.values = arguments.values || (isDetailed && arguments.options.IsForPeople());
     return arguments.options.Run(filter, true, manners, [&](const QuestionOptions::Asked& asked) {
         const std::optional<std::vector<MeasureRow>> rows = AskMeasures(asked.archive, asked.filter, wanted);
@@ -174,13 +181,17 @@ Command MeasureCommand(CommandLine& zyn, const Manners& manners)
             Texts::tr("Name, ident or path of measurements that are shown with histogram and limits; may be "
                       "given several times"))
         .Named(Texts::tr("NAME"));
+    arguments->by.Describe(measure);
     measure.Flag("--values", arguments->values, Texts::tr("With every value"));
     measure.Footer(
         Texts::tr(
             "Without a name all measurements are listed, the lowest CPK first. A drift is a trend or a step\n"
             "that is significant at 1 % after a correction for all measurements of the question, and at\n"
-            "least half a sigma; rules (Nelson, 1984) only mark points."),
+            "least half a sigma; rules (Nelson, 1984) only mark points. With --by there are figures only; "
+            "an\n"
+            "archive keeps those of days, which are answered without reading the values again."),
         {"zyn measure lot/", "zyn measure line.zya --name \"Supply 3V3\" --station T3",
+         "zyn measure line.zya --name \"Supply 3V3\" --by day,station",
          "zyn measure line.zya --name MEAS-7 --values -o values.csv"});
     return {measure, [=, &manners] { return Run(*arguments, manners); }, {}};
 }

@@ -1,5 +1,6 @@
 #include "commands/Command.h"
 #include "questions/FigureText.h"
+#include "questions/GroupArgument.h"
 #include "questions/QuestionOptions.h"
 #include "terminal/Blocks.h"
 #include "terminal/Table.h"
@@ -13,26 +14,8 @@ constexpr int BarColumns = 12;
 
 struct Arguments {
     QuestionOptions options{"yield"};
-    std::vector<std::string> by;
+    GroupArgument by;
 };
-
-std::optional<int> CheckGroups(const Arguments& arguments, std::vector<GroupBy>* by)
-{
-    const QStringList known = GroupNames();
-    for (const std::string& text : arguments.by) {
-        for (const QString& part : QString::fromStdString(text).split(QLatin1Char(','), Qt::SkipEmptyParts)) {
-            const QString name = part.trimmed().toLower();
-            const qsizetype index = known.indexOf(name);
-            if (index < 0)
-                return arguments.options.WrongValue(
-                    Texts::tr("--by: there are no groups by '%1'").arg(name),
-                    Texts::tr("choose of %1").arg(known.join(QLatin1String(", "))));
-            if (std::find(by->begin(), by->end(), GroupBy(index)) == by->end())
-                by->push_back(GroupBy(index));
-        }
-    }
-    return std::nullopt;
-}
 
 AnswerRow AnswerOf(const YieldRow& row)
 {
@@ -100,7 +83,7 @@ int Run(const Arguments& arguments, const Manners& manners)
     std::vector<GroupBy> by;
     if (const std::optional<int> code = arguments.options.Check(&filter))
         return *code;
-    if (const std::optional<int> code = CheckGroups(arguments, &by))
+    if (const std::optional<int> code = arguments.by.Check(arguments.options, &by))
         return *code;
     return arguments.options.Run(filter, false, manners, [&](const QuestionOptions::Asked& asked) {
         const std::optional<std::vector<YieldRow>> rows = AskYield(asked.archive, asked.filter, by);
@@ -121,11 +104,7 @@ Command YieldCommand(CommandLine& zyn, const Manners& manners)
         zyn.Subcommand("yield", Texts::tr("Tell how many units passed, and how many at once"));
     const auto arguments = std::make_shared<Arguments>();
     arguments->options.Describe(yield);
-    yield
-        .Values("--by", arguments->by,
-                Texts::tr("A line for each %1; several, also separated by commas")
-                    .arg(GroupNames().join(QLatin1String(", "))))
-        .Named(Texts::tr("GROUP"));
+    arguments->by.Describe(yield);
     yield.Footer(
         Texts::tr(
             "A unit passed when its last run did, and at once when its first run did. Times are in their\n"

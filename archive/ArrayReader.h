@@ -5,6 +5,7 @@
 #include <cmath>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace ZYN {
@@ -46,6 +47,9 @@ std::vector<double> NumbersOf(const QByteArray& array);
 std::vector<std::string> TextsOf(const QByteArray& array);
 /// Of "1" and "0", or "t" and "f".
 std::vector<bool> FlagsOf(const QByteArray& array);
+
+/// Of a text that is a finite number and nothing else; none for others.
+std::optional<double> NumberOfText(std::string_view text);
 
 /// Texts by position, from a JSON object {"3":"nan"}; those that are numbers: NaN for others.
 std::vector<std::pair<int, double>> NumbersByPosition(const QByteArray& object);

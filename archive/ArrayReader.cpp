@@ -1,4 +1,4 @@
-#include "archive/questions/ArrayReader.h"
+#include "archive/ArrayReader.h"
 
 #include <QtCore/QJsonDocument>
 #include <QtCore/QJsonObject>
@@ -87,18 +87,23 @@ std::vector<bool> FlagsOf(const QByteArray& array)
     return flags;
 }
 
+std::optional<double> NumberOfText(std::string_view text)
+{
+    double number = 0;
+    const std::from_chars_result read = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool isNumber =
+        read.ec == std::errc() && read.ptr == text.data() + text.size() && std::isfinite(number);
+    return isNumber ? std::optional(number) : std::nullopt;
+}
+
 std::vector<std::pair<int, double>> NumbersByPosition(const QByteArray& object)
 {
     std::vector<std::pair<int, double>> numbers;
     const QJsonObject texts = QJsonDocument::fromJson(object).object();
     for (auto text = texts.begin(); text != texts.end(); ++text) {
         const QByteArray digits = text.value().toString().toLatin1();
-        double number = std::numeric_limits<double>::quiet_NaN();
-        const auto end = digits.constData() + digits.size();
-        const std::from_chars_result read = std::from_chars(digits.constData(), end, number);
-        const bool isNumber = read.ec == std::errc() && read.ptr == end && std::isfinite(number);
-        numbers.emplace_back(text.key().toInt(),
-                             isNumber ? number : std::numeric_limits<double>::quiet_NaN());
+        const std::optional<double> number = NumberOfText({digits.constData(), std::size_t(digits.size())});
+        numbers.emplace_back(text.key().toInt(), number.value_or(std::numeric_limits<double>::quiet_NaN()));
     }
     return numbers;
 }

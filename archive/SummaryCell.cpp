@@ -1,0 +1,175 @@
+#include "archive/SummaryCell.h"
+
+#include "archive/ArrayReader.h"
+#include "archive/StartOfRun.h"
+
+#include <algorithm>
+#include <array>
+
+namespace ZYN {
+
+namespace {
+
+using Figures::MeasuredFigures;
+using Figures::Moments;
+
+constexpr std::int64_t Minute = 60'000;
+
+constexpr std::size_t Columns = 13;
+using Row = std::array<double, Columns>; // in the order of the columns
+
+Row RowOf(const MeasuredFigures& figures)
+{
+    const Moments::State& all = figures.all.GetState();
+    const Moments::State& passed = figures.passed.GetState();
+    return {double(figures.results),
+            double(figures.failed),
+            double(figures.notNumbers),
+            double(all.count),
+            all.first,
+            all.mean,
+            all.squares,
+            all.min,
+            all.max,
+            double(passed.count),
+            passed.first,
+            passed.mean,
+            passed.squares};
+}
+
+MeasuredFigures FiguresOf(const Row& row)
+{
+    const auto whole = [&](std::size_t column) { return std::int64_t(row[column]); };
+    MeasuredFigures figures;
+    figures.results = whole(0);
+    figures.failed = whole(1);
+    figures.notNumbers = whole(2);
+    if (row[3] > 0)
+        figures.all = Moments({whole(3), row[4], row[5], row[6], row[7], row[8]});
+    // The extremes of those that passed are asked by nobody.
+    if (row[9] > 0)
+        figures.passed = Moments({whole(9), row[10], row[11], row[12], row[7], row[8]});
+    return figures;
+}
+
+double NumberIn(const std::string& text)
+{
+    const std::optional<double> number = NumberOfText(text);
+    return number ? *number : std::numeric_limits<double>::quiet_NaN();
+}
+
+} // namespace
+
+qint64 DayOf(std::int64_t start, const std::optional<int>& utcOffset)
+{
+    if (start == UnreadableStart)
+        return UnreadableDay;
+    constexpr std::int64_t before = 20'000'000; // days; divisions round towards 0
+    return (start + utcOffset.value_or(0) * Minute + before * MillisecondsOfDay) / MillisecondsOfDay - before;
+}
+
+MeasuredFigures& SummaryCell::At(std::size_t position)
+{
+    if (figures.size() <= position)
+        figures.resize(position + 1);
+    return figures[position];
+}
+
+void SummaryCell::Add(const Run& run)
+{
+    ++runs;
+    auto text = run.texts.begin();
+    for (std::size_t position = 0; position < run.codes.size(); ++position) {
+        if (run.codes[position] == Run::NoCode)
+            continue;
+        MeasuredFigures& item = At(position);
+        double number = run.values[position];
+        if (std::isnan(number)) {
+            text =
+                std::find_if(text, run.texts.end(), [&](const auto& one) { return one.first >= position; });
+            if (text != run.texts.end() && text->first == position) {
+                number = NumberIn(text->second);
+                item.notNumbers += std::isnan(number);
+            }
+        }
+        item.Add(number, run.codes[position]);
+    }
+}
+
+void SummaryCell::AddKept(const QByteArray& values, const QByteArray& codes, const QByteArray& texts)
+{
+    ++runs;
+    const std::vector<std::pair<int, double>> numbers =
+        texts.isEmpty() ? std::vector<std::pair<int, double>>() : NumbersByPosition(texts);
+    ArrayReader value(values), code(codes);
+    for (std::size_t position = 0; !code.IsAtEnd() && !value.IsAtEnd(); ++position) {
+        const std::optional<int> verdict = code.Integer();
+        double number = value.Number();
+        if (!verdict)
+            continue;
+        MeasuredFigures& item = At(position);
+        const auto text = std::find_if(numbers.begin(), numbers.end(),
+                                       [&](const auto& one) { return std::size_t(one.first) == position; });
+        if (std::isnan(number) && text != numbers.end()) {
+            number = text->second;
+            item.notNumbers += std::isnan(number);
+        }
+        item.Add(number, *verdict);
+    }
+}
+
+void SummaryCell::Merge(const SummaryCell& other)
+{
+    runs += other.runs;
+    for (std::size_t position = 0; position < other.figures.size(); ++position)
+        At(position).Merge(other.figures[position]);
+}
+
+const QStringList& SummaryColumns()
+{
+    static const QStringList names{
+        QStringLiteral("results"),       QStringLiteral("failed"),        QStringLiteral("not_numbers"),
+        QStringLiteral("counts"),        QStringLiteral("firsts"),        QStringLiteral("means"),
+        QStringLiteral("squares"),       QStringLiteral("mins"),          QStringLiteral("maxs"),
+        QStringLiteral("passed_counts"), QStringLiteral("passed_firsts"), QStringLiteral("passed_means"),
+        QStringLiteral("passed_squares")};
+    return names;
+}
+
+QVariantList ArraysOfSummary(const SummaryCell& cell, ArrayStyle style)
+{
+    std::array<std::vector<double>, Columns> columns;
+    for (const MeasuredFigures& figures : cell.figures) {
+        const Row row = RowOf(figures);
+        for (std::size_t column = 0; column < Columns; ++column)
+            columns[column].push_back(row[column]);
+    }
+    QVariantList arrays;
+    for (const std::vector<double>& column : columns)
+        arrays.append(ArrayOf(column, style));
+    return arrays;
+}
+
+std::vector<MeasuredFigures> FiguresOfSummary(const QList<QByteArray>& arrays,
+                                              const std::vector<bool>& positions)
+{
+    std::vector<ArrayReader> readers;
+    for (const QByteArray& array : arrays)
+        readers.emplace_back(array);
+    std::vector<MeasuredFigures> figures;
+    while (!readers.front().IsAtEnd()) {
+        const bool isWanted =
+            positions.empty() || (figures.size() < positions.size() && positions[figures.size()]);
+        Row row{};
+        for (std::size_t column = 0; column < Columns; ++column) {
+            if (isWanted)
+                row[column] = readers[column].Number();
+            else
+                readers[column].Skip();
+        }
+        figures.push_back(isWanted ? FiguresOf(row) : MeasuredFigures());
+    }
+    return figures;
+}
+
+} // namespace ZYN

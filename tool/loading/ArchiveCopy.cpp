@@ -1,0 +1,39 @@
+#include "loading/ArchiveCopy.h"
+
+#include "archive/ArchiveRuns.h"
+
+namespace ZYN::Tool {
+
+namespace {
+
+constexpr std::size_t RunsOfBatch = 100;
+
+} // namespace
+
+LoadedInput CopyArchive(Archive& archive, const Input& source)
+{
+    LoadedInput loaded{.input = &source};
+    Archive from;
+    const auto fail = [&](const Archive& at) {
+        loaded.problem = Problem{{}, 0, at.GetErrorText(), {}};
+        return loaded;
+    };
+    if (!from.Open(source.path, Archive::Mode::ReadOnly))
+        return fail(from);
+    ArchiveRuns runs(from);
+    for (;;) {
+        const std::optional<std::vector<Run>> batch = runs.Next(RunsOfBatch);
+        if (!batch)
+            return fail(from);
+        if (batch->empty())
+            return loaded;
+        AddedRuns counts;
+        if (!archive.Add(*batch, &counts))
+            return fail(archive);
+        loaded.added += counts.added;
+        loaded.present += counts.present;
+        loaded.revised += counts.revised;
+    }
+}
+
+} // namespace ZYN::Tool

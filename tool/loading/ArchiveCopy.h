@@ -1,0 +1,11 @@
+#pragma once
+
+#include "loading/RunLoader.h"
+
+namespace ZYN::Tool {
+
+/// Puts the runs of an archive into another one. \param source file or server \return what became of them;
+/// with a problem those before it are there
+LoadedInput CopyArchive(Archive& archive, const Input& source);
+
+} // namespace ZYN::Tool
