@@ -51,7 +51,8 @@ public:
             const MeasureRow& b = other.row;
             if (a.cpk != b.cpk)
                 return a.cpk && (!b.cpk || *a.cpk < *b.cpk);
-            return std::tie(a.path, a.group) < std::tie(b.path, b.group);
+            return std::tie(a.path, a.group, a.ident, a.lower, a.upper) <
+                   std::tie(b.path, b.group, b.ident, b.lower, b.upper);
         });
         return rows;
     }
