@@ -71,8 +71,8 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
         Require(!record.type || record.values.size() <= qsizetype(record.type->fields.size()),
                 "a record has no more values than fields");
         end += headerSize + raw.body.size();
-        RequireJson(Stdf::ToJsonLine(raw, record));
-        checker.Take(raw, record);
+        RequireJson(Stdf::ToJsonLine(raw, reader.IsBigEndian()));
+        checker.Take(raw, reader.IsBigEndian());
         all.Take(raw, record);
         failed.Take(raw, record);
     }

@@ -73,6 +73,7 @@ void StdfPart::Build(const StdfTests& tests, RunBuilder& builder) const
         item.name = component.name;
         item.dataType = test.kind == StdfKinds::Ftr ? textValue : realNumber;
         item.unit = test.unit.text;
+        item.unitCode = test.unit.code;
         item.factor = test.unit.factor;
         item.code = value.code;
         if (value.hasNumber) {

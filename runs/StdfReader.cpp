@@ -39,7 +39,8 @@ StdfReader::StdfReader(RunBuilder& builder, OpenBytes open, std::string source, 
     , m_open(std::move(open))
     , m_source(std::move(source))
     , m_take(take)
-    , m_tests([this](std::uint32_t number) { return NameOfTest(number); })
+    , m_tests(StdfTests::Outlook{.nameOf = [this](std::uint32_t number) { return NameOfTest(number); },
+                                 .mayExceed = [this](const std::string& text) { return MayExceedLow(text); }})
 {
 }
 
@@ -322,18 +323,24 @@ void StdfReader::EndStream()
     m_valuesOpen = 0;
 }
 
+/// Reads the file once more, from its beginning.
+void StdfReader::ForEachRecord(const std::function<void(const StdfRecord&, StdfFields)>& take) const
+{
+    ByteSource bytes;
+    m_open(bytes);
+    StdfRecords records(bytes);
+    for (StdfRecord record; records.Next(&record) == StdfRecords::Answer::Record;)
+        take(record, StdfFields(record.body, records.IsBigEndian()));
+}
+
 /// Testers write these behind the parts, so they are looked for when the first test without a text comes.
 std::string StdfReader::NameOfTest(std::uint32_t number)
 {
     if (!m_testNames) {
         m_testNames.emplace();
-        ByteSource bytes;
-        m_open(bytes);
-        StdfRecords records(bytes);
-        for (StdfRecord record; records.Next(&record) == StdfRecords::Answer::Record;) {
+        ForEachRecord([&](const StdfRecord& record, StdfFields fields) {
             if (record.kind != StdfKinds::Tsr || m_testNames->size() >= mostNames)
-                continue;
-            StdfFields fields(record.body, records.IsBigEndian());
+                return;
             fields.Bytes(3); // HEAD_NUM, SITE_NUM, TEST_TYP
             const std::uint32_t of = fields.U4();
             fields.Bytes(12); // counts
@@ -342,10 +349,33 @@ std::string StdfReader::NameOfTest(std::uint32_t number)
             const std::string label = StdfText(fields.Cn());
             if (!name.empty() || !label.empty())
                 m_testNames->try_emplace(of, name.empty() ? label : name);
-        }
+        });
     }
     const auto known = m_testNames->find(number);
     return known == m_testNames->end() ? std::string() : known->second;
+}
+
+/// The record of a test says which of its limits it keeps, but not whether it may be above its only one.
+bool StdfReader::MayExceedLow(const std::string& text)
+{
+    if (!m_exceeding) {
+        m_exceeding.emplace();
+        ForEachRecord([&](const StdfRecord& record, StdfFields fields) {
+            constexpr int belowLow = 1 << 4, noHigh = 1 << 7;
+            if (record.kind != StdfKinds::Ptr || m_exceeding->size() >= mostNames)
+                return;
+            fields.Bytes(7); // TEST_NUM, HEAD_NUM, SITE_NUM, TEST_FLG
+            const int parameterFlags = fields.U1();
+            const float value = fields.R4();
+            const std::string_view of = fields.Cn();
+            fields.Cn(); // ALARM_ID
+            const bool hasHigh = !(fields.U1() & noHigh);
+            fields.Bytes(3); // scales
+            if (!hasHigh && !(parameterFlags & belowLow) && value > fields.R4() && !m_exceeding->contains(of))
+                m_exceeding->emplace(of);
+        });
+    }
+    return m_exceeding->contains(text);
 }
 
 } // namespace ZYN

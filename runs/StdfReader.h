@@ -8,6 +8,7 @@
 #include "runs/StdfRuns.h"
 
 #include <map>
+#include <set>
 
 namespace ZYN {
 
@@ -50,7 +51,9 @@ private:
 
     void Note(Fault fault, std::int64_t offset);
     std::optional<RunFault> Result(const ByteSource& bytes) const;
+    void ForEachRecord(const std::function<void(const StdfRecord&, StdfFields)>& take) const;
     std::string NameOfTest(std::uint32_t number);
+    bool MayExceedLow(const std::string& text);
 
     RunBuilder& m_builder;
     OpenBytes m_open;
@@ -71,6 +74,8 @@ private:
     int m_ordinal = 0; ///< of the next PRR
     std::map<std::pair<bool, int>, StdfBin> m_bins;
     std::optional<std::map<std::uint32_t, std::string>> m_testNames; ///< of TSRs, once they are needed
+    std::optional<std::set<std::string, std::less<>>>
+        m_exceeding; ///< tests of own lots, once they are needed
     Found m_found[faultCount];
     std::string m_tornName; ///< of the first torn record
     std::optional<RunFault> m_refused;

@@ -44,10 +44,18 @@ bool IsLimit(const std::optional<float>& limit)
     return limit && std::isfinite(*limit);
 }
 
-/// Units that this project writes in ASCII.
-std::string OwnUnit(const std::string& text)
+/// A unit of this project's own lots, which has it in ASCII.
+StdfUnit OwnUnit(std::string_view latin1, int scale)
 {
-    return text == "Ohm" ? "\u03A9" : text == "degC" ? "\u00B0C" : text;
+    constexpr int hexadecimal = 25, binary = 26; // codes of units
+    StdfUnit unit{StdfText(latin1), -scale, -scale, 0};
+    if (unit.text == "Ohm")
+        unit.text = "\u03A9";
+    else if (unit.text == "degC")
+        unit.text = "\u00B0C";
+    else
+        unit.code = unit.text == "hex" ? hexadecimal : unit.text == "bin" ? binary : 0;
+    return unit;
 }
 
 /// Exact powers of ten end at 22.
@@ -63,8 +71,8 @@ double Moved(double number, int power)
 
 } // namespace
 
-StdfTests::StdfTests(std::function<std::string(std::uint32_t)> nameOf)
-    : m_nameOf(std::move(nameOf))
+StdfTests::StdfTests(Outlook outlook)
+    : m_outlook(std::move(outlook))
 {
 }
 
@@ -124,7 +132,7 @@ double StdfTests::InBaseUnit(float number, int power) const
 {
     if (!m_isOwn)
         return power == 0 ? double(number) : Moved(double(number), power);
-    // The number that was written is the decimal nearest to this one that gives the same record again.
+    // The number that was written is the shortest decimal near this one that gives the same record again.
     if (!std::isfinite(number))
         return double(number);
     const auto multiplier = float(std::pow(0.1, power));
@@ -137,7 +145,7 @@ double StdfTests::InBaseUnit(float number, int power) const
     const auto single = float(nearest);
     for (const float candidate : {single, std::nextafter(single, 0.0F), std::nextafter(single, 2 * single)}) {
         if (candidate * multiplier == number)
-            return candidate == single ? nearest : decimal(candidate, 0);
+            return decimal(candidate, 0);
     }
     return nearest;
 }
@@ -149,6 +157,8 @@ RunItemLimits StdfTests::LimitsOf(const StdfTest& test, std::optional<float> low
     if (IsLimit(low)) {
         limits.lower = InBaseUnit(*low, power);
         limits.lowerOperator = test.isLowGood ? "<=" : "<";
+        if (m_isOwn && !IsLimit(high) && !m_outlook.mayExceed(test.text))
+            limits.lowerOperator = "=";
     }
     if (IsLimit(high)) {
         limits.upper = InBaseUnit(*high, power);
@@ -194,7 +204,7 @@ StdfReading StdfTests::Read(std::uint32_t index, const StdfSettings& given, int 
     const std::string_view pins = given.pins.empty() ? std::string_view(test->pins) : given.pins;
     StdfUnit unit = test->unit;
     if (isNew || rawUnit != test->rawUnit || scale != test->scale) {
-        unit = m_isOwn ? StdfUnit{OwnUnit(StdfText(rawUnit)), -scale, -scale} : ReadStdfUnit(rawUnit, scale);
+        unit = m_isOwn ? OwnUnit(rawUnit, scale) : ReadStdfUnit(rawUnit, scale);
     }
     const std::optional<float> low = Limit(given.low, test->low, flags, noLow, lowFromFirst);
     const std::optional<float> high = Limit(given.high, test->high, flags, noHigh, highFromFirst);
@@ -223,7 +233,7 @@ std::string StdfTests::NameOf(const StdfTest& test) const
 {
     std::string name = StdfText(test.text);
     if (name.empty())
-        name = m_nameOf(test.number);
+        name = m_outlook.nameOf(test.number);
     return name.empty() ? std::to_string(test.number) : name;
 }
 

@@ -69,8 +69,15 @@ public:
     /// A small compressed file could hold any number.
     static constexpr std::size_t MostComponents = 200'000;
 
-    /// \param nameOf name of a test without text, by its number; may be empty
-    explicit StdfTests(std::function<std::string(std::uint32_t)> nameOf);
+    /// What only the whole file tells.
+    struct Outlook {
+        std::function<std::string(std::uint32_t)>
+            nameOf; ///< of a test without text, by its number; may be empty
+        /// Of this project's own lots: whether a value above a test's only limit, the low one, passed; else
+        /// the limit is what the value has to be equal to. By the test's text.
+        std::function<bool(const std::string&)> mayExceed;
+    };
+    explicit StdfTests(Outlook outlook);
 
     /// Forgets everything, for the next stream of a file.
     /// \param isOwn whether it is a lot of this project, whose numbers are scaled and whose texts are made of
@@ -107,7 +114,7 @@ private:
     std::string PinName(const StdfTest& test, int pin) const;
     static void TakeApart(std::string_view text, StdfComponent* component);
 
-    std::function<std::string(std::uint32_t)> m_nameOf;
+    Outlook m_outlook;
     bool m_isOwn = false;
     std::vector<StdfTest> m_tests;
     std::vector<StdfComponent> m_components;

@@ -64,16 +64,16 @@ std::string StdfText(std::string_view latin1)
 
 StdfUnit ReadStdfUnit(std::string_view text, int scale)
 {
-    StdfUnit unit{StdfText(text), 0, -scale};
+    StdfUnit unit{StdfText(text), 0, -scale, 0};
     if (unit.text == "%" && scale == 2)
-        return {unit.text, 2, 0};
+        return {unit.text, 2, 0, 0};
     const std::string_view whole = unit.text;
     for (const Prefix& prefix : prefixes) {
         if (!whole.starts_with(prefix.text) || !Fits(prefix, whole.substr(prefix.text.size())))
             continue;
         std::string rest(whole.substr(prefix.text.size()));
         const bool isOfScale = scale != 0 && prefix.power == -scale;
-        return {std::move(rest), isOfScale ? 0 : prefix.power, prefix.power};
+        return {std::move(rest), isOfScale ? 0 : prefix.power, prefix.power, 0};
     }
     return unit;
 }

@@ -10,6 +10,7 @@ struct StdfUnit {
     std::string text; ///< without prefix, UTF-8
     int power = 0;    ///< of ten, that the file's number is to be multiplied with: -3 for "mV"
     int factor = 0;   ///< of the prefix that people see the number with
+    int code = 0;     ///< of units that say how numbers are written; else 0
 };
 
 /// Takes the prefix off a unit that is one of the known ones with a prefix. Any other one stays as it is, as

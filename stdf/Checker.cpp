@@ -1,5 +1,6 @@
 #include "Checker.h"
 
+#include "FieldWalk.h"
 #include "Texts.h"
 
 namespace ZYN::Stdf {
@@ -20,6 +21,27 @@ QString Place(uint head, uint site)
 {
     return Texts::tr("head %1, site %2").arg(QString::number(head), QString::number(site));
 }
+
+/// Tells whether a record's texts go beyond ASCII; all else is passed over.
+struct AsciiSink {
+    bool isBeyondAscii = false;
+
+    void Begin(const FieldType&) {}
+    void Drop() {}
+    void BeginArray() {}
+    void EndArray() {}
+    void Unsigned(uint) {}
+    void Signed(int) {}
+    void Real(double) {}
+    void Text(QByteArrayView text)
+    {
+        for (const char c : text)
+            isBeyondAscii |= static_cast<signed char>(c) < 0;
+    }
+    void Bytes(QByteArrayView) {}
+    void Bits(const char*, int) {}
+    void Nothing() {}
+};
 
 } // namespace
 
@@ -63,10 +85,31 @@ void Checker::TakeTexts(const Record& record)
                                      record.Text(field->name))};
 }
 
-void Checker::Take(const RawRecord& raw, const Record& record)
+// Most records are tests with nothing odd about them. \return whether this is one; else nothing was taken
+bool Checker::TakeGoodTest(const RawRecord& raw, bool isBigEndian)
 {
-    if (TakeZeros(raw))
+    constexpr quint8 tests = 15;
+    constexpr qsizetype headAt = 4, siteAt = 5;
+    const RecordType* const type =
+        raw.type == tests && expected == Expected::Anything ? FindRecordType(raw.type, raw.subType) : nullptr;
+    if (!type)
+        return false;
+    AsciiSink sink;
+    if (WalkFields(*type, raw.body, isBigEndian, sink).kind != LengthFault::None || sink.isBeyondAscii)
+        return false;
+    const auto part =
+        openParts.find({static_cast<quint8>(raw.body[headAt]), static_cast<quint8>(raw.body[siteAt])});
+    if (part == openParts.end())
+        return false;
+    ++part->tests;
+    return true;
+}
+
+void Checker::Take(const RawRecord& raw, bool isBigEndian)
+{
+    if (TakeZeros(raw) || TakeGoodTest(raw, isBigEndian))
         return;
+    const Record record = Decode(raw, isBigEndian);
     TakeTexts(record);
     if (record.Is("FAR")) {
         TakeFar(raw, record);

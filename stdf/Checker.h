@@ -19,8 +19,8 @@ struct Finding {
 /// an interrupted lot file does: each is judged on its own.
 class Checker {
 public:
-    /// Takes the records in file order. `raw` and `record` are the same record.
-    void Take(const RawRecord& raw, const Record& record);
+    /// Takes the records in file order.
+    void Take(const RawRecord& raw, bool isBigEndian);
     /// Ends the file.
     /// \param reader what the records came from: its fault is a finding
     void Finish(const Reader& reader);
@@ -47,6 +47,7 @@ private:
     using Bin = std::pair<HeadAndSite, uint>;
 
     bool TakeZeros(const RawRecord& raw);
+    bool TakeGoodTest(const RawRecord& raw, bool isBigEndian);
     void TakeTexts(const Record& record);
     void TakeFar(const RawRecord& raw, const Record& record);
     void TakeInOrder(const Record& record);

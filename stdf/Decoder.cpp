@@ -1,178 +1,74 @@
 #include "Decoder.h"
 
+#include "FieldWalk.h"
 #include "Texts.h"
 
-#include <QtCore/QtEndian>
-
 #include <algorithm>
-#include <bit>
 #include <cstring>
 
 namespace ZYN::Stdf {
 
 namespace {
 
-/// Takes values from a record's body. After the first value that does not fit nothing more is taken.
-class Cursor {
+/// Makes a `QVariant` of each value.
+class VariantSink {
 public:
-    Cursor(const QByteArray& body, bool bigEndian)
-        : bytes(body)
-        , big(bigEndian)
+    explicit VariantSink(QVariantList& list)
+        : values(list)
     {
     }
 
-    bool AtEnd() const { return at >= bytes.size(); }
-    bool Failed() const { return failed; }
-    qsizetype Left() const { return bytes.size() - at; }
-
-    template <class Number>
-    Number Take()
+    void Begin(const FieldType&) { before = values.size(); }
+    void Drop()
     {
-        const char* const data = Bytes(sizeof(Number));
-        if (!data)
-            return {};
-        return big ? qFromBigEndian<Number>(data) : qFromLittleEndian<Number>(data);
+        inArray = false;
+        values.resize(before);
     }
-
-    const char* Bytes(qsizetype count)
+    void BeginArray()
     {
-        if (failed || count > Left()) {
-            failed = true;
-            return nullptr;
-        }
-        at += count;
-        return bytes.constData() + at - count;
+        inArray = true;
+        array.clear();
     }
+    void EndArray()
+    {
+        inArray = false;
+        Add(array);
+    }
+    void Unsigned(uint number) { Add(number); }
+    void Signed(int number) { Add(number); }
+    void Real(float number) { Add(number); }
+    void Real(double number) { Add(number); }
+    void Text(QByteArrayView text) { Add(QString::fromLatin1(text)); }
+    void Bytes(QByteArrayView bytes) { Add(bytes.toByteArray()); }
+    void Bits(const char* data, int count)
+    {
+        QString bits(count, u'0');
+        for (int bit = 0; bit < count; ++bit)
+            if ((data[bit / 8] >> (bit % 8) & 1) != 0)
+                bits[bit] = u'1';
+        Add(bits);
+    }
+    void Nothing() { Add({}); }
 
 private:
-    const QByteArray& bytes;
-    bool big;
-    bool failed = false;
-    qsizetype at = 0;
+    void Add(QVariant value) { (inArray ? array : values).append(std::move(value)); }
+
+    QVariantList& values;
+    QVariantList array;
+    qsizetype before = 0;
+    bool inArray = false;
 };
-
-QVariant TakeText(Cursor& cursor)
-{
-    const qsizetype count = cursor.Take<quint8>();
-    const char* const data = cursor.Bytes(count);
-    return data ? QString::fromLatin1(data, count) : QString();
-}
-
-QVariant TakeBytes(Cursor& cursor)
-{
-    const qsizetype count = cursor.Take<quint8>();
-    const char* const data = cursor.Bytes(count);
-    return data ? QByteArray(data, count) : QByteArray();
-}
-
-QVariant TakeBits(Cursor& cursor)
-{
-    const int count = cursor.Take<quint16>();
-    const char* const data = cursor.Bytes((count + 7) / 8);
-    QString bits;
-    for (int bit = 0; data && bit < count; ++bit)
-        bits += (data[bit / 8] >> (bit % 8) & 1) != 0 ? u'1' : u'0';
-    return bits;
-}
-
-/// A value of a generic record: a type code, then the value.
-QVariant TakeGeneric(Cursor& cursor)
-{
-    switch (cursor.Take<quint8>()) {
-    case 0: // padding without a value
-        return QVariant();
-    case 1:
-        return uint(cursor.Take<quint8>());
-    case 2:
-        return uint(cursor.Take<quint16>());
-    case 3:
-        return uint(cursor.Take<quint32>());
-    case 4:
-        return int(cursor.Take<qint8>());
-    case 5:
-        return int(cursor.Take<qint16>());
-    case 6:
-        return int(cursor.Take<qint32>());
-    case 7:
-        return std::bit_cast<float>(cursor.Take<quint32>());
-    case 8:
-        return std::bit_cast<double>(cursor.Take<quint64>());
-    case 10:
-        return TakeText(cursor);
-    case 11:
-        return TakeBytes(cursor);
-    case 12:
-        return TakeBits(cursor);
-    case 13:
-        return uint(cursor.Take<quint8>() & 0x0f);
-    default:
-        cursor.Bytes(cursor.Left() + 1); // the length of an unknown type is unknown
-        return {};
-    }
-}
-
-QVariant TakeValue(Cursor& cursor, FieldKind kind)
-{
-    switch (kind) {
-    case FieldKind::U1:
-    case FieldKind::B1:
-        return uint(cursor.Take<quint8>());
-    case FieldKind::U2:
-        return uint(cursor.Take<quint16>());
-    case FieldKind::U4:
-        return uint(cursor.Take<quint32>());
-    case FieldKind::I1:
-        return int(cursor.Take<qint8>());
-    case FieldKind::I2:
-        return int(cursor.Take<qint16>());
-    case FieldKind::I4:
-        return int(cursor.Take<qint32>());
-    case FieldKind::R4:
-        return std::bit_cast<float>(cursor.Take<quint32>());
-    case FieldKind::C1: {
-        const char* const data = cursor.Bytes(1);
-        return data ? QString::fromLatin1(data, 1) : QString();
-    }
-    case FieldKind::Cn:
-        return TakeText(cursor);
-    case FieldKind::Bn:
-        return TakeBytes(cursor);
-    case FieldKind::Dn:
-        return TakeBits(cursor);
-    case FieldKind::Vn:
-        return TakeGeneric(cursor);
-    case FieldKind::N1: // halves of bytes are taken by the array
-        break;
-    }
-    return {};
-}
-
-QVariantList TakeHalves(Cursor& cursor, uint count)
-{
-    QVariantList halves;
-    const char* const data = cursor.Bytes((count + 1) / 2);
-    for (uint i = 0; data && i < count; ++i)
-        halves.append(uint(static_cast<quint8>(data[i / 2]) >> (i % 2 * 4) & 0x0f));
-    return halves;
-}
-
-QVariantList TakeArray(Cursor& cursor, FieldKind kind, uint count)
-{
-    if (kind == FieldKind::N1)
-        return TakeHalves(cursor, count);
-    QVariantList elements;
-    for (uint i = 0; i < count && !cursor.Failed(); ++i)
-        elements.append(TakeValue(cursor, kind));
-    return elements;
-}
 
 } // namespace
 
+Fault DamageOf(qint64 offset, const RecordType& type, const QString& problem)
+{
+    return {offset, QStringLiteral("%1: %2").arg(QLatin1StringView(type.name), problem)};
+}
+
 std::optional<Fault> Record::Damage() const
 {
-    if (problem.isEmpty())
-        return std::nullopt;
-    return Fault{offset, QStringLiteral("%1: %2").arg(QLatin1StringView(type->name), problem)};
+    return problem.isEmpty() ? std::nullopt : std::optional(DamageOf(offset, *type, problem));
 }
 
 bool Record::Is(const char* name) const
@@ -210,6 +106,21 @@ bool Record::HasFailed() const
            ((Is("PTR") || Is("MPR") || Is("FTR")) && Number("TEST_FLG") & testFailed);
 }
 
+QString Text(const LengthFault& fault)
+{
+    switch (fault.kind) {
+    case LengthFault::None:
+        break;
+    case LengthFault::EndsBefore:
+        return Texts::tr("the record ends before the field %1").arg(QLatin1StringView(fault.field->name));
+    case LengthFault::EndsInside:
+        return Texts::tr("the record ends inside the field %1").arg(QLatin1StringView(fault.field->name));
+    case LengthFault::BytesFollow:
+        return Texts::tr("%n bytes follow the last field", nullptr, int(fault.bytes));
+    }
+    return {};
+}
+
 Record Decode(const RawRecord& raw, bool bigEndian)
 {
     Record record;
@@ -218,26 +129,9 @@ Record Decode(const RawRecord& raw, bool bigEndian)
     if (!record.type)
         return record;
 
-    Cursor cursor(raw.body, bigEndian);
     record.values.reserve(static_cast<qsizetype>(record.type->fields.size()));
-    for (const FieldType& field : record.type->fields) {
-        if (cursor.AtEnd()) {
-            if (record.values.size() < record.type->required)
-                record.problem =
-                    Texts::tr("the record ends before the field %1").arg(QLatin1StringView(field.name));
-            return record;
-        }
-        QVariant value = field.count ? QVariant(TakeArray(cursor, field.kind, record.Number(field.count)))
-                                     : TakeValue(cursor, field.kind);
-        if (cursor.Failed()) {
-            record.problem =
-                Texts::tr("the record ends inside the field %1").arg(QLatin1StringView(field.name));
-            return record;
-        }
-        record.values.append(std::move(value));
-    }
-    if (!cursor.AtEnd())
-        record.problem = Texts::tr("%n bytes follow the last field", nullptr, int(cursor.Left()));
+    VariantSink sink(record.values);
+    record.problem = Text(WalkFields(*record.type, raw.body, bigEndian, sink));
     return record;
 }
 

@@ -34,7 +34,14 @@ struct Record {
     bool HasFailed() const;
 };
 
-/// Decodes the fields of a record.
+struct LengthFault;
+
+/// The fault for people; empty for none.
+QString Text(const LengthFault& fault);
+/// A problem with the record's name in front.
+Fault DamageOf(qint64 offset, const RecordType& type, const QString& problem);
+
+/// Decodes the fields of a record. Who does not keep them walks through them (`WalkFields`), which is faster.
 Record Decode(const RawRecord& raw, bool bigEndian);
 
 } // namespace ZYN::Stdf

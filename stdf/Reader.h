@@ -29,6 +29,7 @@ struct Fault {
 
 /// Splits an STDF file into records, one at a time: memory does not grow with the file. Gzip is
 /// recognised by its first bytes, the byte order by the FAR; a file without one is read as little-endian.
+/// The device is read ahead of the records.
 class Reader {
 public:
     /// \param device open for reading; borrowed
@@ -44,11 +45,13 @@ public:
     const std::optional<Fault>& GetFault() const { return fault; }
 
 private:
-    void RecogniseByteOrder(const QByteArray& header);
+    QByteArrayView Look(qsizetype count);
     bool Fail(const QString& text);
 
     std::unique_ptr<GzipDevice> gzip;
     QIODevice* source;
+    QByteArray buffer; ///< of what was read from the source
+    qsizetype begin = 0, end = 0;
     qint64 offset = 0;
     bool bigEndian = false;
     bool afterZeros = false; ///< the last header was of zero bytes

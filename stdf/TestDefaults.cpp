@@ -23,14 +23,14 @@ std::optional<float> Limit(const QVariant& value, const std::optional<float>& by
 TestSettings TestDefaults::Complete(const Record& test)
 {
     const uint number = test.Number("TEST_NUM");
-    const QString text = test.Text("TEST_TXT");
-    const auto known = first.constFind(number);
-    const bool sameTest = known != first.constEnd() && (text.isEmpty() || text == known->text);
-    TestSettings settings = sameTest ? *known : TestSettings{text, {}, {}, 0, {}};
+    const std::pair key{number, test.Text("TEST_TXT")};
+    const auto known = first.find(key);
+    TestSettings settings = known != first.end() ? *known : TestSettings{.text = key.second};
 
     const QVariant flags = test.Value("OPT_FLAG");
     if (flags.isValid() && !test.Is("FTR")) {
         const uint set = flags.toUInt();
+        settings.isGiven = true;
         settings.lowLimit = Limit(test.Value("LO_LIMIT"), settings.lowLimit, set & noLow, set & lowFromFirst);
         settings.highLimit =
             Limit(test.Value("HI_LIMIT"), settings.highLimit, set & noHigh, set & highFromFirst);
@@ -40,8 +40,13 @@ TestSettings TestDefaults::Complete(const Record& test)
         if (const QString unit = test.Text("UNITS"); !unit.isEmpty())
             settings.unit = unit;
     }
-    if (known == first.constEnd() && first.size() < MaximumTests)
-        first.insert(number, settings);
+    if (known == first.end() && first.size() < MaximumTests) {
+        if (const std::pair unnamed{number, QString()}; !first.contains(unnamed))
+            first.insert(unnamed, settings);
+        first.insert(key, settings);
+    } else if (known != first.end() && !known->isGiven) {
+        *known = settings;
+    }
     return settings;
 }
 

@@ -4,6 +4,7 @@
 
 #include <QtCore/QDateTime>
 
+#include <cmath>
 #include <utility>
 
 namespace ZYN::Stdf {
@@ -33,9 +34,16 @@ QString Count(uint count)
     return count == unknownCount ? QStringLiteral("?") : QString::number(count);
 }
 
-QString LimitText(const std::optional<float>& limit)
+/// Whole numbers of a hexadecimal or binary unit by their digits.
+QString LimitText(const std::optional<float>& limit, const QString& unit)
 {
-    return limit ? QString::number(static_cast<double>(*limit), 'g', 6) : QStringLiteral("-");
+    constexpr float mostDigits = 4294967296.0F;
+    if (!limit)
+        return QStringLiteral("-");
+    const int base = unit == QLatin1String("hex") ? 16 : unit == QLatin1String("bin") ? 2 : 10;
+    if (base != 10 && *limit >= 0 && *limit < mostDigits && std::floor(*limit) == *limit)
+        return QString::number(static_cast<qint64>(*limit), base);
+    return QString::number(static_cast<double>(*limit), 'g', 6);
 }
 
 /// A column of a table, at least as wide as its title. Negative widths are filled on the left.
@@ -83,8 +91,13 @@ QList<Column> TestColumns()
 QString BinLine(const Record& bin, const QString& kind, const char* number, const char* count,
                 const char* verdict, const char* name)
 {
-    return QStringLiteral("%1 %2: %3 %4 %5")
-        .arg(kind, QString::number(bin.Number(number)),
+    constexpr uint allHeads = 255;
+    const QString place =
+        bin.Number("HEAD_NUM") == allHeads
+            ? QString()
+            : QStringLiteral(" (%1/%2)").arg(bin.Number("HEAD_NUM")).arg(bin.Number("SITE_NUM"));
+    return QStringLiteral("%1 %2%3: %4 %5 %6")
+        .arg(kind, QString::number(bin.Number(number)), place,
              Texts::tr("%n parts", nullptr, int(bin.Number(count))), bin.Text(verdict), bin.Text(name))
         .trimmed();
 }
@@ -180,7 +193,8 @@ void TextPrinter::TakeTest(const Record& test)
         return;
     }
     Test& entry = tests[key];
-    entry.settings = settings;
+    if (entry.runs == 0 || !entry.settings.isGiven)
+        entry.settings = settings;
     ++entry.runs;
     entry.failed += test.HasFailed();
 }
@@ -203,10 +217,11 @@ void TextPrinter::PrintTests()
     const QList<Column> columns = TestColumns();
     print(Titles(columns));
     for (auto test = tests.constBegin(); test != tests.constEnd(); ++test) {
-        print(Row(columns, {QString::number(test.key().first), QString::number(test->runs),
-                            QString::number(test->failed), LimitText(test->settings.lowLimit),
-                            LimitText(test->settings.highLimit), test->settings.unit,
-                            QString::number(test->settings.resultScale), test->settings.text}));
+        print(Row(columns,
+                  {QString::number(test.key().first), QString::number(test->runs),
+                   QString::number(test->failed), LimitText(test->settings.lowLimit, test->settings.unit),
+                   LimitText(test->settings.highLimit, test->settings.unit), test->settings.unit,
+                   QString::number(test->settings.resultScale), test->settings.text}));
     }
     if (moreTests > 0)
         print(Texts::tr("and %1 records of more tests").arg(moreTests));

@@ -12,7 +12,7 @@ namespace ZYN::Stdf {
 /// bins and counts. Memory grows with the number of different tests, not of parts, and only up to
 /// `MaximumTests`: a small compressed file could hold any number.
 ///
-/// Limits are printed as they stand in the file; RES_SCAL stands beside them and is not applied.
+/// Limits are printed as the first record of a test has them; RES_SCAL stands beside them and is not applied.
 class TextPrinter {
 public:
     /// \param output takes a line at a time, without line end

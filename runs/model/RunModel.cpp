@@ -19,6 +19,7 @@
 #include <cmath>
 #include <limits>
 #include <memory>
+#include <optional>
 
 namespace ZYN {
 
@@ -76,31 +77,66 @@ int UnitCodeOf(const RunComponent& component)
     return MeasurementUnit::None;
 }
 
-long NumberOfIdent(const std::string& ident, bool* isNumber)
-{
-    const long number = Text(ident).toLong(isNumber);
-    *isNumber = *isNumber && std::to_string(number) == ident;
-    return *isNumber ? number : 0;
-}
+/// A component's ident and name as its objects want them.
+struct Naming {
+    long id = 0;
+    std::optional<QString> ident; ///< one that is no number
+    QString name;
 
-/// Gives a component the ident that is no number.
+    Naming(const std::string& of, const std::string& called)
+        : name(Text(called))
+    {
+        const QString text = Text(of);
+        bool isNumber = false;
+        const long number = text.toLong(&isNumber);
+        if (isNumber && QString::number(number) == text)
+            id = number;
+        else
+            ident = text;
+    }
+};
+
 template <class Component, class... Argument>
-QSharedPointer<Component> WithIdent(const std::string& ident, const std::string& name, Argument... arguments)
+QSharedPointer<Component> Named(const Naming& naming, Argument... arguments)
 {
-    bool isNumber = false;
-    const long id = NumberOfIdent(ident, &isNumber);
-    const auto component = QSharedPointer<Component>::create(id, Text(name), arguments...);
-    if (!isNumber)
-        component->SetIdentString(Text(ident));
+    const auto component = QSharedPointer<Component>::create(naming.id, naming.name, arguments...);
+    if (naming.ident)
+        component->SetIdentString(*naming.ident);
     return component;
 }
+
+/// What all runs of a layout have in common.
+struct LayoutNames {
+    struct Item : Naming {
+        explicit Item(const RunComponent& component)
+            : Naming(component.ident, component.name)
+            , unit(UnitCodeOf(component))
+            , kind(ModelAdapter::KindOfValue(component.dataType))
+        {
+        }
+        int unit;
+        ValueKind kind;
+    };
+
+    explicit LayoutNames(const RunLayout& layout)
+        : program(layout.programIdent, layout.program)
+        , version(Text(layout.version))
+        , items(layout.components.begin(), layout.components.end())
+    {
+    }
+
+    Naming program;
+    QString version;
+    std::vector<Item> items; ///< by position
+};
 
 /// Makes the components of a run and their results.
 class ProgramMaker {
 public:
-    explicit ProgramMaker(const Run& run)
+    ProgramMaker(const Run& run, const LayoutNames& names)
         : m_run(run)
         , m_layout(*run.layout)
+        , m_names(names)
     {
     }
 
@@ -118,6 +154,7 @@ private:
 
     const Run& m_run;
     const RunLayout& m_layout;
+    const LayoutNames& m_names;
     QSharedPointer<TestProgram> m_program;
     std::unique_ptr<TestResultSet> m_set;
     std::vector<QSharedPointer<TestComponent>> m_made; ///< by position
@@ -126,8 +163,8 @@ private:
 
 std::unique_ptr<TestResultSet> ProgramMaker::Make()
 {
-    m_program = WithIdent<TestProgram>(m_layout.programIdent, m_layout.program, 0UL);
-    m_program->SetVersion(Text(m_layout.version));
+    m_program = Named<TestProgram>(m_names.program, 0UL);
+    m_program->SetVersion(m_names.version);
     const auto station = QSharedPointer<Station>::create(0L, QString());
     station->SetDescription(Text(m_run.station));
     m_set = std::make_unique<TestResultSet>(m_program, station);
@@ -152,34 +189,33 @@ std::unique_ptr<TestResultSet> ProgramMaker::Make()
 void ProgramMaker::Add(std::size_t position)
 {
     const RunComponent& made = m_layout.components[position];
+    const Naming& naming = m_names.items[position];
     const auto type = EN_ZYN_ADDRESS(made.dataType);
     QSharedPointer<TestComponent> component;
     switch (made.kind) {
     case ComponentKind::Group: {
-        const auto group =
-            WithIdent<TestGroup>(made.ident, made.name, m_program.data(), 0U, -1L, ZYN_GROUP_USER, nullptr);
+        const auto group = Named<TestGroup>(naming, m_program.data(), 0U, -1L, ZYN_GROUP_USER, nullptr);
         m_program->AddGroup(group);
         component = group;
         break;
     }
     case ComponentKind::Step: {
         const auto group = GroupOf(made.parent);
-        const auto step = WithIdent<TestStep>(made.ident, made.name, group.data(), 0U, -1L, QString());
+        const auto step = Named<TestStep>(naming, group.data(), 0U, -1L, QString());
         group->AddStep(step);
         component = step;
         break;
     }
     case ComponentKind::Parameter: {
         const auto group = GroupOf(made.parent);
-        const auto parameter = WithIdent<TestParameter>(made.ident, made.name, type, group.data(), 0U, -1L);
+        const auto parameter = Named<TestParameter>(naming, type, group.data(), 0U, -1L);
         group->AddParameter(parameter);
         component = parameter;
         break;
     }
     case ComponentKind::Measurement: {
         const auto step = StepOf(position);
-        const auto measurement =
-            WithIdent<TestMeasurement>(made.ident, made.name, type, step.data(), 0U, -1L);
+        const auto measurement = Named<TestMeasurement>(naming, type, step.data(), 0U, -1L);
         step->AddMeasurement(measurement);
         component = measurement;
         break;
@@ -195,7 +231,7 @@ QSharedPointer<TestGroup> ProgramMaker::GroupOf(int position)
     if (position >= 0)
         return m_made[std::size_t(position)].staticCast<TestGroup>();
     if (!m_group) {
-        m_group = QSharedPointer<TestGroup>::create(0L, Text(m_layout.program), m_program.data(), 0U, -1L,
+        m_group = QSharedPointer<TestGroup>::create(0L, m_names.program.name, m_program.data(), 0U, -1L,
                                                     ZYN_GROUP_USER, nullptr);
         m_program->AddGroup(m_group);
         AddDerivedResult(m_group, WorstWithoutParent());
@@ -213,7 +249,7 @@ QSharedPointer<TestStep> ProgramMaker::StepOf(std::size_t measurement)
     if (isStep)
         return m_made[std::size_t(position)].staticCast<TestStep>();
     const auto group = GroupOf(position);
-    const auto step = WithIdent<TestStep>(component.ident, component.name, group.data(), 0U, -1L, QString());
+    const auto step = Named<TestStep>(m_names.items[measurement], group.data(), 0U, -1L, QString());
     group->AddStep(step);
     AddDerivedResult(step, m_run.codes[measurement]);
     return step;
@@ -259,7 +295,7 @@ void ProgramMaker::AddResult(const QSharedPointer<TestComponent>& component, std
 
 QVariant ProgramMaker::ValueAt(std::size_t position) const
 {
-    const ValueKind kind = ModelAdapter::KindOfValue(m_layout.components[position].dataType);
+    const ValueKind kind = m_names.items[position].kind;
     if (const std::string* const text = TextAt(m_run.texts, position)) {
         const QVariant number = kind == ValueKind::Text ? QVariant() : NumberOfText(Text(*text));
         return number.isValid() ? number : QVariant(Text(*text));
@@ -275,7 +311,7 @@ QSharedPointer<ValidationInterface> ProgramMaker::LimitsAt(std::size_t position)
 {
     const RunComponent& component = m_layout.components[position];
     const RunLimits* const limits = m_run.limits.get();
-    const int unit = UnitCodeOf(component);
+    const int unit = m_names.items[position].unit;
     const bool isJudged =
         limits && (!limits->lowerOperator[position].empty() || !limits->upperOperator[position].empty() ||
                    !std::isnan(limits->nominal[position]) || limits->inverted[position]);
@@ -295,7 +331,7 @@ QSharedPointer<ValidationInterface> ProgramMaker::LimitsAt(std::size_t position)
     const QVariant lower = isJudged ? limitAt(limits->lower, limits->lowerTexts) : QVariant(0.0);
     const QVariant upper = isJudged ? limitAt(limits->upper, limits->upperTexts) : QVariant(0.0);
 
-    const ValueKind kind = ModelAdapter::KindOfValue(component.dataType);
+    const ValueKind kind = m_names.items[position].kind;
     const std::string* const text = isJudged ? TextAt(limits->lowerTexts, position) : nullptr;
     const bool isText = kind == ValueKind::Text || (text && !NumberOfText(Text(*text)).isValid());
     const auto isWhole = [](const QByteArray& limitOperator, const QVariant& limit) {
@@ -350,8 +386,18 @@ QSharedPointer<UnitUnderTest> UnitOf(const Run& run)
 
 } // namespace
 
-QSharedPointer<UUTTest> ModelOfRun(const Run& run)
+struct RunModels::Common {
+    std::shared_ptr<const RunLayout> layout;
+    LayoutNames names;
+};
+
+RunModels::RunModels() = default;
+RunModels::~RunModels() = default;
+
+QSharedPointer<UUTTest> RunModels::Make(const Run& run)
 {
+    if (!m_common || m_common->layout != run.layout)
+        m_common.reset(new Common{run.layout, LayoutNames(*run.layout)});
     const auto test = QSharedPointer<UUTTest>::create(0L, QString());
     test->SetUnitUnderTest(UnitOf(run));
     if (!run.lot.empty())
@@ -368,8 +414,13 @@ QSharedPointer<UUTTest> ModelOfRun(const Run& run)
         test->SetStopTime(
             QDateTime::fromMSecsSinceEpoch(end, Qt::OffsetFromUTC, *run.utcOffset * secondsPerMinute));
     }
-    test->AssignResultSet(ProgramMaker(run).Make().release());
+    test->AssignResultSet(ProgramMaker(run, m_common->names).Make().release());
     return test;
+}
+
+QSharedPointer<UUTTest> ModelOfRun(const Run& run)
+{
+    return RunModels().Make(run);
 }
 
 } // namespace ZYN

@@ -56,7 +56,7 @@ inline Contents Read(QIODevice* device)
     Stdf::Checker checker;
     for (Stdf::RawRecord raw; reader.Next(raw);) {
         contents.records.append(Stdf::Decode(raw, reader.IsBigEndian()));
-        checker.Take(raw, contents.records.back());
+        checker.Take(raw, reader.IsBigEndian());
     }
     checker.Finish(reader);
     contents.findings = checker.GetFindings();

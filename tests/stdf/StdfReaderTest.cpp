@@ -68,7 +68,7 @@ QList<QByteArray> JsonLines(const QByteArray& bytes)
     Stdf::Reader reader(&input);
     QList<QByteArray> lines;
     for (Stdf::RawRecord raw; reader.Next(raw);)
-        lines += Stdf::ToJsonLine(raw, Stdf::Decode(raw, reader.IsBigEndian()));
+        lines += Stdf::ToJsonLine(raw, reader.IsBigEndian());
     if (reader.GetFault())
         lines += Stdf::ToJsonLine(*reader.GetFault());
     return lines;

@@ -67,7 +67,7 @@ QByteArray Readable(const QString& format, QByteArray content)
     Stdf::Reader reader(&buffer);
     QByteArray lines;
     for (Stdf::RawRecord raw; reader.Next(raw);)
-        lines += Stdf::ToJsonLine(raw, Stdf::Decode(raw, reader.IsBigEndian())) + '\n';
+        lines += Stdf::ToJsonLine(raw, reader.IsBigEndian()) + '\n';
     return lines;
 }
 

@@ -162,6 +162,38 @@ private slots:
         QCOMPARE(Lot("far.stdf").PartIds().size(), 2);
     }
 
+    void PackedLotsAreLots_data()
+    {
+        const Rows<QString> row;
+        for (const char* const packer : {"gzip", "bzip2", "xz", "zstd"})
+            row(packer, packer);
+    }
+    void PackedLotsAreLots()
+    {
+        const auto [packer] = CurrentRow<QString>();
+        const QByteArray packed = Program::Run(packer, {"-c"}, {}, folder.Content("lot.stdf")).output;
+        QVERIFY(!packed.isEmpty() && packed != folder.Content("lot.stdf"));
+        const QString name = packer + ".std";
+        folder.Write(name, packed);
+        QCOMPARE(folder.Zyn("check " + name).output, QByteArray());
+        for (const QString question : {"yield", "measure", "show"}) {
+            const QByteArray plain = folder.Zyn(question + " --json lot.stdf").output;
+            QVERIFY(!plain.isEmpty());
+            QCOMPARE(folder.Zyn(question + " --json " + name).output.replace(name.toUtf8(), "lot.stdf"),
+                     plain);
+        }
+        QCOMPARE(folder.Zyn("convert -q lot.stdf " + name + " -f csv -d reports --force").code, 0);
+        const QString last = "/" + QDir(folder.Path("reports/lot")).entryList(QDir::Files).constLast();
+        QCOMPARE(folder.Content("reports/" + packer + last), folder.Content("reports/lot" + last));
+
+        folder.Write("cut.std", packed.first(packed.size() / 2));
+        for (const QString command : {"check", "show", "show --json", "yield", "convert -d cut -f csv"}) {
+            const auto cut = folder.Zyn(command + " cut.std");
+            QCOMPARE(cut.code, 1);
+            QVERIFY2((cut.output + cut.errors).contains("cut.std"), command.toUtf8());
+        }
+    }
+
     void CompressedLotsOfAFolderAreFound()
     {
         folder.Write("packed/a.std.gz", Program::Run("gzip", {"-n"}, {}, folder.Content("lot.stdf")).output);

@@ -17,6 +17,8 @@ namespace ZYN::Tool {
 
 namespace {
 
+constexpr size_t LinesAtOnce = 32 * 1024; ///< bytes
+
 Problem CannotRead(const QString& name, const QFile& file)
 {
     return {name, 0, Texts::tr("cannot be read: %1").arg(file.errorString()), {}};
@@ -75,20 +77,33 @@ std::optional<Problem> PrintLotJson(const QString& path, const QString& name, co
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return CannotRead(name, file);
-    const QByteArray quoted = QJsonDocument(QJsonArray{name}).toJson(QJsonDocument::Compact);
+    const QByteArray quoted =
+        HarmlessJson(QJsonDocument(QJsonArray{name}).toJson(QJsonDocument::Compact)).toUtf8();
     const QByteArray start = "{\"file\":" + quoted.sliced(1, quoted.size() - 2) + ',';
-    const auto print = [&](const QByteArray& line) { PrintJsonLine(start + line.sliced(1)); };
     std::optional<Stdf::Fault> damage;
     Stdf::Reader reader(&file);
+    std::string lines;
+    const auto print = [&lines] {
+        PrintBytes(lines);
+        lines.clear();
+    };
     for (Stdf::RawRecord raw; reader.Next(raw);) {
-        const Stdf::Record record = Stdf::Decode(raw, reader.IsBigEndian());
-        if (!damage)
-            damage = record.Damage();
-        if (!options.failedOnly || record.HasFailed())
-            print(Stdf::ToJsonLine(raw, record));
+        if (options.failedOnly) {
+            const Stdf::Record record = Stdf::Decode(raw, reader.IsBigEndian());
+            damage = damage ? damage : record.Damage();
+            if (!record.HasFailed())
+                continue;
+        }
+        lines.append(start.constData(), size_t(start.size()));
+        const std::optional<Stdf::Fault> found = Stdf::AppendJson(lines, raw, reader.IsBigEndian());
+        lines += '\n';
+        damage = damage ? damage : found;
+        if (lines.size() >= LinesAtOnce)
+            print();
     }
+    print();
     if (const auto& fault = reader.GetFault()) {
-        print(Stdf::ToJsonLine(*fault));
+        PrintJsonLine(start + Stdf::ToJsonLine(*fault).sliced(1));
         damage = damage ? damage : fault;
     }
     return damage ? std::optional(Damaged(name, *damage)) : std::nullopt;
@@ -102,7 +117,7 @@ QList<Finding> CheckLot(const QString& path)
     Stdf::Checker checker;
     Stdf::Reader reader(&file);
     for (Stdf::RawRecord raw; reader.Next(raw);)
-        checker.Take(raw, Stdf::Decode(raw, reader.IsBigEndian()));
+        checker.Take(raw, reader.IsBigEndian());
     checker.Finish(reader);
     QList<Finding> findings;
     for (const Stdf::Finding& finding : checker.GetFindings())

@@ -44,8 +44,9 @@ std::optional<Problem> ForEachUnits(const Input& lot,
 {
     std::vector<LotUnit> units;
     StdfRuns reader;
+    RunModels models;
     const std::optional<RunFault> fault = reader.ReadFile(PathOfLot(lot), [&](ZYN::Run&& run) {
-        units.push_back({NameOf(run), ModelOfRun(run)});
+        units.push_back({NameOf(run), models.Make(run)});
         if (units.size() >= UnitsAtOnce) {
             take(units);
             units.clear();

@@ -137,9 +137,9 @@ QString Paint(const QString& text, Style style)
     return QLatin1String(EscapeOf(style)) + text + QStringLiteral("\x1b[0m");
 }
 
-void PrintBytes(const QByteArray& bytes)
+void PrintBytes(QByteArrayView bytes)
 {
-    std::fwrite(bytes.constData(), 1, size_t(bytes.size()), stdout);
+    std::fwrite(bytes.data(), 1, size_t(bytes.size()), stdout);
 }
 
 void Print(const QString& text)
@@ -150,12 +150,10 @@ void Print(const QString& text)
     PrintBytes(bytes);
 }
 
-void PrintJsonLine(const QByteArray& json)
+QString HarmlessJson(const QByteArray& json)
 {
-    if (std::all_of(json.begin(), json.end(), [](char c) { return c >= ' ' && c < '\x7f'; })) {
-        Print(QString::fromLatin1(json) + QLatin1Char('\n'));
-        return;
-    }
+    if (std::all_of(json.begin(), json.end(), [](char c) { return c >= ' ' && c < '\x7f'; }))
+        return QString::fromLatin1(json);
     QString line;
     line.reserve(json.size() + 1);
     for (const char32_t c : QString::fromUtf8(json).toUcs4()) {
@@ -168,7 +166,12 @@ void PrintJsonLine(const QByteArray& json)
         for (const QChar unit : QStringView(units))
             line += QStringLiteral("\\u%1").arg(uint(unit.unicode()), 4, 16, QLatin1Char('0'));
     }
-    Print(line + QLatin1Char('\n'));
+    return line;
+}
+
+void PrintJsonLine(const QByteArray& json)
+{
+    Print(HarmlessJson(json) + QLatin1Char('\n'));
 }
 
 void PrintJsonLine(const QJsonObject& object)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtCore/QByteArray>
+#include <QtCore/QByteArrayView>
 #include <QtCore/QJsonObject>
 #include <QtCore/QString>
 
@@ -25,11 +26,13 @@ QString Paint(const QString& text, Style style);
 
 /// Writes to standard output. The caller makes texts from files harmless first.
 void Print(const QString& text);
+/// Compact JSON, with what would steer a terminal escaped.
+QString HarmlessJson(const QByteArray& json);
 /// Prints compact JSON for programs, in one line; what would steer a terminal is escaped.
 void PrintJsonLine(const QByteArray& json);
 void PrintJsonLine(const QJsonObject& object);
 /// Writes a file's bytes as they are to standard output.
-void PrintBytes(const QByteArray& bytes);
+void PrintBytes(QByteArrayView bytes);
 /// Prints what a file is called and what it is.
 void PrintTitle(const QString& fileName, const QString& kind);
 /// Puts an empty line between what was printed so far and what is printed next, where there is both.
