@@ -5,6 +5,7 @@
 import math
 import os
 import random
+import subprocess
 import sys
 import tempfile
 
@@ -41,6 +42,30 @@ def check(seed, folder):
     return len(runs)
 
 
+def check_own(folder):
+    """Figures of a lot that the tool wrote, from its records alone: RESULT is scaled by RES_SCAL."""
+    reports, path, found = os.path.join(folder, "own"), os.path.join(folder, "own.stdf"), {}
+    for command in (["simulate", "-q", "-d", reports, "--panels", "3"], ["convert", "-q", reports, "-o", path]):
+        subprocess.run([sys.argv[1], *command], check=True)
+    for kind, fields in stdf_reading.records(stdf_reading.content(path)):
+        if kind == (15, 10):
+            _, _, _, flags, _, result, text, _, options, scale, _, _, low, high = fields.many("IBBBBfnnBbbbff")
+            name = text[text.index("] ") + 2:].split(" - ")
+            name = name if len(name) > 2 else [name[0], *name]  # the measurement is called as its step
+            one = found.setdefault(" / ".join(reversed(name)), [])
+            limits = [None if options & bit else limit / 10.0**scale for bit, limit in ((64, low), (128, high))]
+            if not flags & 63 and math.isfinite(result):
+                one.append((result / 10.0**scale, *limits))
+    for row in same_answers.zyn("measure", path):
+        values, low, high = zip(*found.pop(row["path"]))
+        for is_, ought in ((row["count"], len(values)), (row["mean"], sum(values) / len(values)), (row["lower"], low[0]),
+                           (row["upper"], high[0]), (row["min"], min(values)), (row["max"], max(values))):
+            if is_ != ought and (None in (is_, ought) or not math.isclose(is_, ought, rel_tol=1e-6, abs_tol=1e-15)):
+                raise RuntimeError(f"{row}: {ought}")
+    if any(found.values()):
+        raise RuntimeError(f"not told: {found}")
+
+
 def main():
     seeds, first = int(sys.argv[2]), int(sys.argv[3]) if len(sys.argv) > 3 else 1
     with tempfile.TemporaryDirectory() as folder:
@@ -50,6 +75,7 @@ def main():
                 runs += check(seed, folder)
             except RuntimeError as error:
                 sys.exit(f"seed {seed}: {error}")
+        check_own(folder)
     print(f"{seeds} lots, {runs} runs")
 
 
