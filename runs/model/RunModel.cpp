@@ -130,13 +130,18 @@ struct LayoutNames {
     std::vector<Item> items; ///< by position
 };
 
+/// What the values of a layout are judged by, by position and as they are needed: results of all runs that
+/// are judged alike share it.
+using Validations = std::vector<std::optional<QSharedPointer<ValidationInterface>>>;
+
 /// Makes the components of a run and their results.
 class ProgramMaker {
 public:
-    ProgramMaker(const Run& run, const LayoutNames& names)
+    ProgramMaker(const Run& run, const LayoutNames& names, Validations* validations)
         : m_run(run)
         , m_layout(*run.layout)
         , m_names(names)
+        , m_validations(*validations)
     {
     }
 
@@ -155,6 +160,7 @@ private:
     const Run& m_run;
     const RunLayout& m_layout;
     const LayoutNames& m_names;
+    Validations& m_validations;
     QSharedPointer<TestProgram> m_program;
     std::unique_ptr<TestResultSet> m_set;
     std::vector<QSharedPointer<TestComponent>> m_made; ///< by position
@@ -287,7 +293,10 @@ void ProgramMaker::AddResult(const QSharedPointer<TestComponent>& component, std
         result->SetAttribute(Text(*attribute));
     if (m_layout.components[position].dataType != 0) {
         result->SetValue(ValueAt(position));
-        result->SetValidation(LimitsAt(position));
+        auto& validation = m_validations[position];
+        if (!validation)
+            validation = LimitsAt(position);
+        result->SetValidation(*validation);
     }
     component->SetResult(result.get());
     m_set->AddResult(result.release());
@@ -389,6 +398,8 @@ QSharedPointer<UnitUnderTest> UnitOf(const Run& run)
 struct RunModels::Common {
     std::shared_ptr<const RunLayout> layout;
     LayoutNames names;
+    std::shared_ptr<const RunLimits> limits = {};
+    Validations validations = {};
 };
 
 RunModels::RunModels() = default;
@@ -398,6 +409,10 @@ QSharedPointer<UUTTest> RunModels::Make(const Run& run)
 {
     if (!m_common || m_common->layout != run.layout)
         m_common.reset(new Common{run.layout, LayoutNames(*run.layout)});
+    if (m_common->validations.empty() || m_common->limits != run.limits) {
+        m_common->limits = run.limits;
+        m_common->validations.assign(run.layout->components.size(), std::nullopt);
+    }
     const auto test = QSharedPointer<UUTTest>::create(0L, QString());
     test->SetUnitUnderTest(UnitOf(run));
     if (!run.lot.empty())
@@ -414,7 +429,7 @@ QSharedPointer<UUTTest> RunModels::Make(const Run& run)
         test->SetStopTime(
             QDateTime::fromMSecsSinceEpoch(end, Qt::OffsetFromUTC, *run.utcOffset * secondsPerMinute));
     }
-    test->AssignResultSet(ProgramMaker(run, m_common->names).Make().release());
+    test->AssignResultSet(ProgramMaker(run, m_common->names, &m_common->validations).Make().release());
     return test;
 }
 

@@ -10,8 +10,9 @@ namespace ZYN {
 
 class UUTTest;
 
-/// Makes tests of units out of runs. What runs of one layout have in common is made once: names, units and
-/// the like; use one object for the runs of a lot, on one thread.
+/// Makes tests of units out of runs. What runs of one layout have in common is made once, and tests that are
+/// judged alike share their limits, which are not to be changed; use one object for the runs of a lot, on one
+/// thread.
 class RunModels {
 public:
     RunModels();
