@@ -42,6 +42,7 @@ void StdfPart::AddAbove(const StdfTests& tests, std::size_t index, RunBuilder& b
     const StdfComponent* const before = index == 0 ? nullptr : &tests.Component(values[index - 1].component);
     const bool isNewGroup = !before || before->group != component.group;
     RunItem item;
+    item.ident = StdfTests::NoIdent;
     if (isNewGroup) {
         item.kind = ComponentKind::Group;
         item.name = component.group;

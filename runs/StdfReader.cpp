@@ -275,7 +275,7 @@ void StdfReader::EndPart(const StdfRecord& record, StdfFields fields)
     if (!part.isOpen)
         Note(NoBegin, record.offset);
     Run run = m_lot;
-    m_builder.Begin(m_program, {}, m_version);
+    m_builder.Begin(m_program, StdfTests::NoIdent, m_version);
     part.Build(m_tests, m_builder);
     m_builder.Finish(&run);
     m_valuesOpen -= part.values.size();

@@ -158,7 +158,7 @@ RunItemLimits StdfTests::LimitsOf(const StdfTest& test, std::optional<float> low
         limits.lower = InBaseUnit(*low, power);
         limits.lowerOperator = test.isLowGood ? "<=" : "<";
         if (m_isOwn && !IsLimit(high) && !m_outlook.mayExceed(test.text))
-            limits.lowerOperator = "=";
+            limits.lowerOperator = "==";
     }
     if (IsLimit(high)) {
         limits.upper = InBaseUnit(*high, power);

@@ -66,6 +66,7 @@ struct StdfReading {
 class StdfTests {
 public:
     static constexpr std::uint32_t None = 0xffffffff;
+    static constexpr const char* NoIdent = "0"; ///< as reports have it
     /// A small compressed file could hold any number.
     static constexpr std::size_t MostComponents = 200'000;
 

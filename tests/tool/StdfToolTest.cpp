@@ -96,7 +96,7 @@ private slots:
         // Its parts are units of which statistics are made, each with the values of its tests.
         const auto outcome = folder.Zyn("statistics lot.stdf -q --force -o x.csv");
         QVERIFY2(outcome.code == 0, outcome.errors);
-        const auto expected = folder.Zyn("measure lot.stdf --json");
+        const auto expected = folder.Zyn("measure lot.stdf --name Temperature --json");
         const auto object = QJsonDocument::fromJson(expected.output.split('\n').first()).object();
         const QByteArray mean = QByteArray::number(object.value(u"mean"_s).toDouble(), 'g', 6);
         QVERIFY2(folder.Content("x.csv").contains(mean), mean);
