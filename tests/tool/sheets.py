@@ -1,6 +1,8 @@
 """Workbooks opened by another reader: sheets.py ZYN. Every answer as .xlsx is its lines of JSON, cell by cell:
 numbers are numbers (of 16 digits, as a workbook holds them), everything else is text; a file that is there
-already is kept."""
+already is kept. The measurements of a lot as one table are what a slow reading of its reports finds, and its
+figures are those of the CSV file."""
+import csv
 import json
 import math
 import pathlib
@@ -9,6 +11,9 @@ import sys
 import tempfile
 
 import openpyxl
+
+sys.path.append(str(pathlib.Path(__file__).parents[1] / "archive"))
+import reading  # noqa: E402
 
 QUESTIONS = {
     "yield": ["lot", "--by", "position"],
@@ -43,6 +48,52 @@ def flat(row):
     return {title: value for title, value in cells.items() if value not in (None, "")}
 
 
+def rows_of(workbook):
+    titles, *lines = openpyxl.load_workbook(workbook).active.iter_rows()
+    return [dict(zip([cell.value for cell in titles], line)) for line in lines]
+
+
+def same(cell, wanted):
+    """Whether a cell holds a number or text, as such; None is an empty cell."""
+    if wanted is None or isinstance(wanted, str):
+        return cell.value == (wanted or None) and not (wanted and cell.data_type != "s")
+    return cell.data_type == "n" and math.isclose(cell.value, wanted, rel_tol=1e-15)
+
+
+def check_measurements(reports, workbook):
+    rows = iter(rows_of(workbook))
+    for report in reports:
+        for run in reading.runs_of(str(report)):
+            for one in run.components:
+                if one.kind != "Measurement":
+                    continue
+                limits = one.limits or reading.Record(unit="", lower=None, upper=None)
+                row = next(rows)
+                wanted = {"serial": run.serial, "lot": run.lot, "start": run.start_text, "path": one.path,
+                          "component": one.ident, "unit": limits.unit, "lower": limits.lower,
+                          "upper": limits.upper, "code": one.code, "verdict": reading.VERDICTS[one.code],
+                          "value": one.text if one.number is None else one.number}
+                for title, value in wanted.items():
+                    assert same(row[title], value), (run.serial, one.path, title, row[title].value, value)
+                assert (row["value"].font.color is not None) == (one.code < 0), (run.serial, one.path)
+    assert next(rows, None) is None
+
+
+def check_figures(file, workbook):
+    with open(file, newline="", encoding="utf-8") as lines:
+        columns = list(zip(*csv.reader(lines, delimiter=";")))
+    titles, rows = columns[0], rows_of(workbook)
+    assert len(rows) == len(columns) - 1
+    for texts, row in zip(columns[1:], rows):
+        wanted = dict(zip(titles, texts))
+        assert f'="{row["ident"].value}"' == wanted["Ident"] and row["ident"].data_type == "s", wanted
+        for title, name in {"Pass": "passed", "Fail": "failed", "Average": "mean", "Sigma": "sigma", "CPK": "cpk",
+                            "Min": "min", "Max": "max", "Unit": "unit"}.items():
+            text, value = wanted[title], row[name].value
+            good = text == (value or "") if title == "Unit" or not text else math.isclose(float(text), value, rel_tol=1e-5)
+            assert good or wanted["Unit"] == "hex", (wanted["Name"], title, text, value)
+
+
 def main(zyn):
     with tempfile.TemporaryDirectory() as name:
         folder = pathlib.Path(name)
@@ -74,6 +125,11 @@ def main(zyn):
                 code = row.get("code")
                 red = [c.font.color.rgb for n, c in zip(names, cells) if n == "code" and c.font.color]
                 assert code is None or (red == ["FFFF0000"]) == (code < 0), (question, red, code)
+        assert run("convert", "-q", "lot", "-o", "all.xlsx").returncode == 0
+        check_measurements(sorted((folder / "lot").glob("*.zyr")), folder / "all.xlsx")
+        for name in "lot.csv", "lot.xlsx":
+            assert run("statistics", "-q", "lot", "--scaled", "-o", name).returncode == 0
+        check_figures(folder / "lot.csv", folder / "lot.xlsx")
         refused = run("yield", "lot", "-o", "yield.xlsx")
         assert refused.returncode == 1 and "yield.xlsx" in refused.stderr, refused
 

@@ -1,5 +1,6 @@
 #include "commands/Command.h"
 #include "loading/ArchiveCopy.h"
+#include "loading/InputRuns.h"
 #include "loading/LoadAccount.h"
 #include "questions/TimeArgument.h"
 #include "terminal/Terminal.h"

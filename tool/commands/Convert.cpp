@@ -2,11 +2,14 @@
 #include "files/Inputs.h"
 #include "files/Parallel.h"
 #include "files/SafeOutput.h"
+#include "files/Workbook.h"
 #include "kinds/ReportConversion.h"
 #include "kinds/ReportFile.h"
+#include "loading/InputRuns.h"
 #include "lots/LotAppend.h"
 #include "lots/LotConversion.h"
 #include "lots/LotUnits.h"
+#include "lots/ValueSheet.h"
 #include "terminal/Progress.h"
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
@@ -27,6 +30,7 @@ namespace ZYN::Tool {
 namespace {
 
 const QString command = QStringLiteral("convert");
+const QString sheetFormat = QStringLiteral("XLSX"); // one table of all measurements
 
 struct Arguments {
     std::vector<std::string> inputs;
@@ -53,6 +57,8 @@ QString FormatOf(const Arguments& arguments)
         return CExportServiceReport::FormatForExtension(QLatin1Char('.') + extension.toLower());
     };
     // Only the end of the name counts, whatever its folders are called.
+    if (arguments.format.empty() && IsWorkbook(PathOf(arguments.file)))
+        return sheetFormat;
     if (arguments.format.empty())
         return ofExtension(QFileInfo(PathOf(arguments.file)).suffix());
     const QString name = QString::fromStdString(arguments.format).trimmed().toUpper();
@@ -81,7 +87,10 @@ int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inpu
     if (format.isEmpty())
         return WrongUsage(command, Texts::tr("the format is not clear"),
                           Texts::tr("add -f FORMAT; zyn formats lists them"));
-    if (!CExportServiceReport::ValidFormat(format))
+    if (format == sheetFormat && arguments.file.empty())
+        return WrongUsage(command, Texts::tr("a workbook takes all measurements"),
+                          Texts::tr("give -o FILE instead of -d FOLDER"));
+    if (format != sheetFormat && !CExportServiceReport::ValidFormat(format))
         return WrongUsage(command, Texts::tr("there is no format '%1'").arg(format),
                           Texts::tr("zyn formats lists them"));
     if (PathOf(arguments.file).endsWith(QLatin1String(".gz")))
@@ -90,7 +99,7 @@ int CheckUsage(const Arguments& arguments, const QString& format, qsizetype inpu
     if (IsStandardOutput(PathOf(arguments.file)) && arguments.json)
         return WrongUsage(command, Texts::tr("-o - and --json both want standard output"),
                           Texts::tr("leave one of them away"));
-    if (!arguments.file.empty() && inputs > 1 && !IsLotFile(arguments, format))
+    if (!arguments.file.empty() && inputs > 1 && format != sheetFormat && !IsLotFile(arguments, format))
         return WrongUsage(command, Texts::tr("several reports do not fit into one %1 file").arg(format),
                           Texts::tr("give -d FOLDER instead of -o FILE"));
     return ExitGood;
@@ -227,8 +236,10 @@ int ConvertToFiles(const QList<Input>& inputs, const Arguments& arguments, const
 int Run(const Arguments& arguments, const Manners& manners)
 {
     QList<Problem> unreadable;
-    const QList<Input> inputs = ExpandInputs(arguments.inputs, ReportExtensions(), &unreadable);
     const QString format = FormatOf(arguments);
+    const bool isSheet = format == sheetFormat;
+    const QList<Input> inputs =
+        ExpandInputs(arguments.inputs, isSheet ? RunExtensions() : ReportExtensions(), &unreadable);
     if (const int usage = CheckUsage(arguments, format, inputs.size()))
         return usage;
 
@@ -239,7 +250,7 @@ int Run(const Arguments& arguments, const Manners& manners)
         unread.problem = problem;
     }
     const bool isLot = IsLotFile(arguments, format);
-    if (isLot) {
+    if (isLot || isSheet) {
         if (const std::optional<Problem> refusal = InputFiles(inputs).Refusal(PathOf(arguments.file))) {
             PrintProblem(*refusal);
             return ExitFailed;
@@ -247,6 +258,8 @@ int Run(const Arguments& arguments, const Manners& manners)
     }
     if (isLot)
         conversions += AppendToLot(inputs, PathOf(arguments.file), {arguments.all, arguments.again}, manners);
+    else if (isSheet)
+        conversions += WriteValueSheet(inputs, PathOf(arguments.file), arguments.force, manners);
     else if (const int code = ConvertToFiles(inputs, arguments, format, manners, &conversions))
         return code;
 
@@ -300,6 +313,7 @@ Command ConvertCommand(CommandLine& zyn, const Manners& manners)
     convert.Footer({}, {"zyn convert panel-0007.zyr -o panel-0007.html --logo logo.png",
                         "zyn convert lot/ -d csv -f csv",
                         "zyn convert lot/ -o lot.stdf        " + Texts::tr("adds a part for each report"),
+                        "zyn convert lot/ -o lot.xlsx        " + Texts::tr("all measurements, a row each"),
                         "ssh tester cat last.zyr | zyn convert - -o last.pdf"});
     return {convert, [=, &manners] { return Run(*arguments, manners); },
             [=] { return FormatOf(*arguments) == QLatin1String("PDF"); }};

@@ -1,8 +1,11 @@
 #include "commands/Command.h"
 #include "files/SafeOutput.h"
+#include "files/Workbook.h"
 #include "kinds/ReportFile.h"
+#include "loading/InputRuns.h"
 #include "loading/LoadAccount.h"
 #include "lots/CountedSets.h"
+#include "lots/FigureSheet.h"
 #include "lots/LotReader.h"
 #include "questions/Summary.h"
 #include "terminal/Terminal.h"
@@ -21,6 +24,7 @@ namespace ZYN::Tool {
 namespace {
 
 const QString command = QStringLiteral("statistics");
+const QString sheetFormat = QStringLiteral("XLSX");
 
 struct Arguments {
     std::vector<std::string> inputs;
@@ -35,6 +39,8 @@ QString FormatOf(const Arguments& arguments)
 {
     if (!arguments.format.empty())
         return QString::fromStdString(arguments.format).trimmed().toUpper();
+    if (IsWorkbook(PathOf(arguments.file)))
+        return sheetFormat;
     // Only the end of the name counts, whatever its folders are called.
     return CExportServiceStatistics::FormatForExtension(QLatin1Char('.') +
                                                         QFileInfo(PathOf(arguments.file)).suffix().toLower());
@@ -53,11 +59,12 @@ int CheckUsage(const Arguments& arguments, const QString& format)
         return WrongUsage(command, Texts::tr("-o - and --json both want standard output"),
                           Texts::tr("leave one of them away"));
     if (format.isEmpty())
-        return WrongUsage(command, Texts::tr("the format is not clear"), Texts::tr("add -f CSV or -f XML"));
+        return WrongUsage(command, Texts::tr("the format is not clear"),
+                          Texts::tr("add -f CSV, -f XML or -f XLSX"));
     CExportServiceStatistics service;
-    if (!service.SetFormat(format))
+    if (format != sheetFormat && !service.SetFormat(format))
         return WrongUsage(command, Texts::tr("there are no statistics as %1").arg(format),
-                          Texts::tr("choose CSV or XML"));
+                          Texts::tr("choose CSV, XML or XLSX"));
     return ExitGood;
 }
 
@@ -66,6 +73,10 @@ std::optional<Problem> Write(const LotReader& lot, const Arguments& arguments, S
 {
     if (!output)
         return std::nullopt;
+    if (FormatOf(arguments) == sheetFormat)
+        return WriteFigureSheet(*lot.GetReport(), arguments.scaled, output->TemporaryName())
+                   ? output->WriteProblem()
+                   : output->Commit();
     CExportServiceStatistics service;
     service.SetFormat(FormatOf(arguments));
     service.SetUseScaledData(arguments.scaled);
@@ -173,7 +184,8 @@ Command StatisticsCommand(CommandLine& zyn, const Manners& manners)
         .Value("-o,--output", arguments->file,
                Texts::tr("File for the figures; its extension chooses the format; - for standard output"))
         .Named(Texts::tr("FILE"));
-    statistics.Value("-f,--format", arguments->format, Texts::tr("CSV or XML")).Named(Texts::tr("FORMAT"));
+    statistics.Value("-f,--format", arguments->format, Texts::tr("CSV, XML or XLSX"))
+        .Named(Texts::tr("FORMAT"));
     statistics.Flag("--scaled", arguments->scaled, Texts::tr("Values with the prefixes of their units"));
     statistics.Flag("--json", arguments->json,
                     Texts::tr("For programs: the summary as a JSON object a program and line"));

@@ -28,6 +28,11 @@ QString Shortened(const QString& text)
 
 } // namespace
 
+bool IsWorkbook(const QString& path)
+{
+    return path.endsWith(QLatin1String(".xlsx"), Qt::CaseInsensitive);
+}
+
 void Workbook::Freed::operator()(lxw_workbook* workbook) const
 {
     lxw_workbook_free(workbook);

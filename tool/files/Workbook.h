@@ -14,6 +14,9 @@ struct lxw_format;
 
 namespace ZYN::Tool {
 
+/// Whether a file is a workbook, by its extension.
+bool IsWorkbook(const QString& path);
+
 /// A cell of a sheet: nothing, a number, or a text that stays one ("2.4.1" is no date).
 struct SheetCell {
     std::variant<std::monostate, double, QString> value;

@@ -1,18 +1,9 @@
 #include "loading/RunLoader.h"
 
-#include "files/Parallel.h"
-#include "kinds/LotFile.h"
-#include "kinds/ReportFile.h"
-#include "loading/RunQueue.h"
+#include "loading/InputRuns.h"
 #include "terminal/Progress.h"
-#include "terminal/Texts.h"
-
-#include "runs/StdfRuns.h"
 
 #include <QtCore/QElapsedTimer>
-#include <QtCore/QFile>
-
-#include <atomic>
 
 namespace ZYN::Tool {
 
@@ -20,64 +11,6 @@ namespace {
 
 constexpr qsizetype RunsOfBatch = 100;
 constexpr qint64 MillisecondsOfBatch = 1000;
-constexpr qsizetype RunsWaiting = 2 * RunsOfBatch;
-
-Problem ProblemOf(const Input& input, const RunFault& fault)
-{
-    QString text = QString::fromStdString(fault.text);
-    if (fault.offset >= 0)
-        text = AtOffset(fault.offset, text);
-    if (fault.column > 0)
-        text = Texts::tr("column %1: %2").arg(QString::number(fault.column), text);
-    return {input.name, fault.line, text, {}};
-}
-
-// \return false when nobody takes any more
-bool ReadReport(ReportRuns& reports, const std::string& path, const Input& input, qsizetype index,
-                RunQueue* queue)
-{
-    RunQueue::Piece piece{.isLast = true};
-    if (const std::optional<RunFault> fault = reports.ReadFile(path, &piece.runs))
-        piece.problem = ProblemOf(input, *fault);
-    for (Run& run : piece.runs)
-        run.source = input.name.toStdString();
-    return queue->Put(index, std::move(piece));
-}
-
-// A lot may hold any number of runs. What stands before damage is taken.
-bool ReadLot(StdfRuns& lots, const std::string& path, const Input& input, qsizetype index, RunQueue* queue)
-{
-    RunQueue::Piece piece;
-    bool goesOn = true;
-    const std::optional<RunFault> fault = lots.ReadFile(path, [&](Run&& run) {
-        run.source = input.name.toStdString();
-        piece.runs.push_back(std::move(run));
-        if (qsizetype(piece.runs.size()) >= RunsOfBatch)
-            goesOn = queue->Put(index, std::exchange(piece, {}));
-        return goesOn;
-    });
-    if (!goesOn)
-        return false;
-    if (fault)
-        piece.problem = ProblemOf(input, *fault);
-    piece.isLast = true;
-    return queue->Put(index, std::move(piece));
-}
-
-// Reads inputs one after the other until there are none, or nobody takes their runs.
-void ReadInputs(const QList<Input>& inputs, std::atomic<qsizetype>* next, RunQueue* queue)
-{
-    ReportRuns reports;
-    StdfRuns lots;
-    for (qsizetype index = (*next)++; index < inputs.size(); index = (*next)++) {
-        const Input& input = inputs.at(index);
-        const std::string path = QFile::encodeName(input.path).toStdString();
-        const bool goesOn = StdfRuns::IsStdf(path) ? ReadLot(lots, path, input, index, queue)
-                                                   : ReadReport(reports, path, input, index, queue);
-        if (!goesOn)
-            return;
-    }
-}
 
 // Collects inputs until they are worth a transaction.
 class Batch {
@@ -94,12 +27,12 @@ public:
                (!m_inputs.empty() && m_timer.elapsed() >= MillisecondsOfBatch);
     }
 
-    void Append(const Input& input, RunQueue::Piece piece)
+    void Append(InputRuns::Piece piece)
     {
         if (m_inputs.empty())
             m_timer.start();
         if (m_inputs.empty() || m_inputs.back().isComplete)
-            m_inputs.push_back({.loaded = {.input = &input}});
+            m_inputs.push_back({.loaded = {.input = piece.input}});
         Part& part = m_inputs.back();
         part.loaded.problem = std::move(piece.problem);
         part.runs += piece.runs.size();
@@ -186,39 +119,27 @@ private:
 
 } // namespace
 
-QStringList RunExtensions()
-{
-    return ReportExtensions() + LotExtensions();
-}
-
 std::optional<Problem> LoadRuns(Archive& archive, const QList<Input>& inputs, bool showProgress,
                                 const std::function<void(const LoadedInput&)>& tell)
 {
-    RunQueue queue(RunsWaiting);
-    std::atomic<qsizetype> next = 0;
-    std::vector<std::jthread> readers;
-    for (qsizetype i = 0; i < qMin(qsizetype(AllCores()), inputs.size()); ++i)
-        readers.emplace_back([&] { ReadInputs(inputs, &next, &queue); });
-
+    InputRuns runs(inputs);
     Progress progress(inputs.size(), showProgress);
     Batch batch(archive, tell);
     std::optional<Problem> failure;
-    for (qsizetype index = 0; index < inputs.size(); ++index) {
-        if (failure) {
-            tell({.input = &inputs.at(index), .problem = failure});
-            continue;
+    qsizetype told = 0;
+    while (!runs.IsAtEnd() && !failure) {
+        InputRuns::Piece piece = runs.Take();
+        const bool isComplete = piece.isLast;
+        batch.Append(std::move(piece));
+        if (batch.IsFull() || runs.IsAtEnd())
+            failure = batch.Write();
+        if (isComplete || failure) {
+            progress.Step();
+            ++told;
         }
-        for (bool isComplete = false; !isComplete && !failure;) {
-            RunQueue::Piece piece = queue.Take();
-            isComplete = piece.isLast;
-            batch.Append(inputs.at(index), std::move(piece));
-            if (batch.IsFull() || (isComplete && index + 1 == inputs.size()))
-                failure = batch.Write();
-        }
-        progress.Step();
-        if (failure)
-            queue.Close();
     }
+    for (; told < inputs.size(); ++told)
+        tell({.input = &inputs.at(told), .problem = failure});
     return failure;
 }
 

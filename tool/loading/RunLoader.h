@@ -18,9 +18,6 @@ struct LoadedInput {
         {}; ///< then none of its runs is in the archive; of a damaged lot those before the damage are
 };
 
-/// Extensions of what holds runs, as searched for in folders.
-QStringList RunExtensions();
-
 /// Puts the runs of inputs into an archive, in the order of the inputs. They are read on all cores; what
 /// waits to be written is bounded. Written is on the caller's thread, in transactions of about 100 runs or a
 /// second; the runs of a report come into one. An input that fails does not stop the rest. \param tell called

@@ -1,5 +1,6 @@
 #include "loading/RunSource.h"
 
+#include "loading/InputRuns.h"
 #include "loading/LoadAccount.h"
 #include "terminal/Texts.h"
 

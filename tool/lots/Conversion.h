@@ -1,8 +1,10 @@
 #pragma once
 
+#include "files/Inputs.h"
 #include "lots/LotWriter.h"
 #include "terminal/Problem.h"
 
+#include <QtCore/QList>
 #include <QtCore/QMap>
 #include <QtCore/QString>
 
@@ -19,5 +21,14 @@ struct Conversion {
     QMap<QString, int> without = {};  ///< units that gave no part to the lot, by the reason
     QString beyondAscii = {};         ///< the first such text of the report's parts
 };
+
+/// When nothing can be made of any input, for the same reason.
+inline QList<Conversion> RefuseAll(const QList<Input>& inputs, const Problem& problem)
+{
+    QList<Conversion> conversions;
+    for (const Input& input : inputs)
+        conversions.append({input.name, {}, problem});
+    return conversions;
+}
 
 } // namespace ZYN::Tool

@@ -47,14 +47,6 @@ Conversion Add(const Report& report, const QString& name, LotWriter& writer)
     return {name, entry.file, entry.problem, entry, report.parts->without, report.parts->beyondAscii};
 }
 
-QList<Conversion> RefuseAll(const QList<Input>& inputs, const Problem& problem)
-{
-    QList<Conversion> conversions;
-    for (const Input& input : inputs)
-        conversions.append({input.name, {}, problem});
-    return conversions;
-}
-
 // Number of parts in a file, complete ones and one that a crash cut off.
 int CountParts(const QString& path)
 {

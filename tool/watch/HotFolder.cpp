@@ -1,5 +1,6 @@
 #include "watch/HotFolder.h"
 
+#include "loading/InputRuns.h"
 #include "loading/RunLoader.h"
 #include "terminal/Problem.h"
 #include "terminal/Texts.h"

@@ -1,19 +1,16 @@
 #pragma once
 
-#include "terminal/Problem.h"
-
-#include "runs/Run.h"
-
-#include <QtCore/QtGlobal>
+#include "runs/ReportRuns.h"
 
 #include <condition_variable>
+#include <cstddef>
 #include <deque>
 #include <map>
 #include <mutex>
 #include <optional>
 #include <vector>
 
-namespace ZYN::Tool {
+namespace ZYN {
 
 /// Brings the runs of inputs that are read side by side into the order of the inputs, and makes who reads
 /// wait for who takes: what waits here is bounded, however many inputs there are.
@@ -23,18 +20,18 @@ class RunQueue {
 public:
     struct Piece {
         std::vector<Run> runs = {};
-        std::optional<Problem> problem = {}; ///< why there are no more, in the last piece
+        std::optional<RunFault> fault = {}; ///< why there are no more, in the last piece
         bool isLast = false;
     };
 
     /// \param runs that wait at most, beside one piece of each thread
-    explicit RunQueue(qsizetype runs)
+    explicit RunQueue(std::size_t runs)
         : m_limit(runs)
     {
     }
 
     /// \return false when nobody takes any more
-    bool Put(qsizetype input, Piece piece)
+    bool Put(std::size_t input, Piece piece)
     {
         std::unique_lock lock(m_mutex);
         // The input that is taken next never waits for those behind it.
@@ -43,7 +40,7 @@ public:
         });
         if (m_isClosed)
             return false;
-        m_waiting += qsizetype(piece.runs.size());
+        m_waiting += piece.runs.size();
         m_pieces[input].push_back(std::move(piece));
         m_changed.notify_all();
         return true;
@@ -57,7 +54,7 @@ public:
         std::deque<Piece>& pieces = m_pieces[m_next];
         Piece piece = std::move(pieces.front());
         pieces.pop_front();
-        m_waiting -= qsizetype(piece.runs.size());
+        m_waiting -= piece.runs.size();
         if (piece.isLast)
             m_pieces.erase(m_next++);
         m_changed.notify_all();
@@ -75,11 +72,11 @@ public:
 private:
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::map<qsizetype, std::deque<Piece>> m_pieces; // by input
-    qsizetype m_waiting = 0;
-    qsizetype m_next = 0;
+    std::map<std::size_t, std::deque<Piece>> m_pieces; // by input
+    std::size_t m_waiting = 0;
+    std::size_t m_next = 0;
     bool m_isClosed = false;
-    const qsizetype m_limit;
+    const std::size_t m_limit;
 };
 
-} // namespace ZYN::Tool
+} // namespace ZYN
