@@ -170,6 +170,28 @@ struct HistoryRow {
 /// Whether a measurement is meant by a name: its own, its ident, its path or the end of that.
 ZYNARCHIVE_EXPORT bool FitsMeasurement(const QString& name, const QString& ident, const QString& path);
 
+/// A run that something was measured in.
+struct MeasuredRun {
+    RunPlace place;
+    std::optional<std::int64_t> start = {}; ///< ms since 1970, UTC; none if it cannot be read
+};
+
+/// What was measured of one component under one set of limits, as arrays: what stands at one index of them
+/// belongs together, in order of time.
+struct ValueSeries {
+    AnswerGroup group; ///< the program, where the chosen runs are of several
+    QString ident, path, unit;
+    std::optional<double> lower, upper;
+    std::vector<double> values; ///< finite ones, in the unit
+    std::vector<std::int16_t> codes;
+    std::vector<std::uint32_t> runs; ///< index in `ValueArrays::runs`
+};
+
+struct ValueArrays {
+    std::vector<ValueSeries> series; ///< in the order that they first appear
+    std::vector<MeasuredRun> runs;   ///< all the chosen ones, in order of time
+};
+
 struct MeasureOptions {
     QStringList names; ///< names, idents or paths; empty: all, lowest CPK first
     bool values = false;
@@ -217,6 +239,11 @@ private:
     class Private;
     std::unique_ptr<Private> d;
 };
+
+/// The values of measurements, for programs that compute with them.
+/// \param names names, idents or paths; empty: all
+ZYNARCHIVE_EXPORT std::optional<ValueArrays> AskValues(const Archive& archive, const RunFilter& filter,
+                                                       const QStringList& names);
 
 ZYNARCHIVE_EXPORT std::optional<RunSpan> AskSpan(const Archive& archive, const RunFilter& filter);
 /// Units with a place on a wafer, by wafer, y and x.

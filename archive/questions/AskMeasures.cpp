@@ -44,7 +44,7 @@ public:
         const std::vector<std::optional<Figures::FoundDrift>> drifts = Figures::FindDrifts(tests);
         std::vector<Numbered> rows;
         for (std::size_t i = 0; i < series.size(); ++i)
-            if (IsWanted(series[i], options.names))
+            if (FitsAny(options.names, series[i].item.ident, series[i].item.path))
                 rows.push_back({RowOf(series[i], drifts[i], options.values), i});
         std::stable_sort(rows.begin(), rows.end(), [](const Numbered& one, const Numbered& other) {
             const MeasureRow& a = one.row;
@@ -70,13 +70,6 @@ public:
     }
 
 private:
-    static bool IsWanted(const MeasuredSeries& series, const QStringList& names)
-    {
-        return names.isEmpty() || std::any_of(names.begin(), names.end(), [&](const QString& name) {
-                   return FitsMeasurement(name, series.item.ident, series.item.path);
-               });
-    }
-
     const RunPlace& PlaceOf(const MeasuredSeries& series, std::size_t value) const
     {
         return m_reader.PlaceOf(series.runs[value]);
@@ -107,6 +100,13 @@ private:
 bool FitsMeasurement(const QString& name, const QString& ident, const QString& path)
 {
     return name == ident || name == path || path.endsWith(QLatin1String(" / ") + name);
+}
+
+bool FitsAny(const QStringList& names, const QString& ident, const QString& path)
+{
+    return names.isEmpty() || std::any_of(names.begin(), names.end(), [&](const QString& name) {
+               return FitsMeasurement(name, ident, path);
+           });
 }
 
 std::optional<std::vector<MeasureRow>> AskMeasures(const Archive& archive, const RunFilter& filter,

@@ -20,11 +20,12 @@ bool MeasuredItems::Read(const Programs& programs, const std::vector<qint64>& li
         const int dataType = query->value(3).toInt();
         Component& component = m_layouts[layout].emplace_back();
         component.identity = query->value(1).toString();
-        component.isNumber = query->value(2).toInt() == int(ComponentKind::Measurement) &&
-                             (dataType == 7 || dataType == 8); // integer, real
         component.item.program = programs.NameOf(layout);
         component.item.ident = query->value(4).toString();
         component.item.path = query->value(5).toString();
+        component.isWanted = query->value(2).toInt() == int(ComponentKind::Measurement) &&
+                             (dataType == 7 || dataType == 8) && // integer, real
+                             FitsAny(m_names, component.item.ident, component.item.path);
         component.item.unit = query->value(6).toString();
         component.item.style.factor = query->value(7).toInt();
         component.item.style.unitCode = query->value(8).toInt();
@@ -41,7 +42,7 @@ const MeasuredItems::Positions& MeasuredItems::Find(int layout, qint64 limits)
     const std::vector<Component>& components = m_layouts[layout];
     for (std::size_t i = 0; i < components.size(); ++i)
         found->second.push_back(
-            components[i].isNumber
+            components[i].isWanted
                 ? ItemOf(components[i], i < judgements.size() ? judgements[i] : Judgement())
                 : -1);
     return found->second;

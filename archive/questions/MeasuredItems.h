@@ -17,14 +17,19 @@ struct MeasuredItem {
     Judgement judgement;
 };
 
+/// Whether a measurement is meant by one of some names; without names all are.
+bool FitsAny(const QStringList& names, const QString& ident, const QString& path);
+
 /// Finds out which positions of arrays hold values of the same measurement, under the same limits.
 class MeasuredItems {
 public:
-    /// By position: the number of an item, or -1 for what is no measurement of numbers.
+    /// By position: the number of an item, or -1 for what is not wanted or no measurement of numbers.
     using Positions = std::vector<int>;
 
-    explicit MeasuredItems(const Archive& archive)
+    /// \param names of the measurements that are wanted; empty: all
+    explicit MeasuredItems(const Archive& archive, const QStringList& names = {})
         : m_archive(archive)
+        , m_names(names)
         , m_limits(archive)
     {
     }
@@ -37,9 +42,9 @@ public:
 
 private:
     struct Component {
-        QString identity; ///< on several servers one component has several numbers
-        bool isNumber = false;
-        MeasuredItem item; // without limits
+        QString identity;      ///< on several servers one component has several numbers
+        bool isWanted = false; // a measurement of numbers
+        MeasuredItem item;     // without limits
     };
     using Key = std::tuple<QString, QString, QString, std::optional<double>, std::optional<double>,
                            std::string, std::string, bool>;
@@ -47,6 +52,7 @@ private:
     int ItemOf(const Component& component, const Judgement& judgement);
 
     const Archive& m_archive;
+    const QStringList m_names;
     LimitSets m_limits;
     std::unordered_map<int, std::vector<Component>> m_layouts;
     std::map<Key, int> m_known;

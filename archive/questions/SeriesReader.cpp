@@ -2,14 +2,15 @@
 
 #include "archive/Archive.h"
 #include "archive/ArrayReader.h"
+#include "archive/StartOfRun.h"
 #include "runs/Run.h"
 
 namespace ZYN {
 
-SeriesReader::SeriesReader(const Archive& archive, const RunFilter& filter)
+SeriesReader::SeriesReader(const Archive& archive, const RunFilter& filter, const QStringList& names)
     : m_archive(archive)
     , m_runs(archive, filter, ChosenRuns::Of::All)
-    , m_items(archive)
+    , m_items(archive, names)
 {
 }
 
@@ -29,15 +30,19 @@ bool SeriesReader::Read()
 bool SeriesReader::ReadOrder()
 {
     std::optional<QSqlQuery> query =
-        m_runs.Select(QStringLiteral("r.id, u.serial, u.seen_ident, u.lot"), m_runs.JoinHome(), {},
+        m_runs.Select(QStringLiteral("r.id, u.serial, u.seen_ident, u.lot, r.start"), m_runs.JoinHome(), {},
                       QStringLiteral("ORDER BY ") + ChosenRuns::InOrder());
     while (query && query->next()) {
         m_order.emplace(query->value(0).toLongLong(), std::uint32_t(m_places.size()));
-        RunPlace& place = m_places.emplace_back();
+        MeasuredRun& run = m_places.emplace_back();
+        RunPlace& place = run.place;
         place.serial = query->value(1).toString();
         if (place.serial.isEmpty())
             place.serial = query->value(2).toString();
         place.lot = query->value(3).toString();
+        const std::int64_t start = query->value(4).toLongLong();
+        if (start != UnreadableStart)
+            run.start = start;
     }
     return query && IsComplete(m_archive, *query);
 }
@@ -75,7 +80,7 @@ bool SeriesReader::ReadRun(const QSqlQuery& row)
     const std::uint32_t run = place->second;
     const MeasuredItems::Positions& series = m_items.Find(row.value(1).toInt(), row.value(2).toLongLong());
     m_series.resize(m_items.GetItems().size());
-    m_places[run].start = row.value(3).toString();
+    m_places[run].place.start = row.value(3).toString();
     const QByteArray values = row.value(4).toByteArray();
     const QByteArray codes = row.value(5).toByteArray();
     std::vector<std::pair<int, double>> texts;

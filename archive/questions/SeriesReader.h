@@ -13,7 +13,8 @@ namespace ZYN {
 /// Arrays come in the order that the database likes best; the order of runs is asked before.
 class SeriesReader {
 public:
-    SeriesReader(const Archive& archive, const RunFilter& filter);
+    /// \param names of the measurements that are wanted; empty: all
+    SeriesReader(const Archive& archive, const RunFilter& filter, const QStringList& names = {});
 
     /// \return false where they cannot be read; the archive then says why
     bool Read();
@@ -21,7 +22,8 @@ public:
     /// The series, in the order of runs; in the order that they first appear.
     std::vector<MeasuredSeries>& GetSeries() { return m_series; }
     /// Where a run stands in time.
-    const RunPlace& PlaceOf(std::uint32_t run) const { return m_places[run]; }
+    const RunPlace& PlaceOf(std::uint32_t run) const { return m_places[run].place; }
+    std::vector<MeasuredRun>& GetRuns() { return m_places; }
     const Programs& GetPrograms() const { return m_programs; }
 
 private:
@@ -34,7 +36,7 @@ private:
     Programs m_programs;
     MeasuredItems m_items;
     std::unordered_map<qint64, std::uint32_t> m_order; // by id
-    std::vector<RunPlace> m_places;
+    std::vector<MeasuredRun> m_places;
     std::vector<MeasuredSeries> m_series; // by the number of the item, while arrays are read
 };
 

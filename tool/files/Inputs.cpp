@@ -1,6 +1,5 @@
 #include "files/Inputs.h"
 
-#include "files/FolderFiles.h"
 #include "terminal/Texts.h"
 
 #include <QtCore/QFile>
@@ -67,16 +66,22 @@ std::optional<Problem> CannotRead(const Input& input)
     return std::nullopt;
 }
 
+QString Below(const QString& folder, const QString& file)
+{
+    return folder.endsWith(QLatin1Char('/')) || file.isEmpty() ? folder + file
+                                                               : folder + QLatin1Char('/') + file;
+}
+
 QList<Input> FilesOfFolder(const Input& folder, const QStringList& extensions, QList<Problem>* problems)
 {
     FolderFiles found(extensions);
-    found.Search(folder.path, folder.name);
-    *problems += found.GetProblems();
-    if (found.GetFiles().isEmpty() && found.GetProblems().isEmpty())
-        problems->append({folder.name, 0,
-                          Texts::tr("holds no *.%1 file").arg(extensions.join(QLatin1String(", *."))),
-                          Texts::tr("name the files themselves if they are called otherwise")});
-    return found.GetFiles();
+    found.Search(folder.path);
+    for (const FolderFiles::Problem& problem : found.GetProblems())
+        problems->append({Below(folder.name, problem.file), 0, problem.what, problem.remedy});
+    QList<Input> inputs;
+    for (const QString& file : found.GetFiles())
+        inputs.append({Below(folder.path, file), Below(folder.name, file), file});
+    return inputs;
 }
 
 } // namespace
@@ -94,23 +99,6 @@ std::optional<Problem> InputFiles::Refusal(const QString& output) const
         return std::nullopt;
     return Problem{output, 0, Texts::tr("is an input as well"),
                    Texts::tr("choose another name for the output")};
-}
-
-bool IsUtf8(const QByteArray& name)
-{
-    return QFile::encodeName(QFile::decodeName(name)) == name;
-}
-
-QString ReadableName(const QByteArray& name)
-{
-    if (IsUtf8(name))
-        return QFile::decodeName(name);
-    QString readable;
-    for (const char byte : name) {
-        const auto code = static_cast<unsigned char>(byte);
-        readable += code < 0x80 ? QString(QLatin1Char(byte)) : QStringLiteral("\\x%1").arg(uint(code), 2, 16);
-    }
-    return readable;
 }
 
 QString PathOf(const std::string& argument)

@@ -2,6 +2,8 @@
 
 #include "terminal/Problem.h"
 
+#include "runs/files/FolderFiles.h"
+
 #include <QtCore/QByteArray>
 #include <QtCore/QList>
 #include <QtCore/QSet>
@@ -38,11 +40,6 @@ public:
 private:
     QSet<QString> m_paths;
 };
-
-/// Whether Qt can open a file by this name.
-bool IsUtf8(const QByteArray& name);
-/// A file name for people, with bytes that are no UTF-8 as "\xe4".
-QString ReadableName(const QByteArray& name);
 
 /// A path of the command line.
 QString PathOf(const std::string& argument);

@@ -9,6 +9,7 @@
 #include "kinds/TestPlanFile.h"
 #include "terminal/Texts.h"
 
+#include "runs/files/FolderFiles.h"
 #include "stdf/GzipDevice.h"
 
 #include <QtCore/QFile>

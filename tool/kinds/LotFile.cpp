@@ -32,15 +32,6 @@ Problem Damaged(const QString& name, const Stdf::Fault& fault)
 
 } // namespace
 
-QStringList LotExtensions()
-{
-    QStringList extensions;
-    for (const char* const packed : {"", ".gz", ".bz2", ".xz", ".zst"})
-        for (const char* const plain : {"stdf", "std"})
-            extensions.append(QLatin1String(plain) + QLatin1String(packed));
-    return extensions;
-}
-
 QString AtOffset(qint64 offset, const QString& why)
 {
     return Texts::tr("damaged at offset %1: %2").arg(QString::number(offset), why);

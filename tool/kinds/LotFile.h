@@ -12,9 +12,8 @@
 
 namespace ZYN::Tool {
 
-/// An STDF file of any source, also a compressed one, as a kind of file.
-/// Extensions, plain and compressed; without point.
-QStringList LotExtensions();
+// An STDF file of any source, also a compressed one, as a kind of file.
+
 /// "damaged at offset 1234: why".
 QString AtOffset(qint64 offset, const QString& why);
 bool LooksLikeLot(const QByteArray& head);

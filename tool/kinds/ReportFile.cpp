@@ -65,11 +65,6 @@ std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& n
     return test;
 }
 
-QStringList ReportExtensions()
-{
-    return {QStringLiteral("zyr"), QStringLiteral("zyr.gz")};
-}
-
 bool LooksLikeReport(const QByteArray& head)
 {
     return head.contains("<TestReport");

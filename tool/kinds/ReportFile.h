@@ -4,7 +4,6 @@
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
-#include <QtCore/QStringList>
 
 #include <memory>
 #include <optional>
@@ -31,8 +30,6 @@ inline QString IncompleteText()
 std::unique_ptr<UUTTest> ReadDamagedReport(const QString& path, const QString& name,
                                            std::optional<Problem>* problem);
 
-/// Extensions of XML reports, plain and compressed; without point.
-QStringList ReportExtensions();
 /// Whether a file that begins so, decompressed, is an XML report.
 bool LooksLikeReport(const QByteArray& head);
 

@@ -1,7 +1,6 @@
 #include "loading/InputRuns.h"
 
 #include "kinds/LotFile.h"
-#include "kinds/ReportFile.h"
 #include "terminal/Texts.h"
 
 #include <QtCore/QFile>

@@ -6,10 +6,9 @@
 #include "terminal/Progress.h"
 
 #include "archive/Questions.h"
+#include "runs/files/RunItems.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
 namespace ZYN::Tool {
@@ -34,33 +33,15 @@ SheetCell Number(double number)
     return std::isnan(number) ? SheetCell() : SheetCell{number};
 }
 
-SheetCell Number(const std::optional<int>& number)
+template <typename Some>
+SheetCell Number(const std::optional<Some>& number)
 {
     return number ? SheetCell{double(*number)} : SheetCell();
 }
 
-/// The number that a duration was written as: 0.0123, not the double next to the float next to it.
-SheetCell Seconds(float seconds)
-{
-    if (std::isnan(seconds))
-        return {};
-    std::array<char, 32> digits;
-    const char* const end = std::to_chars(digits.begin(), digits.end(), seconds).ptr;
-    double number = double(seconds);
-    std::from_chars(digits.begin(), end, number);
-    return {number};
-}
-
-/// The text of a position; null where it has none.
-const std::string* Find(const Run::Texts& texts, std::uint32_t position)
-{
-    const auto found = std::ranges::lower_bound(texts, position, {}, &Run::Texts::value_type::first);
-    return found != texts.end() && found->first == position ? &found->second : nullptr;
-}
-
 SheetCell NumberOrText(const std::vector<double>& numbers, const Run::Texts& texts, std::uint32_t position)
 {
-    const std::string* const text = Find(texts, position);
+    const std::string* const text = FindText(texts, position);
     return text ? Text(*text) : Number(numbers[position]);
 }
 
@@ -80,8 +61,7 @@ public:
         const QList<SheetCell> head = Head(run);
         const SheetCell source = Text(run.source);
         for (std::uint32_t position = 0; position < run.codes.size(); ++position)
-            if (run.codes[position] != Run::NoCode &&
-                run.layout->components[position].kind == ComponentKind::Measurement)
+            if (IsMeasuredAt(run, position))
                 m_workbook.Add(head + Measurement(run, position) + QList<SheetCell>{source});
     }
 
@@ -100,7 +80,7 @@ private:
         const int code = run.codes[position];
         SheetCell value = NumberOrText(run.values, run.texts, position);
         value.isBad = code < 0;
-        const std::string* const comment = Find(run.comments, position);
+        const std::string* const comment = FindText(run.comments, position);
         return {Text(component.path),
                 Text(component.ident),
                 value,
@@ -109,7 +89,7 @@ private:
                 run.limits ? NumberOrText(run.limits->upper, run.limits->upperTexts, position) : SheetCell(),
                 {VerdictOf(code), code < 0},
                 {double(code), code < 0},
-                Seconds(run.seconds[position]),
+                Number(SecondsAt(run, position)),
                 comment ? Text(*comment) : SheetCell()};
     }
 
