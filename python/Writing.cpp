@@ -1,0 +1,135 @@
+#include "Application.h"
+#include "Errors.h"
+#include "Recorder.h"
+
+#include <ZYNPersistence/CExportServiceReport.h>
+
+#include <QtCore/QFile>
+#include <QtCore/QFileInfo>
+#include <QtCore/QTemporaryDir>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+namespace ZYN::Python {
+
+namespace {
+
+QString NameOf(const std::filesystem::path& path)
+{
+    return QFile::decodeName(path.c_str());
+}
+
+[[noreturn]] void Refuse(const std::filesystem::path& path, const QString& why)
+{
+    Raise(Errors::Write, NameOf(path) + QStringLiteral(": ") + why);
+}
+
+QString ErrorText()
+{
+    return QString::fromLocal8Bit(std::strerror(errno));
+}
+
+/// An STDF lot that nobody else who locks it so adds to meanwhile.
+class Lock {
+public:
+    /// Waits until the lot is free.
+    explicit Lock(const std::filesystem::path& path)
+        : m_descriptor(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666))
+    {
+        while (m_descriptor >= 0 && flock(m_descriptor, LOCK_EX) != 0 && errno == EINTR) {
+        }
+    }
+    ~Lock()
+    {
+        if (m_descriptor >= 0)
+            close(m_descriptor);
+    }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+
+    bool IsGood() const { return m_descriptor >= 0; }
+
+private:
+    int m_descriptor;
+};
+
+/// \return why it could not be written in full; empty when it was
+QString Export(CExportServiceReport& service, UUTTest& test, bool all)
+{
+    const py::gil_scoped_release others;
+    service.SetIgnoreReportFlag(all);
+    if (service.Export(&test) && service.OutputComplete())
+        return {};
+    const QString why = service.GetErrorText() + service.GetOutputError();
+    return why.isEmpty() ? QStringLiteral("not everything could be written") : why;
+}
+
+QString FormatOf(const std::filesystem::path& path, const QString& format)
+{
+    const QString extension = QFileInfo(NameOf(path)).suffix().toLower();
+    QString found =
+        format.isEmpty() ? CExportServiceReport::FormatForExtension(QLatin1Char('.') + extension) : format;
+    if (CExportServiceReport::ValidFormat(found))
+        return found.toUpper();
+    QStringList known;
+    for (const ReportFormat& one : CExportServiceReport::Formats())
+        known.append(QLatin1Char('.') + one.extension);
+    throw py::value_error(NameOf(path).toStdString() + ": the format is not clear; known are " +
+                          known.join(QStringLiteral(", ")).toStdString());
+}
+
+} // namespace
+
+void Save(UUTTest& test, const std::filesystem::path& path, const QString& format, bool all)
+{
+    CExportServiceReport service;
+    service.SetFormat(FormatOf(path, format));
+    if (FormatOf(path, format) == QLatin1String("PDF"))
+        NeedApplication();
+    std::error_code error;
+    const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
+    if (error || (std::filesystem::exists(target, error) && !std::filesystem::is_regular_file(target, error)))
+        Refuse(path, QStringLiteral("is no file"));
+    // In the same folder, so that it gets its name in one step.
+    const QTemporaryDir folder(NameOf(target.parent_path() / ".zyn-XXXXXX"));
+    if (!folder.isValid())
+        Refuse(path, folder.errorString());
+    const QString written = folder.filePath(NameOf(target.filename()));
+    service.SetOutputFileName(written);
+    const QString why = Export(service, test, all);
+    if (!why.isEmpty())
+        Refuse(path, why);
+    if (std::rename(QFile::encodeName(written), target.c_str()) != 0)
+        Refuse(path, ErrorText());
+}
+
+std::string Append(UUTTest& test, const std::filesystem::path& path, bool all)
+{
+    const QString format = FormatOf(path, QString());
+    const QList<ReportFormat> formats = CExportServiceReport::Formats();
+    if (std::none_of(formats.begin(), formats.end(),
+                     [&](const ReportFormat& one) { return one.name == format && one.takesManyReports; }))
+        throw py::value_error(NameOf(path).toStdString() + ": takes one report; save() writes it");
+    std::unique_ptr<Lock> lock;
+    {
+        const py::gil_scoped_release others;
+        lock = std::make_unique<Lock>(path);
+    }
+    if (!lock->IsGood())
+        Refuse(path, ErrorText());
+    CExportServiceReport service;
+    service.SetFormat(format);
+    service.SetOutputFileName(NameOf(path));
+    const QString why = Export(service, test, all);
+    if (!why.isEmpty())
+        Refuse(path, why);
+    return QFile::encodeName(service.GetWrittenFileName()).toStdString();
+}
+
+} // namespace ZYN::Python
