@@ -3,6 +3,7 @@
 #   Development  headers, package files for CMake and pkg-config
 #   Runs, RunsDevelopment, Archive, ArchiveDevelopment  the same of libraries that not everyone needs
 #   Tool         zyn with its data: schemas, media folder, the service that watches a folder
+#   Python       the Python module, by python/CMakeLists.txt
 include(CMakePackageConfigHelpers)
 
 

@@ -5,7 +5,10 @@ set(CPACK_PACKAGE_VENDOR "ZYNPersistence maintainers")
 set(CPACK_PACKAGE_CONTACT "$ENV{DEBFULLNAME} <$ENV{DEBEMAIL}>")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
-set(CPACK_COMPONENTS_ALL Runtime Development Runs RunsDevelopment Archive ArchiveDevelopment Tool)
+if(NOT TARGET zyn_python)
+  message(FATAL_ERROR "The packages need pybind11-dev and python3-dev: scripts/setup --package")
+endif()
+set(CPACK_COMPONENTS_ALL Runtime Development Runs RunsDevelopment Archive ArchiveDevelopment Tool Python)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
@@ -77,6 +80,20 @@ set(CPACK_COMPONENT_TOOL_DEPENDS Runtime Archive)
 set(CPACK_COMPONENT_TOOL_DESCRIPTION "converts, shows and checks production-test results
 ${about}
 This package holds the command line tool zyn.")
+
+set(CPACK_DEBIAN_PYTHON_PACKAGE_NAME python3-zyn)
+set(CPACK_DEBIAN_PYTHON_PACKAGE_SECTION python)
+# Of the interpreter that it is built for, and no other.
+math(EXPR next_python "${ZYN_PYTHON_MINOR} + 1")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_DEPENDS
+  "python3 (>= 3.${ZYN_PYTHON_MINOR}), python3 (<< 3.${next_python}), python3-numpy, fonts-dejavu-core | fonts-liberation | fonts-freefont-ttf")
+set(CPACK_DEBIAN_PYTHON_PACKAGE_CONTROL_EXTRA
+  ${PROJECT_SOURCE_DIR}/packaging/debian/python/postinst ${PROJECT_SOURCE_DIR}/packaging/debian/python/prerm)
+set(CPACK_COMPONENT_PYTHON_DEPENDS Runtime Archive)
+set(CPACK_COMPONENT_PYTHON_DESCRIPTION "results of production tests in Python 3
+${about}
+This package holds the Python module zyn: runs of reports and lots as plain
+objects, archives of them as NumPy arrays, and a recorder for test stations.")
 
 # Changelog and copyright of each package, and which of lintian's warnings are known. Compressed without a time stamp: the same source gives the same
 # package.

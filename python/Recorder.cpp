@@ -6,9 +6,6 @@
 
 #include <ZYNCommon/ProductType.h>
 #include <ZYNCommon/ProductionLot.h>
-#include <ZYNCommon/TestMeasurement.h>
-#include <ZYNCommon/TestResult.h>
-#include <ZYNCommon/TestResultSet.h>
 #include <ZYNCommon/UnitUnderTest.h>
 #include <ZYNCommon/WorkSpace.h>
 #include <ZYNCommon/ZYNSession.h>
@@ -147,7 +144,7 @@ void AddMeasuring(Class& recorder)
                                            LimitsOf(name, {lower, upper, expected, nominal, unit, prefix,
                                                            lowerOperator, upperOperator, integer})));
                 Remark(own, comment, attribute, duration);
-                return own.HasPassedLast();
+                return own.Own().GetLastResult() >= 0;
             },
             py::arg("name"), py::arg("value"), py::kw_only(), py::arg("lower") = py::none(),
             py::arg("upper") = py::none(), py::arg("unit") = QString(), py::arg("prefix") = QString(),
@@ -226,15 +223,6 @@ void Recorder::Need(bool good) const
 {
     if (!good)
         Raise(Errors::Record, m_recorder->GetErrorText());
-}
-
-bool Recorder::HasPassedLast() const
-{
-    const QList<TestResult*>& results = m_recorder->GetTest()->GetResultSets().constLast()->GetResults();
-    const auto last = std::find_if(results.crbegin(), results.crend(), [](const TestResult* result) {
-        return qobject_cast<const TestMeasurement*>(result->GetComponent().data());
-    });
-    return last != results.crend() && (*last)->GetResult() >= 0;
 }
 
 UUTTest& Recorder::End()

@@ -25,8 +25,6 @@ public:
     const std::shared_ptr<RunRecorder>& Shared() const { return m_recorder; }
     bool IsItem() const { return bool(m_panel); }
     bool IsEnded() const { return !m_test.isNull(); }
-    /// The verdict of what was measured last.
-    bool HasPassedLast() const;
 
     /// The test, which it ends if nobody did before. Of the whole panel.
     UUTTest& End();

@@ -332,6 +332,12 @@ bool RunRecorder::SkipStep()
     return Skip(d->run->Step());
 }
 
+EN_ZYN_RESULT RunRecorder::GetLastResult() const
+{
+    const TestResult* const last = d->run ? d->run->Last() : nullptr;
+    return last ? last->GetResult() : ZYN_RESULT_NOT_TESTED;
+}
+
 bool RunRecorder::SetComment(const QString& comment)
 {
     if (!d->run || !d->run->Last())

@@ -77,6 +77,9 @@ public:
     /// Files the current step as not tested.
     bool SkipStep();
 
+    /// The verdict of what was recorded last in this run; not tested where nothing was.
+    EN_ZYN_RESULT GetLastResult() const;
+
     /// Of what was recorded last: measurement, parameter or what was skipped.
     bool SetComment(const QString& comment);
     bool SetAttribute(const QString& attribute);
