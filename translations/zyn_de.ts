@@ -551,10 +551,6 @@
         <translation>die Verbindung zum Server ging verloren; was vorher aufgenommen wurde, ist da; noch einmal versuchen</translation>
     </message>
     <message>
-        <source>%1: the start &apos;%2&apos; of unit &apos;%3&apos; cannot be read; its run comes last</source>
-        <translation>%1: der Beginn &apos;%2&apos; von Prüfling &apos;%3&apos; ist nicht lesbar; sein Lauf kommt zuletzt</translation>
-    </message>
-    <message>
         <source>serial &apos;%1&apos; of product &apos;%2&apos; stands in several lots (%3) and counts as several units; --across-lots joins them</source>
         <translation>Seriennummer &apos;%1&apos; des Produkts &apos;%2&apos; steht in mehreren Losen (%3) und zählt als mehrere Prüflinge; --across-lots verbindet sie</translation>
     </message>
@@ -593,6 +589,26 @@
     <message>
         <source>is an archive of version %1, and this program needs version %2; bring it up to date with zyn archive upgrade %3</source>
         <translation>ist ein Archiv der Version %1, und dieses Programm braucht Version %2; mit zyn archive upgrade %3 auf den Stand bringen</translation>
+    </message>
+    <message>
+        <source>a server that keeps some of the products is away; try again later, or ask with --product about others</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a unit without serial</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>unit &apos;%1&apos;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: the run of %2 has no start; it comes last</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: the start &apos;%2&apos; of %3 cannot be read; its run comes last</source>
+        <translation type="unfinished"></translation>
     </message>
 </context>
 <context>
@@ -1442,16 +1458,8 @@ Rückgabewerte: 0 gut, 1 etwas ist gescheitert (der Rest ist getan), 2 falscher 
         <translation>Weitere Schritte mit je zehn Messungen</translation>
     </message>
     <message>
-        <source>add -f CSV or -f XML</source>
-        <translation>-f CSV oder -f XML angeben</translation>
-    </message>
-    <message>
         <source>there are no statistics as %1</source>
         <translation>Statistik als %1 gibt es nicht</translation>
-    </message>
-    <message>
-        <source>choose CSV or XML</source>
-        <translation>CSV oder XML wählen</translation>
     </message>
     <message numerus="yes">
         <source>and %n remarks more; -v shows all</source>
@@ -1471,10 +1479,6 @@ Rückgabewerte: 0 gut, 1 etwas ist gescheitert (der Rest ist getan), 2 falscher 
     <message>
         <source>Summarise the reports of a lot</source>
         <translation>Fasst die Berichte eines Loses zusammen</translation>
-    </message>
-    <message>
-        <source>CSV or XML</source>
-        <translation>CSV oder XML</translation>
     </message>
     <message>
         <source>Values with the prefixes of their units</source>
@@ -1988,14 +1992,6 @@ Anteile beziehen sich auf alle ersten Fehler.</translation>
     <message>
         <source>With every value</source>
         <translation>Mit jedem Wert</translation>
-    </message>
-    <message>
-        <source>Without a name all measurements are listed, the lowest CPK first. A drift is a trend or a step
-that is significant at 1 % after a correction for all measurements of the question, and at
-least half a sigma; rules (Nelson, 1984) only mark points.</source>
-        <translation>Ohne Namen werden alle Messungen aufgeführt, der kleinste CPK zuerst. Eine Drift ist ein Trend oder
-Sprung, der nach Korrektur für alle Messungen der Frage auf 1 % signifikant und mindestens ein halbes
-Sigma groß ist; Regeln (Nelson, 1984) kennzeichnen nur Punkte.</translation>
     </message>
     <message>
         <source>%1: the format is not clear</source>
@@ -2845,6 +2841,49 @@ ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</tran
     <message>
         <source>the folder cannot be written to</source>
         <translation>in den Ordner kann nicht geschrieben werden</translation>
+    </message>
+    <message>
+        <source>Reports, STDF lots, folders of them, - for standard input, or other archives</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do not keep the names of those who tested</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>a workbook takes all measurements</source>
+        <translation>eine Arbeitsmappe nimmt alle Messwerte auf</translation>
+    </message>
+    <message>
+        <source>give -o FILE instead of -d FOLDER</source>
+        <translation>-o DATEI statt -d ORDNER angeben</translation>
+    </message>
+    <message>
+        <source>all measurements, a row each</source>
+        <translation>alle Messwerte, einer je Zeile</translation>
+    </message>
+    <message>
+        <source>--by and --values exclude each other</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Without a name all measurements are listed, the lowest CPK first. A drift is a trend or a step
+that is significant at 1 % after a correction for all measurements of the question, and at
+least half a sigma; rules (Nelson, 1984) only mark points. With --by there are figures only; an
+archive keeps those of days, which are answered without reading the values again.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>add -f CSV, -f XML or -f XLSX</source>
+        <translation>-f CSV, -f XML oder -f XLSX angeben</translation>
+    </message>
+    <message>
+        <source>choose CSV, XML or XLSX</source>
+        <translation>CSV, XML oder XLSX wählen</translation>
+    </message>
+    <message>
+        <source>CSV, XML or XLSX</source>
+        <translation>CSV, XML oder XLSX</translation>
     </message>
 </context>
 </TS>
