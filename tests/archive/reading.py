@@ -64,11 +64,7 @@ def limits_of(element, data_type):
     unit = element.find("Property[@Name='Unit']")
     code, factor = int(unit.get("Code")), int(unit.get("Factor"))
     base = {25: 16, 26: 2}.get(code)
-<<<<<<< HEAD
     prefix = {-12: "p", -9: "n", -6: "u", -3: "m", 3: "k", 6: "M"}.get(factor, "")
-=======
-    prefix = {-12: "p", -9: "n", -6: "u", -3: "m", 3: "k", 6: "M", 9: "G"}.get(factor, "")
->>>>>>> 793ef8d (Python module zyn: tests, examples, package, documents)
 
     def bound(name):
         return None if name not in said else said[name] if data_type == 9 else number(said[name], factor, base)

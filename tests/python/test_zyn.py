@@ -11,21 +11,34 @@ import sys
 import threading
 import time
 
-import lots
 import numpy
 import pytest
-import reading
-import stdf_lots
-import stdf_reading
 import zyn
 
-EXAMPLES = pathlib.Path(__file__).parents[2] / "examples" / "python"
+HERE = pathlib.Path(__file__).parents[1]
+sys.path.append(str(HERE / "archive"))
+import lots, reading, stdf_lots, stdf_reading  # noqa: E401, E402
+
+
+@pytest.fixture(scope="module")
+def tool():
+    # The sanitizers of the module are loaded before the interpreter; the tool brings its own.
+    environment = {name: text for name, text in os.environ.items() if name != "LD_PRELOAD"}
+    return lambda *arguments: subprocess.run([os.environ["ZYN_TOOL"], *map(str, arguments)], capture_output=True, text=True,
+                                             env=environment).stdout
+
+
+@pytest.fixture(scope="module")
+def lot(tmp_path_factory, tool):
+    folder = tmp_path_factory.mktemp("simulated") / "lot"
+    tool("simulate", "-q", "-d", folder, "--panels", 40, "--seed", 1)
+    return folder
 
 
 def same(found, wanted):
     if isinstance(wanted, float) and math.isnan(wanted):
         return math.isnan(found)
-    return found == (None if wanted == "" else float(wanted) if isinstance(found, float) else wanted)
+    return found == (None if wanted in (None, "") else float(wanted) if isinstance(found, float) else wanted)
 
 
 def check_runs(found, wanted):
@@ -40,28 +53,22 @@ def check_runs(found, wanted):
         assert [one.path for one in run.measurements] == [one.path for one in measured]
         for one, theirs in zip(run.measurements, measured):
             value = theirs.number if theirs.type != 9 else getattr(theirs, "text", "")
-            assert one.code == theirs.code and same(one.value, "" if value is None else value), (one, vars(theirs))
+            assert one.code == theirs.code and same(one.value, value), (one, vars(theirs))
             if theirs.limits:
-                assert one.unit == theirs.limits.unit
-                for limit, bound in (one.lower, theirs.limits.lower), (one.upper, theirs.limits.upper):
-                    assert same(limit, "" if bound is None else bound), (one, vars(theirs.limits))
+                assert one.unit == theirs.limits.unit, (one, vars(theirs.limits))
+                assert same(one.lower, theirs.limits.lower) and same(one.upper, theirs.limits.upper), (one, vars(theirs.limits))
 
 
-@pytest.mark.parametrize("seed", [1, 2, 3])
-def test_reports_are_what_a_slow_reader_finds(tmp_path, seed):
+@pytest.mark.parametrize("seed", [2, 3])
+def test_files_are_what_slow_readers_find(tmp_path, seed):
     for _, path in lots.write(seed, tmp_path, 10):
         try:
             wanted = reading.runs_of(path)
         except Exception:  # not made for every odd file
             continue
         check_runs(list(zyn.read(path)), wanted)
-
-
-@pytest.mark.parametrize("seed", [2, 3])
-def test_lots_are_what_a_slow_reader_finds(tmp_path, seed):
-    path = tmp_path / "lot.stdf"
-    stdf_lots.write(seed, str(path))
-    check_runs(list(zyn.read(path)), stdf_reading.read(str(path)))
+    stdf_lots.write(seed, str(tmp_path / "lot.stdf"))
+    check_runs(list(zyn.read(tmp_path / "lot.stdf")), stdf_reading.read(str(tmp_path / "lot.stdf")))
 
 
 def test_what_cannot_be_read_is_told_in_its_place(lot, tmp_path):
@@ -77,8 +84,9 @@ def test_what_cannot_be_read_is_told_in_its_place(lot, tmp_path):
     errors = []
     assert len(list(zyn.read(tmp_path, tmp_path / "none.zyr", on_error=errors.append))) > 2
     assert [pathlib.Path(one.file).name for one in errors] == ["2.zyr", "none.zyr"]
+    (tmp_path / "empty").mkdir()
     with pytest.raises(zyn.ReadError, match="holds no"):
-        next(zyn.read(tmp_path.parent / "empty" if (tmp_path.parent / "empty").mkdir() else tmp_path.parent / "empty"))
+        next(zyn.read(tmp_path / "empty"))
 
 
 def test_answers_are_those_of_the_tool(lot, tool, tmp_path):
@@ -97,13 +105,9 @@ def test_answers_are_those_of_the_tool(lot, tool, tmp_path):
         printed = [json.loads(line) for line in tool(*command, "--json").splitlines()]
         assert len(printed) == len(rows) > 0
         for line, row in zip(printed, rows):
-            for key, value in (line.pop("group", {}) | line).items():
-                mine = row[key]
-                if key == "rules":
-                    mine = [{k: v for k, v in hit.items() if k != "index"} for hit in mine]
-                if key == "drift" and mine:
-                    mine = {k: v for k, v in mine.items() if k != "index"}
-                assert mine == value, (command, key)
+            for hit in filter(None, [row.get("drift"), *row.get("rules", [])]):
+                del hit["index"]
+            assert row == line.pop("group", {}) | line, command
     with pytest.raises(zyn.ArchiveError, match="there is no measurement 'Curent'"):
         archive.measures("Curent")
     with pytest.raises(zyn.ArchiveError, match="none.zya"):
@@ -121,11 +125,9 @@ def test_values_are_arrays(lot):
     assert (numpy.diff(columns["start"]) >= numpy.timedelta64(0)).all()
     assert [columns[name].dtype.str[1:] for name in ("value", "code", "start")] == ["f8", "i2", "M8[ms]"]
     assert set(columns["unit"]) == {"V"} and (columns["lower"] < columns["upper"]).all()
-    run = runs[0]
-    values = run.values
-    assert [values[run.paths.index(one.path)] for one in run.measurements if isinstance(one.value, float)] == [
-        one.value for one in run.measurements if isinstance(one.value, float)]
-    assert not values.flags.owndata and not values.flags.writeable and len(run.codes) == len(values)
+    values, paths = runs[0].values, runs[0].paths
+    assert all(values[paths.index(one.path)] == one.value for one in runs[0].measurements if isinstance(one.value, float))
+    assert not values.flags.owndata and not values.flags.writeable and len(runs[0].codes) == len(values)
 
 
 def record(**texts):
@@ -199,7 +201,8 @@ def test_a_lot_waits_for_who_holds_it(tmp_path):
 
 def test_examples_run(lot, tmp_path):
     def run(name, argument, text=""):
-        done = subprocess.run([sys.executable, "-B", EXAMPLES / name, argument], input=text, capture_output=True, text=True)
+        path = HERE.parent / "examples" / "python" / name
+        done = subprocess.run([sys.executable, "-B", path, argument], input=text, capture_output=True, text=True)
         assert done.returncode == 0, done.stderr
         return done.stdout
     assert " sigma since " in run("drift.py", lot)
@@ -209,11 +212,7 @@ def test_examples_run(lot, tmp_path):
 
 def test_the_stub_has_every_name():
     stub = ast.parse(pathlib.Path(zyn.__file__).with_suffix(".pyi").read_text())
-    classes = {one.name: {part.name for part in one.body if isinstance(part, ast.FunctionDef)}
-               for one in stub.body if isinstance(one, ast.ClassDef)}
-    for name in zyn.__all__:
-        thing = getattr(zyn, name)
-        if isinstance(thing, type) and not issubclass(thing, Exception):
-            names = {part for part in vars(thing) if not part.startswith("_")}
-            assert names == {part for part in classes[name] if not part.startswith("_")}, name
-            assert all(getattr(thing, part).__doc__ is not None for part in names)
+    for one in (one for one in stub.body if isinstance(one, ast.ClassDef) and one.name in zyn.__all__):
+        found = {name for name in vars(getattr(zyn, one.name)) if not name.startswith("_")}
+        assert issubclass(getattr(zyn, one.name), Exception) or found == {
+            part.name for part in one.body if isinstance(part, ast.FunctionDef) and not part.name.startswith("_")}
