@@ -26,7 +26,7 @@ QSharedPointer<UnitUnderTest> UnitOf(const UnitTexts& texts)
 {
     const auto unit = QSharedPointer<UnitUnderTest>::create(0, texts.product);
     unit->SetSerialNo(texts.serial);
-    unit->SetIdentString(texts.ident);
+    unit->SetIdentString(texts.ident.isEmpty() ? texts.serial : texts.ident); // which STDF knows it by
     if (!texts.product.isEmpty())
         unit->SetProductType(QSharedPointer<ProductType>::create(1, texts.product));
     return unit;

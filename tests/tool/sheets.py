@@ -79,7 +79,7 @@ def check_measurements(reports, workbook):
                           "value": one.number if is_number(one.number) else one.text}
                 for title, value in wanted.items():
                     assert same(row[title], value), (run.serial, one.path, title, row[title].value, value)
-                color = row["value"].font.color
+                color = row["verdict"].font.color
                 assert bool(color and color.rgb == "FFFF0000") == (one.code < 0), (run.serial, one.path)
     assert next(rows, None) is None
 
