@@ -254,7 +254,8 @@ void AddRecorder(py::module_& module)
         py::arg("program"), py::kw_only(), py::arg("serial") = QString(), py::arg("ident") = QString(),
         py::arg("product") = QString(), py::arg("lot") = QString(), py::arg("station") = QString(),
         py::arg("operator") = QString(),
-        "The program is built on the way: groups, steps and measurements are numbered as they come.");
+        "ident: what a barcode reader read, else the serial. The program is built on the way: groups, steps "
+        "and measurements are numbered as they come.");
     recorder.def(
         "item",
         [](const std::shared_ptr<Recorder>& own, const QString& serial, const QString& ident,

@@ -92,11 +92,13 @@ def check_figures(file, workbook):
     for texts, row in zip(columns[1:], rows):
         wanted = dict(zip(titles, texts))
         assert f'="{row["ident"].value}"' == wanted["Ident"] and row["ident"].data_type == "s", wanted
+        if wanted["Unit"] in ("hex", "bin"):
+            continue  # the CSV file has their digits
         for title, name in {"Pass": "passed", "Fail": "failed", "Average": "mean", "Sigma": "sigma", "CPK": "cpk",
                             "Min": "min", "Max": "max", "Unit": "unit"}.items():
             text, value = wanted[title], row[name].value
             good = text == (value or "") if title == "Unit" or not text else math.isclose(float(text), value, rel_tol=1e-5)
-            assert good or wanted["Unit"] == "hex", (wanted["Name"], title, text, value)
+            assert good, (wanted["Name"], title, text, value)
 
 
 def main(zyn):
