@@ -592,23 +592,23 @@
     </message>
     <message>
         <source>a server that keeps some of the products is away; try again later, or ask with --product about others</source>
-        <translation type="unfinished"></translation>
+        <translation>ein Server, der einige der Produkte führt, ist nicht da; später noch einmal versuchen oder mit --product nach anderen fragen</translation>
     </message>
     <message>
         <source>a unit without serial</source>
-        <translation type="unfinished"></translation>
+        <translation>eines Prüflings ohne Seriennummer</translation>
     </message>
     <message>
         <source>unit &apos;%1&apos;</source>
-        <translation type="unfinished"></translation>
+        <translation>des Prüflings &apos;%1&apos;</translation>
     </message>
     <message>
         <source>%1: the run of %2 has no start; it comes last</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: der Lauf %2 hat keinen Beginn; er kommt zuletzt</translation>
     </message>
     <message>
         <source>%1: the start &apos;%2&apos; of %3 cannot be read; its run comes last</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: der Beginn &apos;%2&apos; %3 ist nicht lesbar; sein Lauf kommt zuletzt</translation>
     </message>
 </context>
 <context>
@@ -2844,11 +2844,11 @@ ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</tran
     </message>
     <message>
         <source>Reports, STDF lots, folders of them, - for standard input, or other archives</source>
-        <translation type="unfinished"></translation>
+        <translation>Berichte, STDF-Lose, Ordner davon, - für die Standardeingabe, oder andere Archive</translation>
     </message>
     <message>
         <source>Do not keep the names of those who tested</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Namen derer, die geprüft haben, nicht aufbewahren</translation>
     </message>
     <message>
         <source>a workbook takes all measurements</source>
@@ -2864,14 +2864,17 @@ ganz oben. Als .pdf für Papier, eine Messung auf einem Drittel der Seite.</tran
     </message>
     <message>
         <source>--by and --values exclude each other</source>
-        <translation type="unfinished"></translation>
+        <translation>--by und --values schließen einander aus</translation>
     </message>
     <message>
         <source>Without a name all measurements are listed, the lowest CPK first. A drift is a trend or a step
 that is significant at 1 % after a correction for all measurements of the question, and at
 least half a sigma; rules (Nelson, 1984) only mark points. With --by there are figures only; an
 archive keeps those of days, which are answered without reading the values again.</source>
-        <translation type="unfinished"></translation>
+        <translation>Ohne Namen werden alle Messungen aufgeführt, die mit dem kleinsten CPK zuerst. Eine Drift ist ein
+Trend oder ein Sprung, der nach einer Korrektur für alle Messungen der Frage auf 1 % signifikant und
+mindestens ein halbes Sigma groß ist; Regeln (Nelson, 1984) markieren nur Punkte. Mit --by gibt es nur
+Kennzahlen; ein Archiv führt die von Tagen, die beantwortet werden, ohne die Werte noch einmal zu lesen.</translation>
     </message>
     <message>
         <source>add -f CSV, -f XML or -f XLSX</source>
