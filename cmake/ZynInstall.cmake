@@ -81,7 +81,8 @@ if(NOT ZYN_USE_EXTERNAL_MODEL)
   configure_file(tool/share/systemd/zyn-watch@.service.in ${PROJECT_BINARY_DIR}/zyn-watch@.service @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/zyn-watch@.service DESTINATION lib/systemd/system COMPONENT Tool)
   install(FILES tool/share/systemd/zyn.sysusers.conf DESTINATION lib/sysusers.d RENAME zyn.conf COMPONENT Tool)
-  install(FILES tool/share/systemd/watch.env DESTINATION ${ZYN_DATA_DIR} COMPONENT Tool)
+  install(FILES tool/share/systemd/watch.env archive/sql/postgresql-asking.sql
+    DESTINATION ${ZYN_DATA_DIR} COMPONENT Tool)
   install(DIRECTORY schema/ DESTINATION ${ZYN_DATA_DIR}/schema COMPONENT Tool
     FILES_MATCHING PATTERN "*.rng" PATTERN "*.json")
   # Empty: for the logo of the site, ReportLogo.png or ReportLogo.jpg.
