@@ -223,7 +223,9 @@ StdfReading StdfTests::Read(std::uint32_t index, const StdfSettings& given, int 
         index = VariantOf(index, unit, std::string(rawUnit), scale, std::string(pins));
         test = &m_tests[index];
     }
-    StdfReading reading{index, unit.power, low != test->low || high != test->high, {}};
+    // Limits stand in the unit of their record, also where they are those of the first one.
+    StdfReading reading{
+        index, unit.power, low != test->low || high != test->high || unit.power != test->unit.power, {}};
     if (reading.ownLimits)
         reading.limits = LimitsOf(*test, low, high, unit.power);
     return reading;

@@ -14,7 +14,8 @@ namespace ZYN::Simulation {
 /// while the network is lost it keeps what it has and sends it later, in its order.
 ///
 /// What it does at a tick follows from the settings, its number and the tick alone: a station that is killed
-/// goes on where it was. A tick gives one report; there are panelsOfStation at most. No two runs of a lot begin at the same instant.
+/// goes on where it was. A tick gives one report; there are panelsOfStation at most. No two runs of a lot
+/// begin at the same instant.
 class BusyStation {
 public:
     static constexpr int most = 90; ///< stations of a lot

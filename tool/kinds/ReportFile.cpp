@@ -16,7 +16,8 @@ namespace ZYN::Tool {
 namespace {
 
 // Why the file that was read is no complete report, and in which line.
-std::optional<std::pair<qint64, QString>> FirstError(const PlainFile& file, const CImportServiceReport& service)
+std::optional<std::pair<qint64, QString>> FirstError(const PlainFile& file,
+                                                     const CImportServiceReport& service)
 {
     if (!file.GetProblem().isEmpty())
         return std::pair(qint64(0), file.GetProblem());
