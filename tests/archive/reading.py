@@ -182,6 +182,7 @@ class Question:
 
     def __init__(self, runs, across_lots=False, since=None, until=None, **filters):
         self.across_lots = across_lots
+        self.looked_at = self.several = None
         first = {}
         for run in runs:
             first.setdefault((self.unit(run), run.program), run)
@@ -202,7 +203,9 @@ class Question:
 
     def group(self, run, runs, keys=()):
         """The group of a run, as it stands in an answer."""
-        several = len({one.program for one in runs}) > 1
+        if self.looked_at is not runs:  # once, and not for every run
+            self.looked_at, self.several = runs, len({one.program for one in runs}) > 1
+        several = self.several
         names = (["program"] if several and "program" not in keys else []) + list(keys)
         local = run.local
         formats = {"hour": "%Y-%m-%d %H", "day": "%Y-%m-%d", "week": "%G-W%V", "month": "%Y-%m"}
