@@ -246,6 +246,10 @@ void Register(const std::string& kind, FullArchive& full, double bytes, double y
     ask("units of a lot", short_, [=](const Archive& archive) { return AskUnits(archive, lot, {}); });
     ask("yield by day", yieldTime,
         [](const Archive& archive) { return AskYield(archive, {}, {GroupBy::Day}); });
+    constexpr double figuresTime = 200;
+    ask("measure by day", figuresTime, [](const Archive& archive) {
+        return AskMeasures(archive, {}, {.names = {}, .values = false, .by = {GroupBy::Day}});
+    });
     ask("measure, a lot", short_, [=](const Archive& archive) { return AskMeasures(archive, lot, {}); });
 }
 
