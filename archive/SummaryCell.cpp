@@ -52,12 +52,6 @@ MeasuredFigures FiguresOf(const Row& row)
     return figures;
 }
 
-double NumberIn(const std::string& text)
-{
-    const std::optional<double> number = NumberOfText(text);
-    return number ? *number : std::numeric_limits<double>::quiet_NaN();
-}
-
 } // namespace
 
 qint64 DayOf(std::int64_t start, const std::optional<int>& utcOffset)
@@ -82,17 +76,14 @@ void SummaryCell::Add(const Run& run)
     for (std::size_t position = 0; position < run.codes.size(); ++position) {
         if (run.codes[position] == Run::NoCode)
             continue;
-        MeasuredFigures& item = At(position);
-        double number = run.values[position];
-        if (std::isnan(number)) {
+        const bool isNumber = !std::isnan(run.values[position]);
+        if (!isNumber)
             text =
                 std::find_if(text, run.texts.end(), [&](const auto& one) { return one.first >= position; });
-            if (text != run.texts.end() && text->first == position) {
-                number = NumberIn(text->second);
-                item.notNumbers += std::isnan(number);
-            }
-        }
-        item.Add(number, run.codes[position]);
+        if (isNumber || text == run.texts.end() || text->first != position)
+            At(position).Add(run.values[position], run.codes[position]);
+        else
+            At(position).AddText(NumberOfText(text->second), run.codes[position]);
     }
 }
 
@@ -104,17 +95,19 @@ void SummaryCell::AddKept(const QByteArray& values, const QByteArray& codes, con
     ArrayReader value(values), code(codes);
     for (std::size_t position = 0; !code.IsAtEnd() && !value.IsAtEnd(); ++position) {
         const std::optional<int> verdict = code.Integer();
-        double number = value.Number();
+        const double number = value.Number();
         if (!verdict)
             continue;
-        MeasuredFigures& item = At(position);
-        const auto text = std::find_if(numbers.begin(), numbers.end(),
-                                       [&](const auto& one) { return std::size_t(one.first) == position; });
-        if (std::isnan(number) && text != numbers.end()) {
-            number = text->second;
-            item.notNumbers += std::isnan(number);
-        }
-        item.Add(number, *verdict);
+        const auto text = !std::isnan(number)
+                              ? numbers.end()
+                              : std::find_if(numbers.begin(), numbers.end(), [&](const auto& one) {
+                                    return std::size_t(one.first) == position;
+                                });
+        if (text == numbers.end())
+            At(position).Add(number, *verdict);
+        else
+            At(position).AddText(std::isnan(text->second) ? std::nullopt : std::optional(text->second),
+                                 *verdict);
     }
 }
 

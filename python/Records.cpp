@@ -1,162 +1,130 @@
 #include "Records.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 #include <pybind11/stl.h>
 
 namespace ZYN::Python {
 
 namespace {
 
-py::dict Begin(const AnswerGroup& group)
-{
-    py::dict record;
-    for (const auto& [name, value] : group)
-        record[Str(name)] = Str(value);
-    return record;
-}
+/// A dictionary that answers are put into.
+class Record {
+public:
+    Record() = default;
+    /// Begins with the names of the group, where there is one.
+    explicit Record(const AnswerGroup& group)
+    {
+        for (const auto& [name, value] : group)
+            m_record[Str(name)] = Str(value);
+    }
 
-template <typename Value>
-void Put(py::dict& record, const char* key, const Value& value)
-{
-    record[key] = py::cast(value);
-}
+    template <typename Value>
+    void Add(const char* key, const Value& value)
+    {
+        m_record[key] = py::cast(value);
+    }
+    const py::dict& Take() const { return m_record; }
 
-py::object TextOrNone(const QString& text)
-{
-    return text.isEmpty() ? py::object(py::none()) : py::object(Str(text));
-}
+private:
+    py::dict m_record;
+};
 
-py::dict PlaceOf(const RunPlace& place)
+template <typename Row>
+py::dict Filled(const Row& row, Record record)
 {
-    py::dict record;
-    Put(record, "serial", place.serial);
-    Put(record, "lot", place.lot);
-    Put(record, "start", place.start);
-    return record;
+    FillRecord(row, record);
+    return record.Take();
 }
 
 py::object DriftOf(const std::optional<Drift>& drift)
 {
     if (!drift)
         return py::none();
-    py::dict record;
-    Put(record, "kind", drift->kind);
-    Put(record, "p", drift->p);
-    Put(record, "sigmas", drift->sigmas);
-    Put(record, "index", drift->index);
-    record["since"] = PlaceOf(drift->since);
-    return record;
+    Record record;
+    record.Add("kind", drift->kind);
+    record.Add("p", drift->p);
+    record.Add("sigmas", drift->sigmas);
+    record.Add("index", drift->index);
+    record.Add("since", Filled(drift->since, Record()));
+    return record.Take();
+}
+
+py::list RulesOf(const std::vector<RuleHit>& hits)
+{
+    py::list rules;
+    for (const RuleHit& hit : hits) {
+        Record rule;
+        rule.Add("rule", hit.rule);
+        rule.Add("index", hit.index);
+        rule.Add("since", Filled(hit.since, Record()));
+        rules.append(rule.Take());
+    }
+    return rules;
+}
+
+py::object FailureOf(const std::optional<FirstFailure>& failure)
+{
+    if (!failure)
+        return py::none();
+    Record record;
+    record.Add("path", failure->path);
+    record.Add("value", failure->value);
+    record.Add("unit", failure->unit);
+    record.Add("lower", failure->lower);
+    record.Add("upper", failure->upper);
+    return record.Take();
 }
 
 } // namespace
 
 py::dict RecordOf(const YieldRow& row)
 {
-    py::dict record = Begin(row.group);
-    Put(record, "units", row.units);
-    Put(record, "first_runs", row.firstRuns);
-    Put(record, "first_pass", row.firstPass);
-    Put(record, "passed", row.passed);
-    Put(record, "runs", row.runs);
-    Put(record, "runs_passed", row.runsPassed);
-    Put(record, "failed", row.failed);
-    Put(record, "aborted", row.aborted);
-    Put(record, "errors", row.errors);
-    Put(record, "not_tested", row.notTested);
-    return record;
+    return Filled(row, Record(row.group));
 }
 
 py::dict RecordOf(const FailureRow& row)
 {
-    py::dict record = Begin(row.group);
-    Put(record, "ident", row.ident);
-    Put(record, "path", row.path);
-    Put(record, "first", row.first);
-    Put(record, "all", row.all);
-    Put(record, "share", row.share);
-    return record;
+    return Filled(row, Record(row.group));
 }
 
 py::dict RecordOf(const MeasureRow& row)
 {
-    py::dict record = Begin(row.group);
-    Put(record, "ident", row.ident);
-    Put(record, "path", row.path);
-    Put(record, "unit", row.unit);
-    Put(record, "lower", row.lower);
-    Put(record, "upper", row.upper);
-    Put(record, "count", row.count);
-    Put(record, "mean", row.mean);
-    Put(record, "sigma", row.sigma);
-    Put(record, "min", row.min);
-    Put(record, "max", row.max);
-    Put(record, "cpk", row.cpk);
-    Put(record, "cpk_passed", row.cpkPassed);
-    Put(record, "failed", row.failed);
+    py::dict record = Filled(row, Record(row.group));
     record["drift"] = DriftOf(row.drift);
-    py::list rules;
-    for (const RuleHit& hit : row.rules) {
-        py::dict rule;
-        Put(rule, "rule", hit.rule);
-        Put(rule, "index", hit.index);
-        rule["since"] = PlaceOf(hit.since);
-        rules.append(rule);
-    }
-    record["rules"] = rules;
+    record["rules"] = RulesOf(row.rules);
     return record;
 }
 
 py::dict RecordOf(const UnitRow& row)
 {
-    py::dict record = Begin(row.group);
-    Put(record, "product", row.product);
-    Put(record, "lot", row.lot);
-    Put(record, "serial", row.serial);
-    Put(record, "runs", row.runs);
-    Put(record, "first_code", row.firstCode);
-    Put(record, "code", row.code);
-    record["first_failure"] = TextOrNone(row.firstFailure);
+    py::dict record = Filled(row, Record(row.group));
+    record["first_failure"] =
+        row.firstFailure.isEmpty() ? py::object(py::none()) : py::object(Str(row.firstFailure));
     return record;
 }
 
 py::dict RecordOf(const HistoryRow& row)
 {
-    py::dict record;
-    Put(record, "product", row.product);
-    Put(record, "serial", row.serial);
-    Put(record, "lot", row.lot);
-    Put(record, "station", row.station);
-    Put(record, "start", row.start);
-    Put(record, "program", row.program);
-    Put(record, "verdict", row.verdict);
-    Put(record, "code", row.code);
-    Put(record, "run", row.run);
-    record["first_failure"] = py::none();
-    if (const std::optional<FirstFailure>& failure = row.firstFailure) {
-        py::dict first;
-        Put(first, "path", failure->path);
-        Put(first, "value", failure->value);
-        Put(first, "unit", failure->unit);
-        Put(first, "lower", failure->lower);
-        Put(first, "upper", failure->upper);
-        record["first_failure"] = first;
-    }
+    py::dict record = Filled(row, Record());
+    record["first_failure"] = FailureOf(row.firstFailure);
     return record;
 }
 
 py::dict RecordOf(const ArchiveInfo& info)
 {
-    py::dict record;
-    Put(record, "kind", info.kind);
-    Put(record, "version", info.version);
-    Put(record, "runs", info.runs);
-    Put(record, "replaced", info.replaced);
-    Put(record, "units", info.units);
-    Put(record, "products", info.products);
-    Put(record, "lots", info.lots);
-    Put(record, "programs", info.programs);
-    Put(record, "values", info.values);
-    Put(record, "bytes", info.bytes);
-    return record;
+    Record record;
+    record.Add("kind", info.kind);
+    record.Add("version", info.version);
+    record.Add("runs", info.runs);
+    record.Add("replaced", info.replaced);
+    record.Add("units", info.units);
+    record.Add("products", info.products);
+    record.Add("lots", info.lots);
+    record.Add("programs", info.programs);
+    record.Add("values", info.values);
+    record.Add("bytes", info.bytes);
+    return record.Take();
 }
 
 } // namespace ZYN::Python

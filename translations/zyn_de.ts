@@ -2888,5 +2888,9 @@ Kennzahlen; ein Archiv führt die von Tagen, die beantwortet werden, ohne die We
         <source>CSV, XML or XLSX</source>
         <translation>CSV, XML oder XLSX</translation>
     </message>
+    <message>
+        <source>Do not keep the names of those who tested in the archive</source>
+        <translation>Die Namen derer, die geprüft haben, nicht im Archiv aufbewahren</translation>
+    </message>
 </context>
 </TS>

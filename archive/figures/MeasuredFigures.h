@@ -23,6 +23,13 @@ struct MeasuredFigures {
             passed.Add(number);
     }
 
+    /// A result that stands as a text. \param number none where the text is no finite number
+    void AddText(const std::optional<double>& number, int code)
+    {
+        notNumbers += !number;
+        Add(number.value_or(std::numeric_limits<double>::quiet_NaN()), code);
+    }
+
     void Merge(const MeasuredFigures& other)
     {
         all.Merge(other.all);

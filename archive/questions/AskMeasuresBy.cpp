@@ -57,16 +57,15 @@ public:
 private:
     /// Texts of a group; positions and the like stand in the order of numbers.
     using Group = std::vector<std::pair<qlonglong, QString>>;
-    /// Answers come by path.
+    /// Answers come by path and limits, whatever the database gives first.
     struct Key {
-        QString path;
+        QString path, ident;
+        std::optional<double> lower, upper;
         int item = 0;
         Group group;
 
-        bool operator<(const Key& other) const
-        {
-            return std::tie(path, item, group) < std::tie(other.path, other.item, other.group);
-        }
+        auto Tie() const { return std::tie(path, ident, lower, upper, item, group); }
+        bool operator<(const Key& other) const { return Tie() < other.Tie(); }
     };
 
     bool AreSummariesEnough() const
@@ -80,8 +79,12 @@ private:
 
     void Merge(int item, const Group& group, const Figures::MeasuredFigures& figures)
     {
-        if (item >= 0 && figures.results > 0)
-            m_figures[{m_items.GetItems()[std::size_t(item)].path, item, group}].Merge(figures);
+        if (item < 0 || figures.results == 0)
+            return;
+        const MeasuredItem& measured = m_items.GetItems()[std::size_t(item)];
+        m_figures[{measured.path, measured.ident, measured.judgement.lower, measured.judgement.upper, item,
+                   group}]
+            .Merge(figures);
     }
 
     MeasureRow RowOf(const Key& key, const Figures::MeasuredFigures& figures) const
@@ -141,8 +144,7 @@ bool MeasuresByQuestion::AddRuns()
     QString columns = QStringLiteral("r.layout, coalesce(r.limits, 0), v.vals, v.codes, v.texts");
     for (const GroupBy by : m_options.by)
         columns += QStringLiteral(", ") + ColumnOf(by, m_archive.IsPostgreSql());
-    std::optional<QSqlQuery> query = m_runs.Select(columns, m_runs.JoinValues() + m_runs.JoinHome(), {},
-                                                   QStringLiteral("ORDER BY ") + ChosenRuns::InOrder());
+    std::optional<QSqlQuery> query = m_runs.Select(columns, m_runs.JoinValues() + m_runs.JoinHome());
     while (query && query->next()) {
         const int layout = query->value(0).toInt();
         Group group;

@@ -150,6 +150,8 @@ def damage(archive, folder):
     """A file that is not whole gives an answer or a clear error, and never a crash."""
     archive.create()
     run("archive", "add", archive.url, folder, "-q")
+    copy = archive.url + ".copy.zya"
+    run("archive", "create", copy)
     with sqlite3.connect(archive.url) as database:
         database.execute("PRAGMA wal_checkpoint(TRUNCATE)")
     with open(archive.url, "rb") as file:
@@ -158,7 +160,7 @@ def damage(archive, folder):
         for bad in (good[:place], good[:place] + b"\xa5" * 600 + good[place + 600:]):
             with open(archive.url, "wb") as file:
                 file.write(bad)
-            for question in (("yield",), ("measure",), ("archive", "info")):
+            for question in (("yield",), ("measure",), ("archive", "info"), ("archive", "add", copy)):
                 done = run(*question, archive.url, "--json")
                 assert done.returncode == 0 or archive.url in done.stderr, f"{place}: {done.stderr or 'no word'}"
 

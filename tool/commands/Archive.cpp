@@ -106,7 +106,10 @@ int Add(const Arguments& arguments, const Manners& manners)
         // A password is refused, and not shown either.
         const QString name = QFileInfo::exists(address) ? address : QUrl(address).toDisplayString();
         const Input input{address, name, {}};
-        take(CopyArchive(archive, input));
+        const LoadedInput loaded = CopyArchive(archive, input);
+        take(loaded);
+        if (loaded.problem && loaded.problem->file.isEmpty())
+            return Fail(loaded.problem->what);
     }
     const std::optional<Problem> failure = LoadRuns(archive, inputs, !manners.quiet, take);
     account.Close();

@@ -5,6 +5,8 @@
 #include "terminal/Table.h"
 #include "terminal/Texts.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 namespace ZYN::Tool {
 
 namespace {
@@ -19,11 +21,7 @@ struct Arguments {
 AnswerRow AnswerOf(const FailureRow& row)
 {
     AnswerRow answer(row.group);
-    answer.Add("ident", row.ident);
-    answer.Add("path", row.path);
-    answer.Add("first", row.first);
-    answer.Add("all", row.all);
-    answer.Add("share", QJsonValue(row.share));
+    FillRecord(row, answer);
     return answer;
 }
 

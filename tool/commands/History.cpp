@@ -6,6 +6,8 @@
 #include "terminal/Table.h"
 #include "terminal/Texts.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 namespace ZYN::Tool {
 
 namespace {
@@ -23,15 +25,7 @@ QJsonValue NumberOrNull(const std::optional<double>& number)
 AnswerRow AnswerOf(const HistoryRow& row)
 {
     AnswerRow answer;
-    answer.Add("product", row.product);
-    answer.Add("serial", row.serial);
-    answer.Add("lot", row.lot);
-    answer.Add("station", row.station);
-    answer.Add("start", row.start);
-    answer.Add("program", row.program);
-    answer.Add("verdict", row.verdict);
-    answer.Add("code", std::int64_t(row.code));
-    answer.Add("run", row.run);
+    FillRecord(row, answer);
     QJsonValue failure;
     if (row.firstFailure)
         failure = QJsonObject{{QStringLiteral("path"), row.firstFailure->path},

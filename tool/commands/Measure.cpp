@@ -7,6 +7,8 @@
 #include "terminal/Terminal.h"
 #include "terminal/Texts.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 #include <QtCore/QJsonArray>
 
 namespace ZYN::Tool {
@@ -48,19 +50,7 @@ QJsonObject ValueOf(const MeasuredValue& value)
 AnswerRow AnswerOf(const MeasureRow& row)
 {
     AnswerRow answer(row.group);
-    answer.Add("ident", row.ident);
-    answer.Add("path", row.path);
-    answer.Add("unit", row.unit);
-    answer.Add("lower", row.lower);
-    answer.Add("upper", row.upper);
-    answer.Add("count", row.count);
-    answer.Add("mean", row.mean);
-    answer.Add("sigma", row.sigma);
-    answer.Add("min", row.min);
-    answer.Add("max", row.max);
-    answer.Add("cpk", row.cpk);
-    answer.Add("cpk_passed", row.cpkPassed);
-    answer.Add("failed", row.failed);
+    FillRecord(row, answer);
     QJsonValue drift;
     if (row.drift)
         drift = QJsonObject{{QStringLiteral("kind"), row.drift->kind},

@@ -5,6 +5,8 @@
 #include "terminal/Table.h"
 #include "terminal/Texts.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 namespace ZYN::Tool {
 
 namespace {
@@ -17,12 +19,7 @@ struct Arguments {
 AnswerRow AnswerOf(const UnitRow& row)
 {
     AnswerRow answer(row.group);
-    answer.Add("product", row.product);
-    answer.Add("lot", row.lot);
-    answer.Add("serial", row.serial);
-    answer.Add("runs", row.runs);
-    answer.Add("first_code", std::int64_t(row.firstCode));
-    answer.Add("code", std::int64_t(row.code));
+    FillRecord(row, answer);
     answer.Add("first_failure", row.firstFailure.isEmpty() ? QJsonValue() : QJsonValue(row.firstFailure));
     return answer;
 }

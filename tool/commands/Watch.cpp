@@ -34,6 +34,7 @@ struct Arguments {
     std::vector<std::string> formats;
     std::string lot;
     std::string status;
+    bool withoutOperator = false;
     bool once = false;
 };
 
@@ -42,6 +43,7 @@ public:
     Watcher(const Arguments& arguments, HotFolder& folder, ReportOutputs& outputs, const Manners& manners)
         : m_folder(folder)
         , m_url(PathOf(arguments.archive))
+        , m_keepsOperators(!arguments.withoutOperator)
         , m_outputs(outputs)
         , m_status(PathOf(arguments.status))
         , m_log(manners)
@@ -121,9 +123,10 @@ private:
         if (m_archive || !m_trouble.isEmpty())
             return m_trouble.isEmpty();
         auto archive = std::make_unique<Archive>();
-        if (archive->Open(m_url, Archive::Mode::ReadWrite))
+        if (archive->Open(m_url, Archive::Mode::ReadWrite)) {
+            archive->SetKeepsOperators(m_keepsOperators);
             m_archive = std::move(archive);
-        else
+        } else
             m_trouble = archive->GetErrorText();
         return m_trouble.isEmpty();
     }
@@ -171,6 +174,7 @@ private:
 
     HotFolder& m_folder;
     QString m_url;
+    bool m_keepsOperators;
     ReportOutputs& m_outputs;
     WatchStatus m_status;
     WatchLog m_log;
@@ -243,6 +247,8 @@ Command WatchCommand(CommandLine& zyn, const Manners& manners)
         .Value("--status", arguments->status,
                Texts::tr("File for monitoring: last report, waiting, errors, as JSON"))
         .Named(Texts::tr("FILE"));
+    watch.Flag("--without-operator", arguments->withoutOperator,
+               Texts::tr("Do not keep the names of those who tested in the archive"));
     watch.Flag("--once", arguments->once, Texts::tr("End when nothing is waiting"));
     watch.Footer(
         Texts::tr("What was taken is moved to FOLDER/done; what cannot be read and is unchanged for three "

@@ -6,6 +6,8 @@
 #include "terminal/Table.h"
 #include "terminal/Texts.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 namespace ZYN::Tool {
 
 namespace {
@@ -20,16 +22,7 @@ struct Arguments {
 AnswerRow AnswerOf(const YieldRow& row)
 {
     AnswerRow answer(row.group);
-    answer.Add("units", row.units);
-    answer.Add("first_runs", row.firstRuns);
-    answer.Add("first_pass", row.firstPass);
-    answer.Add("passed", row.passed);
-    answer.Add("runs", row.runs);
-    answer.Add("runs_passed", row.runsPassed);
-    answer.Add("failed", row.failed);
-    answer.Add("aborted", row.aborted);
-    answer.Add("errors", row.errors);
-    answer.Add("not_tested", row.notTested);
+    FillRecord(row, answer);
     return answer;
 }
 
