@@ -24,6 +24,7 @@ public:
     {
         m_record[key] = py::cast(value);
     }
+    void Add(const char* key, const py::dict& value) { m_record[key] = value; }
     const py::dict& Take() const { return m_record; }
 
 private:

@@ -15,12 +15,12 @@ LoadedInput CopyArchive(Archive& archive, const Input& source)
     LoadedInput loaded{.input = &source};
     Archive from;
     const auto fail = [&](const Archive& at) {
-        // What the source says begins with its name.
-        const QString own = from.GetShownUrl() + QStringLiteral(": ");
-        const QString text = at.GetErrorText();
-        loaded.problem = &at == &archive        ? Problem{{}, 0, text, {}}
-                         : text.startsWith(own) ? Problem{source.name, 0, text.mid(own.size()), {}}
-                                                : Problem{source.name, 0, text, {}};
+        QString text = at.GetErrorText();
+        const bool isSource = &at == &from;
+        const QString own = source.name + QStringLiteral(": "); // what an archive says begins with its name
+        if (isSource && text.startsWith(own))
+            text.remove(0, own.size());
+        loaded.problem = Problem{isSource ? source.name : QString(), 0, text, {}};
         return loaded;
     };
     if (!from.Open(source.path, Archive::Mode::ReadOnly))
