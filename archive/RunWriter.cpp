@@ -185,7 +185,7 @@ bool RunWriter::AddRun(Row& row, AddedAs* as)
 
 bool RunWriter::FindKnown(Row& row)
 {
-    BindStart(m_findKnown, row);
+    m_findKnown.addBindValue(qint64(row.start));
     m_findKnown.addBindValue(row.digest.key);
     if (!m_database.Run(m_findKnown))
         return false;
@@ -263,7 +263,9 @@ bool RunWriter::InsertValues(const Row& row)
 {
     const Run& run = row.run;
     QSqlQuery& insert = m_insertValues;
-    BindPlace(insert, row);
+    if (m_database.IsPostgreSql())
+        insert.addBindValue(SqlText(run.product));
+    insert.addBindValue(qint64(row.start));
     insert.addBindValue(qint64(row.id));
     insert.addBindValue(row.digest.key);
     insert.addBindValue(row.revision);
@@ -296,7 +298,9 @@ bool RunWriter::InsertFailures(const Row& row)
     const std::vector<FailedComponent> failed = FailedComponents(row.run);
     for (const FailedComponent& component : failed) {
         const double number = row.run.values[component.position];
-        BindPlace(m_insertFailure, row);
+        BindStart(m_insertFailure, row);
+        if (m_database.IsPostgreSql())
+            m_insertFailure.addBindValue(SqlText(row.run.product));
         m_insertFailure.addBindValue(qint64(row.id));
         m_insertFailure.addBindValue(int(row.run.codes[component.position]));
         m_insertFailure.addBindValue(std::isfinite(number) ? QVariant(number) : QVariant());
@@ -313,13 +317,6 @@ void RunWriter::BindStart(QSqlQuery& query, const Row& row) const
 {
     if (m_database.IsPostgreSql())
         query.addBindValue(qint64(row.start));
-}
-
-void RunWriter::BindPlace(QSqlQuery& query, const Row& row) const
-{
-    BindStart(query, row);
-    if (m_database.IsPostgreSql())
-        query.addBindValue(SqlText(row.run.product));
 }
 
 bool RunWriter::Execute(QSqlQuery& query, const Row& row, std::int64_t id)

@@ -39,8 +39,6 @@ private:
     bool InsertFailures(const Row& row);
     /// The tables of a server are divided by month, so that a row is found by its start and id.
     void BindStart(QSqlQuery& query, const Row& row) const;
-    /// Several servers are divided by product, which stands in each row that is inserted.
-    void BindPlace(QSqlQuery& query, const Row& row) const;
     bool Execute(QSqlQuery& query, const Row& row, std::int64_t id);
 
     Database& m_database;

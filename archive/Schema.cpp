@@ -9,7 +9,7 @@ namespace ZYN {
 
 namespace {
 
-constexpr int CurrentVersion = 3;
+constexpr int CurrentVersion = 4;
 constexpr int FirstWithSummaries = 3;
 constexpr int ApplicationId = 0x5A594E41;
 

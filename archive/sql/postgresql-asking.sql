@@ -98,7 +98,7 @@ BEGIN
       RAISE WARNING '%', SQLERRM;
     END;
   END LOOP;
-  RETURN 3;
+  RETURN 4;
 END $$;
 CREATE TABLE archive_node(node int PRIMARY KEY, server name NOT NULL UNIQUE);
 -- Read by whoever opens the archive.

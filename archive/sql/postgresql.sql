@@ -1,6 +1,6 @@
 -- Tables of an archive in PostgreSQL 15: those of SQLite, with arrays instead of JSON and partitions by month.
 CREATE TABLE archive_meta(version int NOT NULL);
-INSERT INTO archive_meta VALUES (3);
+INSERT INTO archive_meta VALUES (4);
 
 -- Who a run is about. With a serial, ident is '': it plays no part. A unit without both is a unit of its own for each
 -- run: own then tells them apart, else it is ''. A panel's own runs belong to the panel, which is no unit.

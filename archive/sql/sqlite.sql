@@ -1,6 +1,6 @@
 -- Tables of an archive in SQLite (3.38 or later: ->>). A statement ends with ";" at the end of a line.
 PRAGMA application_id = 0x5A594E41; -- "ZYNA"
-PRAGMA user_version = 3;
+PRAGMA user_version = 4;
 
 -- Who a run is about. With a serial, ident is '': it plays no part. A unit without both is a unit of its own for each
 -- run: own then tells them apart, else it is ''. A panel's own runs belong to the panel, which is no unit.
@@ -62,13 +62,14 @@ CREATE INDEX run_again ON run(unit) WHERE first = 0;
 -- double; its number is null. An archive for questions without values has empty arrays.
 CREATE TABLE run_values(
   run INTEGER PRIMARY KEY REFERENCES run ON DELETE CASCADE,
+  start INTEGER NOT NULL,     -- as in its run: the index of keys grows at its end, as time goes on
   key BLOB NOT NULL,          -- SHA-256 of unit, program, start_text, run_index, position
   revision INTEGER NOT NULL DEFAULT 1,
   content BLOB NOT NULL,      -- SHA-256 of all that the run says
   start_text TEXT NOT NULL, duration REAL, operator TEXT, panel TEXT, source TEXT, comment TEXT,
   vals TEXT NOT NULL, codes TEXT NOT NULL, seconds TEXT, texts TEXT, comments TEXT,
   attributes INTEGER REFERENCES attribute_set,
-  UNIQUE(key, revision));
+  UNIQUE(start, key, revision));
 
 -- What failed in current revisions, one row each: all failing measurements and, where it is none of them, what failed
 -- first. Lists of failures need no arrays.
