@@ -1,6 +1,7 @@
 #include "archive/Archive.h"
 
 #include "archive/ArchiveTexts.h"
+#include "archive/BinWriter.h"
 #include "archive/Database.h"
 #include "archive/Removal.h"
 #include "archive/RunWriter.h"
@@ -118,6 +119,12 @@ bool Archive::Add(std::span<const Run> runs, AddedRuns* counts)
     if (!d->writer)
         d->writer = std::make_unique<RunWriter>(*d->database, d->keep);
     return d->Check(d->writer->Add(runs, counts));
+}
+
+bool Archive::AddBins(std::span<const LotBin> bins)
+{
+    return d->database ? d->Check(AddBinNames(*d->database, bins))
+                       : d->Fail(ArchiveTexts::tr("No archive is open"));
 }
 
 bool Archive::RemoveBefore(const TimeBound& time, std::int64_t* removed)

@@ -69,6 +69,10 @@ public:
     /// \param counts set to what became of them; may be null
     bool Add(std::span<const Run> runs, AddedRuns* counts);
 
+    /// Adds what lots call their bins, in one transaction. Names that are there already change nothing; where
+    /// a lot calls a bin by several, all are kept.
+    bool AddBins(std::span<const LotBin> bins);
+
     /// Removes runs that started before a time, in one transaction, and units that have none left. What is
     /// left keeps its place: a retest does not become a first run. \param removed set to the number of runs;
     /// may be null
@@ -76,7 +80,7 @@ public:
 
     /// What is wrong and what to do, in one sentence; never holds a password.
     QString GetErrorText() const;
-    /// Whether the last `Add` failed because of what stands in its runs: others may well be added.
+    /// Whether the last `Add` or `AddBins` failed because of what stands in it: others may well be added.
     bool IsFaultOfRuns() const;
 
     /// What the archive is called in messages; never holds a password.

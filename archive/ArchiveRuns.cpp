@@ -81,6 +81,7 @@ public:
     const Archive& archive;
     const QString join;
     QSqlQuery one;
+    std::optional<QSqlQuery> bins;
     bool isOrdered = false;
     std::vector<std::pair<qint64, qint64>> order; // start and id
     std::size_t next = 0;
@@ -230,6 +231,29 @@ std::optional<std::vector<Run>> ArchiveRuns::Next(std::size_t count)
             runs.push_back(std::move(run));
     }
     return runs;
+}
+
+std::optional<std::vector<LotBin>> ArchiveRuns::NextBins(std::size_t count)
+{
+    if (!d->bins)
+        d->bins =
+            Ask(d->archive, QStringLiteral("SELECT product, lot, program, is_soft, number, name, verdict "
+                                           "FROM bin"));
+    if (!d->bins)
+        return std::nullopt;
+    std::vector<LotBin> bins;
+    while (bins.size() < count && d->bins->next()) {
+        Row row(*d->bins);
+        LotBin& bin = bins.emplace_back();
+        for (std::string* text : {&bin.product, &bin.lot, &bin.program})
+            *text = row.Text();
+        bin.isSoft = row.Number() != 0;
+        bin.number = int(row.Number());
+        bin.name = row.Text();
+        const std::string verdict = row.Text();
+        bin.verdict = verdict.empty() ? ' ' : verdict.front();
+    }
+    return IsComplete(d->archive, *d->bins) ? std::optional(std::move(bins)) : std::nullopt;
 }
 
 } // namespace ZYN

@@ -11,8 +11,9 @@ namespace ZYN {
 
 class Archive;
 
-/// The runs of an archive, to be put into another one: from a file onto a server. They come in the order of
-/// time, what was replaced before what replaced it, so that they end up there as they stand here.
+/// The runs of an archive and names of bins, to be put into another one: from a file onto a server. They come
+/// in the order of time, what was replaced before what replaced it, so that they end up there as they stand
+/// here.
 ///
 /// \code
 /// ArchiveRuns source(file);
@@ -37,6 +38,9 @@ public:
     /// The next runs, empty when there are no more. \return none where they cannot be read; the archive then
     /// says why
     std::optional<std::vector<Run>> Next(std::size_t count);
+    /// The same of what lots call their bins. To be taken to their end before or after the runs: a server is
+    /// asked one question at a time.
+    std::optional<std::vector<LotBin>> NextBins(std::size_t count);
 
 private:
     class Private;

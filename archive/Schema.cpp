@@ -9,7 +9,7 @@ namespace ZYN {
 
 namespace {
 
-constexpr int CurrentVersion = 4;
+constexpr int CurrentVersion = 5;
 constexpr int FirstWithSummaries = 3;
 constexpr int ApplicationId = 0x5A594E41;
 
@@ -86,6 +86,13 @@ bool Schema::IsArchive()
     return true;
 }
 
+// A server of docs/scale.md.
+bool Schema::OnlyAsks()
+{
+    return m_database.IsPostgreSql() &&
+           m_database.Value(QStringLiteral("SELECT to_regclass('archive_node') IS NOT NULL")).toBool();
+}
+
 bool Schema::ReadVersion(int* version)
 {
     if (!IsArchive())
@@ -122,6 +129,9 @@ bool Schema::Upgrade()
         int version = 0;
         if (!ReadVersion(&version))
             return false;
+        if (version < CurrentVersion && OnlyAsks())
+            return Refuse(ArchiveTexts::tr("only asks other servers, and keeps nothing; make its database "
+                                           "anew with postgresql-asking.sql"));
         const bool hasSummaries = version >= FirstWithSummaries;
         for (; version < CurrentVersion; ++version) {
             const QString script = QStringLiteral("%1-%2.sql").arg(NameOf(m_database)).arg(version + 1);

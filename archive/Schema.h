@@ -23,6 +23,7 @@ private:
     bool MakeTables();
     bool IsServerReady();
     bool IsArchive();
+    bool OnlyAsks();
     bool ReadVersion(int* version);
     bool Refuse(const QString& text);
 

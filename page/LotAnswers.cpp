@@ -1,5 +1,7 @@
 #include "page/LotAnswers.h"
 
+#include "page/NumberText.h"
+
 #include <QtCore/QSet>
 
 #include <algorithm>
@@ -45,14 +47,6 @@ bool AskOverTime(const Archive& archive, const RunFilter& filter, std::vector<Yi
     return true;
 }
 
-QString ValueOf(const YieldRow& row, const QString& key)
-{
-    for (const auto& [name, value] : row.group)
-        if (name == key)
-            return value;
-    return {};
-}
-
 bool AskMeasurements(const Archive& archive, const RunFilter& filter, LotAnswers* answers)
 {
     const auto measures = std::make_shared<MeasureAnswer>();
@@ -72,7 +66,8 @@ std::optional<std::vector<LotName>> AskLots(const Archive& archive, const RunFil
         return std::nullopt;
     std::vector<LotName> lots;
     for (const YieldRow& row : *rows) {
-        const LotName lot{ValueOf(row, QStringLiteral("product")), ValueOf(row, QStringLiteral("lot"))};
+        const LotName lot{ValueOf(row.group, QStringLiteral("product")),
+                          ValueOf(row.group, QStringLiteral("lot"))};
         if (std::find(lots.begin(), lots.end(), lot) == lots.end())
             lots.push_back(lot);
     }

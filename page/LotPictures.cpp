@@ -3,6 +3,8 @@
 #include "page/NumberText.h"
 #include "page/PageTexts.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 #include <QtCore/QSet>
 
 #include <algorithm>
@@ -128,12 +130,14 @@ std::vector<Bar> BinBars(const std::vector<YieldRow>& byBin)
         units += row.units;
         most = std::max(most, row.units);
     }
+    const auto binOf = [](const YieldRow& row) { return ValueOf(row.group, QStringLiteral("bin")); };
     const bool hasBins =
-        std::any_of(byBin.begin(), byBin.end(), [](const YieldRow& row) { return !IsOfNone(row); });
+        std::any_of(byBin.begin(), byBin.end(), [&](const YieldRow& row) { return !binOf(row).isEmpty(); });
     for (const YieldRow& row : byBin)
         if (hasBins)
-            bars.push_back({Texts::tr("Bin %1").arg(LastOf(row.group)), ShareOf(row.units, most),
-                            Share(double(row.units), double(units)), row.passed < row.units});
+            bars.push_back(
+                {TitleOf(Texts::tr("Bin %1").arg(binOf(row)), ValueOf(row.group, AnswerKeys::BinName)),
+                 ShareOf(row.units, most), Share(double(row.units), double(units)), row.passed < row.units});
     std::stable_sort(bars.begin(), bars.end(), [](const Bar& a, const Bar& b) { return a.share > b.share; });
     return bars;
 }

@@ -128,6 +128,14 @@ QString ProgramOf(const AnswerGroup& group)
     return name.isEmpty() ? Texts::tr("Without a program") : name;
 }
 
+QString ValueOf(const AnswerGroup& group, const QString& name)
+{
+    for (const auto& [known, value] : group)
+        if (known == name)
+            return value;
+    return {};
+}
+
 QString LastOf(const AnswerGroup& group)
 {
     return group.empty() ? QString() : group.back().second;

@@ -29,6 +29,8 @@ QString NameOf(const MeasureRow& row);
 QString GroupText(const AnswerGroup& group);
 /// The program of a group; where it has no name, in words. Empty where all runs are of one.
 QString ProgramOf(const AnswerGroup& group);
+/// The value of a group by this name; empty where it has none.
+QString ValueOf(const AnswerGroup& group, const QString& name);
 /// The last value of a group, without the program.
 QString LastOf(const AnswerGroup& group);
 

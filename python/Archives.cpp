@@ -77,7 +77,7 @@ void Load(PythonArchive& archive, const std::string& path)
         RunStream::Piece piece;
         archive.Need([&](Archive& own) {
             piece = runs.Take();
-            return piece.runs.empty() || own.Add(piece.runs, nullptr);
+            return own.AddBins(piece.bins) && (piece.runs.empty() || own.Add(piece.runs, nullptr));
         });
         if (piece.fault)
             refuse(found.files[file], *piece.fault);

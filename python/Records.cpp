@@ -15,8 +15,9 @@ public:
     /// Begins with the names of the group, where there is one.
     explicit Record(const AnswerGroup& group)
     {
-        for (const auto& [name, value] : group)
-            m_record[Str(name)] = Str(value);
+        for (const auto& part : group)
+            if (IsTold(part))
+                m_record[Str(part.first)] = Str(part.second);
     }
 
     template <typename Value>

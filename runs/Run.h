@@ -109,4 +109,13 @@ struct Run {
     Texts attributes;
 };
 
+/// What a lot calls one of its bins.
+struct LotBin {
+    std::string product, lot, program; ///< as its runs have them
+    bool isSoft = false;
+    int number = 0;
+    char verdict = ' '; ///< 'P' or 'F' for units that passed or failed
+    std::string name;   ///< empty where the lot only counts it
+};
+
 } // namespace ZYN

@@ -134,7 +134,7 @@ void StdfReader::Take(const StdfRecord& record)
         return TakeWafer(fields, record.kind == StdfKinds::Wir);
     case StdfKinds::Hbr:
     case StdfKinds::Sbr:
-        return TakeBin(fields, record.kind == StdfKinds::Hbr);
+        return TakeBin(fields, record.kind == StdfKinds::Sbr);
     default:
         return; // also what later versions of the standard added
     }
@@ -223,21 +223,39 @@ void StdfReader::TakeWafer(StdfFields fields, bool isBegin)
     m_places.BeginWafer(head, group, StdfText(fields.Cn()));
 }
 
-void StdfReader::TakeBin(StdfFields fields, bool isHard)
+void StdfReader::TakeBin(StdfFields fields, bool isSoft)
 {
+    if (m_tests.IsOwn()) // which has none
+        return;
     fields.U2(); // HEAD_NUM, SITE_NUM
-    StdfBin bin;
-    bin.isHard = isHard;
+    LotBin bin;
+    bin.product = m_lot.product;
+    bin.lot = m_lot.lot;
+    bin.program = m_program;
+    bin.isSoft = isSoft;
     bin.number = fields.U2();
     fields.U4(); // count, which is counted here
     const std::string_view verdict = fields.Bytes(1);
     bin.verdict = verdict.empty() ? ' ' : verdict.front();
     bin.name = StdfText(fields.Cn());
-    if (m_bins.size() >= mostBins)
+    if (m_bins.size() + m_earlierBins.size() >= mostBins)
         return;
-    StdfBin& known = m_bins.try_emplace({!isHard, bin.number}, bin).first->second;
+    LotBin& known = m_bins.try_emplace({isSoft, bin.number}, bin).first->second;
     if (known.name.empty())
-        known = bin;
+        known = std::move(bin);
+}
+
+void StdfReader::EndBins()
+{
+    for (auto& [key, bin] : m_bins)
+        m_earlierBins.push_back(std::move(bin));
+    m_bins.clear();
+}
+
+std::vector<LotBin> StdfReader::TakeBins()
+{
+    EndBins();
+    return std::exchange(m_earlierBins, {});
 }
 
 void StdfReader::BeginPart(const StdfRecord& record, StdfFields fields)
@@ -321,6 +339,7 @@ void StdfReader::EndStream()
             Note(NoEnd, part.offset);
     m_parts.clear();
     m_valuesOpen = 0;
+    EndBins();
 }
 
 /// Reads the file once more, from its beginning.

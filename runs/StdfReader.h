@@ -20,8 +20,8 @@ public:
     StdfReader(RunBuilder& builder, OpenBytes open, std::string source, const StdfRuns::Take& take);
 
     std::optional<RunFault> Read();
-    /// Of HBR and SBR, by whether it is a soft one and by number.
-    const std::map<std::pair<bool, int>, StdfBin>& Bins() const { return m_bins; }
+    /// Of HBR and SBR; those of a stream by whether it is a soft one and by number.
+    std::vector<LotBin> TakeBins();
 
 private:
     enum Fault { Torn, TornRecord, NoMir, StrayTest, NoBegin, NoEnd, NoMrr, TooMuch, faultCount };
@@ -36,7 +36,7 @@ private:
     void TakePin(StdfFields fields);
     void TakeSites(StdfFields fields);
     void TakeWafer(StdfFields fields, bool isBegin);
-    void TakeBin(StdfFields fields, bool isHard);
+    void TakeBin(StdfFields fields, bool isSoft);
     void BeginPart(const StdfRecord& record, StdfFields fields);
     void EndPart(const StdfRecord& record, StdfFields fields);
     void TakeTest(const StdfRecord& record, StdfFields fields);
@@ -48,6 +48,7 @@ private:
     static void AddComment(StdfPart& part, const std::string& text);
     StdfPart& PartAt(int head, int site) { return m_parts[head << 8 | site]; }
     void EndStream();
+    void EndBins();
 
     void Note(Fault fault, std::int64_t offset);
     std::optional<RunFault> Result(const ByteSource& bytes) const;
@@ -71,8 +72,9 @@ private:
     std::map<int, StdfPart> m_parts; ///< by head and site
     std::size_t m_valuesOpen = 0;    ///< values of all parts that are being tested
 
-    int m_ordinal = 0; ///< of the next PRR
-    std::map<std::pair<bool, int>, StdfBin> m_bins;
+    int m_ordinal = 0;                             ///< of the next PRR
+    std::map<std::pair<bool, int>, LotBin> m_bins; ///< of this stream
+    std::vector<LotBin> m_earlierBins;
     std::optional<std::map<std::uint32_t, std::string>> m_testNames; ///< of TSRs, once they are needed
     std::optional<std::set<std::string, std::less<>>>
         m_exceeding; ///< tests of own lots, once they are needed

@@ -12,14 +12,12 @@ public:
     {
         StdfReader reader(builder, std::move(open), source, take);
         const std::optional<RunFault> fault = reader.Read();
-        bins.clear();
-        for (const auto& [key, bin] : reader.Bins())
-            bins.push_back(bin);
+        bins = reader.TakeBins();
         return fault;
     }
 
     RunBuilder builder;
-    std::vector<StdfBin> bins;
+    std::vector<LotBin> bins;
 };
 
 StdfRuns::StdfRuns()
@@ -56,7 +54,7 @@ std::optional<RunFault> StdfRuns::Read(std::string_view bytes, const std::string
     return d->Read([bytes](ByteSource& opened) { opened.OpenMemory(bytes); }, source, take);
 }
 
-const std::vector<StdfBin>& StdfRuns::Bins() const
+const std::vector<LotBin>& StdfRuns::Bins() const
 {
     return d->bins;
 }

@@ -8,14 +8,6 @@ namespace ZYN {
 
 class StdfRuns_Private;
 
-/// What a lot says about a bin.
-struct StdfBin {
-    bool isHard = true;
-    int number = 0;
-    char verdict = ' '; ///< 'P' or 'F' for parts that passed or failed
-    std::string name;
-};
-
 /// Reads runs from STDF lot files (version 4) of any tester, one by one: memory grows with the tests of a
 /// part and the sites that test at once, not with the file. What lots hold of this project's own making comes
 /// back in base units and with groups and steps.
@@ -44,8 +36,9 @@ public:
     /// \param source goes into `Run::source`
     std::optional<RunFault> Read(std::string_view bytes, const std::string& source, const Take& take);
 
-    /// The bins of the last file, hard ones first, by number.
-    const std::vector<StdfBin>& Bins() const;
+    /// The bins of the last file, of each of its streams hard ones first, by number. Testers write them
+    /// behind the parts.
+    const std::vector<LotBin>& Bins() const;
 
 private:
     std::unique_ptr<StdfRuns_Private> d;

@@ -8,6 +8,16 @@
 
 namespace ZYN {
 
+namespace AnswerKeys {
+inline constexpr QLatin1String BinName("name"); ///< of a group, behind its bin
+}
+
+/// Whether a part of a group is told to programs: a bin that no lot names has no name.
+inline bool IsTold(const AnswerGroup::value_type& part)
+{
+    return part.first != AnswerKeys::BinName || !part.second.isEmpty();
+}
+
 template <class Record>
 void FillRecord(const RunPlace& place, Record& record)
 {

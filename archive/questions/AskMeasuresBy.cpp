@@ -1,5 +1,6 @@
 #include "archive/Archive.h"
 #include "archive/SummaryCell.h"
+#include "archive/questions/BinNames.h"
 #include "archive/questions/ChosenRuns.h"
 #include "archive/questions/FilledRow.h"
 #include "archive/questions/GroupColumns.h"
@@ -46,11 +47,14 @@ public:
 
     std::optional<std::vector<MeasureRow>> Answer()
     {
-        if (!m_programs.Read(m_archive, m_runs) || !(AreSummariesEnough() ? AddSummaries() : AddRuns()))
+        BinNames names;
+        if (!m_programs.Read(m_archive, m_runs) || !(AreSummariesEnough() ? AddSummaries() : AddRuns()) ||
+            !names.Read(m_archive, m_runs, m_programs, m_options.by))
             return std::nullopt;
         std::vector<MeasureRow> rows;
         for (const auto& [key, figures] : m_figures)
             rows.push_back(RowOf(key, figures));
+        names.PutInto(&rows);
         return rows;
     }
 
@@ -91,10 +95,10 @@ private:
     {
         const MeasuredItem& item = m_items.GetItems()[std::size_t(key.item)];
         MeasureRow row = FilledRow(item, figures);
-        if (std::find(m_options.by.begin(), m_options.by.end(), GroupBy::Program) == m_options.by.end())
-            row.group = m_programs.GroupOf(item.program);
-        for (std::size_t i = 0; i < m_options.by.size(); ++i)
-            row.group.emplace_back(NameOf(m_options.by[i]), key.group[i].second);
+        std::vector<QString> texts;
+        for (const auto& [number, text] : key.group)
+            texts.push_back(text);
+        row.group = GroupOf(m_programs, m_options.by, item.program, texts);
         return row;
     }
 

@@ -1,4 +1,5 @@
 #include "archive/Archive.h"
+#include "archive/questions/BinNames.h"
 #include "archive/questions/ChosenRuns.h"
 #include "archive/questions/GroupColumns.h"
 #include "archive/questions/Programs.h"
@@ -29,14 +30,17 @@ public:
 
     std::optional<std::vector<YieldRow>> Answer()
     {
-        if (!m_programs.Read(m_archive, m_runs) || !CountRuns() || !TakeBackRetests())
+        BinNames names;
+        if (!m_programs.Read(m_archive, m_runs) || !CountRuns() || !TakeBackRetests() ||
+            !names.Read(m_archive, m_runs, m_programs, m_by))
             return std::nullopt;
         std::vector<YieldRow> rows;
         for (auto& [key, row] : m_rows) {
-            row.group = GroupOf(key);
+            row.group = GroupOf(m_programs, m_by, key.front(), {key.begin() + 1, key.end()});
             rows.push_back(std::move(row));
         }
         SortYield(&rows);
+        names.PutInto(&rows);
         return rows;
     }
 
@@ -114,15 +118,6 @@ private:
             key.push_back(m_by[i] == GroupBy::Program ? key.front() : TextOf(m_by[i], value));
         }
         return key;
-    }
-
-    AnswerGroup GroupOf(const Key& key) const
-    {
-        const bool hasProgram = std::find(m_by.begin(), m_by.end(), GroupBy::Program) != m_by.end();
-        AnswerGroup group = hasProgram ? AnswerGroup() : m_programs.GroupOf(key.front());
-        for (std::size_t i = 0; i < m_by.size(); ++i)
-            group.emplace_back(NameOf(m_by[i]), key[i + 1]);
-        return group;
     }
 
     const Archive& m_archive;

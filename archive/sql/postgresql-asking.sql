@@ -39,6 +39,8 @@ CREATE TABLE summary(
   failed bigint[], not_numbers bigint[], counts bigint[], firsts float8[], means float8[], squares float8[],
   mins float8[], maxs float8[], passed_counts bigint[], passed_firsts float8[], passed_means float8[],
   passed_squares float8[]) PARTITION BY LIST(product);
+CREATE TABLE bin(
+  product text, lot text, program text, is_soft smallint, number int, name text, verdict text) PARTITION BY LIST(product);
 
 CREATE VIEW value AS
   SELECT r.id AS run, nullif(r.start, 9223372036854775807) AS start, v.start_text, u.product, u.lot, u.serial, u.wafer,
@@ -71,7 +73,7 @@ BEGIN
   IF products IS NOT NULL THEN
     SELECT format('FOR VALUES IN (%s)', string_agg(quote_literal(one), ', ')) INTO own FROM unnest(products) one;
   END IF;
-  FOREACH parent IN ARRAY ARRAY['unit', 'run', 'run_values', 'failure', 'summary'] LOOP
+  FOREACH parent IN ARRAY ARRAY['unit', 'run', 'run_values', 'failure', 'summary', 'bin'] LOOP
     EXECUTE format('DROP FOREIGN TABLE IF EXISTS %I', parent || '_' || node);
     EXECUTE format('CREATE FOREIGN TABLE %I PARTITION OF %I %s SERVER %I OPTIONS (table_name %L)',
       parent || '_' || node, parent, own, server, parent);
@@ -98,7 +100,7 @@ BEGIN
       RAISE WARNING '%', SQLERRM;
     END;
   END LOOP;
-  RETURN 4;
+  RETURN 5;
 END $$;
 CREATE TABLE archive_node(node int PRIMARY KEY, server name NOT NULL UNIQUE);
 -- Read by whoever opens the archive.
@@ -130,6 +132,7 @@ END $$;
 CREATE TRIGGER only_asks BEFORE INSERT OR UPDATE OR DELETE ON unit EXECUTE FUNCTION archive_refuse();
 CREATE TRIGGER only_asks BEFORE INSERT OR UPDATE OR DELETE ON run EXECUTE FUNCTION archive_refuse();
 CREATE TRIGGER only_asks BEFORE INSERT OR UPDATE OR DELETE ON failure EXECUTE FUNCTION archive_refuse();
+CREATE TRIGGER only_asks BEFORE INSERT OR UPDATE OR DELETE ON bin EXECUTE FUNCTION archive_refuse();
 
 DO $$
 BEGIN
@@ -137,7 +140,7 @@ BEGIN
     CREATE ROLE zyn_viewer NOLOGIN;
   END IF;
 END $$;
-GRANT SELECT ON archive_meta, unit, component, layout, layout_item, limit_set, attribute_set, run, failure, summary, value, measured_day
+GRANT SELECT ON archive_meta, unit, component, layout, layout_item, limit_set, attribute_set, run, failure, summary, bin, value, measured_day
   TO zyn_viewer;
 GRANT SELECT (start, run, product, key, revision, content, start_text, duration, panel, source, comment, vals, codes, seconds, texts,
   comments, attributes) ON run_values TO zyn_viewer;

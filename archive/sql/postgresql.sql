@@ -1,6 +1,6 @@
 -- Tables of an archive in PostgreSQL 15: those of SQLite, with arrays instead of JSON and partitions by month.
 CREATE TABLE archive_meta(version int NOT NULL);
-INSERT INTO archive_meta VALUES (4);
+INSERT INTO archive_meta VALUES (5);
 
 -- Who a run is about. With a serial, ident is '': it plays no part. A unit without both is a unit of its own for each
 -- run: own then tells them apart, else it is ''. A panel's own runs belong to the panel, which is no unit.
@@ -96,6 +96,14 @@ CREATE TABLE summary(
   passed_means float8[] NOT NULL, passed_squares float8[] NOT NULL,
   UNIQUE(product, station, layout, limits, day));
 CREATE INDEX summary_day ON summary(day);
+
+-- What lots call their bins: every name that one was given, beside the others. Runs have the number in hard_bin and
+-- soft_bin.
+CREATE TABLE bin(
+  product text NOT NULL, lot text NOT NULL, program text NOT NULL, is_soft smallint NOT NULL, number int NOT NULL,
+  name text NOT NULL,
+  verdict text NOT NULL, -- 'P' or 'F' for units that passed or failed; else ''
+  PRIMARY KEY(product, lot, program, is_soft, number, name, verdict));
 
 -- For people and other tools: one row a value.
 CREATE VIEW value AS
@@ -206,12 +214,13 @@ BEGIN
     EXECUTE format('GRANT USAGE ON SCHEMA %I TO %I', current_schema(), role);
   END LOOP;
 END $$;
-GRANT SELECT ON archive_meta, unit, component, layout, layout_item, limit_set, attribute_set, run, failure, value TO zyn_viewer, zyn_writer;
+GRANT SELECT ON archive_meta, unit, component, layout, layout_item, limit_set, attribute_set, run, failure, bin, value TO zyn_viewer, zyn_writer;
 GRANT SELECT (start, run, product, key, revision, content, start_text, duration, panel, source, comment, vals, codes, seconds, texts,
   comments, attributes) ON run_values TO zyn_viewer;
 GRANT SELECT ON run_values TO zyn_writer;
 GRANT INSERT, UPDATE ON component, layout, layout_item, limit_set, attribute_set TO zyn_writer;
 GRANT INSERT, UPDATE, DELETE ON unit, run, run_values, failure TO zyn_writer;
+GRANT INSERT ON bin TO zyn_writer;
 
 GRANT EXECUTE ON FUNCTION archive_month, archive_drop_months TO zyn_writer;
 GRANT SELECT ON summary, measured_day TO zyn_viewer, zyn_writer;

@@ -1,6 +1,6 @@
 -- Tables of an archive in SQLite (3.38 or later: ->>). A statement ends with ";" at the end of a line.
 PRAGMA application_id = 0x5A594E41; -- "ZYNA"
-PRAGMA user_version = 4;
+PRAGMA user_version = 5;
 
 -- Who a run is about. With a serial, ident is '': it plays no part. A unit without both is a unit of its own for each
 -- run: own then tells them apart, else it is ''. A panel's own runs belong to the panel, which is no unit.
@@ -91,6 +91,14 @@ CREATE TABLE summary(
   passed_firsts TEXT NOT NULL, passed_means TEXT NOT NULL, passed_squares TEXT NOT NULL,
   UNIQUE(product, station, layout, limits, day));
 CREATE INDEX summary_day ON summary(day);
+
+-- What lots call their bins: every name that one was given, beside the others. Runs have the number in hard_bin and
+-- soft_bin.
+CREATE TABLE bin(
+  product TEXT NOT NULL, lot TEXT NOT NULL, program TEXT NOT NULL, is_soft INTEGER NOT NULL, number INTEGER NOT NULL,
+  name TEXT NOT NULL,
+  verdict TEXT NOT NULL, -- 'P' or 'F' for units that passed or failed; else ''
+  PRIMARY KEY(product, lot, program, is_soft, number, name, verdict)) WITHOUT ROWID;
 
 -- For people and other tools: one row a value.
 CREATE VIEW value AS

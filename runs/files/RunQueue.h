@@ -20,6 +20,7 @@ class RunQueue {
 public:
     struct Piece {
         std::vector<Run> runs = {};
+        std::vector<LotBin> bins = {};      ///< of a lot, in the last piece: they stand at its end
         std::optional<RunFault> fault = {}; ///< why there are no more, in the last piece
         bool isLast = false;
     };
@@ -40,7 +41,7 @@ public:
         });
         if (m_isClosed)
             return false;
-        m_waiting += piece.runs.size();
+        m_waiting += piece.runs.size() + piece.bins.size();
         m_pieces[input].push_back(std::move(piece));
         m_changed.notify_all();
         return true;
@@ -54,7 +55,7 @@ public:
         std::deque<Piece>& pieces = m_pieces[m_next];
         Piece piece = std::move(pieces.front());
         pieces.pop_front();
-        m_waiting -= piece.runs.size();
+        m_waiting -= piece.runs.size() + piece.bins.size();
         if (piece.isLast)
             m_pieces.erase(m_next++);
         m_changed.notify_all();

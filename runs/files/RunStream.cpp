@@ -34,6 +34,7 @@ bool ReadLot(StdfRuns& lots, const std::string& file, std::size_t index, RunQueu
     if (!goesOn)
         return false;
     piece.fault = std::move(fault);
+    piece.bins = lots.Bins();
     piece.isLast = true;
     return queue->Put(index, std::move(piece));
 }

@@ -279,7 +279,7 @@ private slots:
         }
     }
 
-    // What versions 2 to 4 changed, undone.
+    // What versions 2 to 5 changed, undone.
     void anOldArchiveIsUpgraded()
     {
         Run run = SampleRuns::Of("A", 1);
@@ -300,7 +300,7 @@ private slots:
                 if (archive.IsPostgreSql())
                     QCOMPARE(Ask(archive, "ALTER TABLE " + table + " DROP COLUMN product"), QString());
             for (const QString& sql :
-                 {QString("DROP VIEW measured_day"), QString("DROP TABLE summary"),
+                 {QString("DROP TABLE bin"), QString("DROP VIEW measured_day"), QString("DROP TABLE summary"),
                   QString("DROP INDEX run_not_passed"), QString("DROP INDEX run_again"),
                   QString("ALTER TABLE run_values DROP COLUMN attributes"),
                   QString("DROP TABLE attribute_set"), "ALTER TABLE run_values ADD COLUMN attributes " + type,

@@ -16,6 +16,9 @@ import tempfile
 
 import lots
 import reading
+import stdf_answers
+import stdf_lots
+import stdf_reading
 from same_answers import compare, questions
 
 LOADER = importlib.machinery.SourceFileLoader("cluster_script", str(pathlib.Path(__file__).parents[2] / "scripts/cluster"))
@@ -71,6 +74,15 @@ def check(folder):
         assert failed.returncode == 1 and "node2" in failed.stderr and "--product" in failed.stderr, failed.stderr
         cluster.servers[2].start()
         compare(asking, asked[0])
+
+        stdf_lots.write(4, f"{folder}/4.stdf")
+        stdf_lots.write(6, f"{folder}/6.stdf")
+        assert run("archive", "add", nodes[2], f"{folder}/4.stdf", f"{folder}/6.stdf").returncode == 0
+        lots_ = [run for seed in (4, 6) for run in stdf_reading.read(f"{folder}/{seed}.stdf")]
+        for one in stdf_answers.questions_by_bin(sorted(lots_, key=lambda run: (run.start, run.run_index)), product="CHIP"):
+            compare(asking, one)
+        refused = run("archive", "add", asking, f"{folder}/4.stdf")
+        assert "add runs to the one that keeps their product" in refused.stderr, refused.stderr
     print(f"{len(runs)} runs on 3 nodes, {len(of_first)} of them of the first, {len(asked)} answers; says of a node that "
           f"is away: {failed.stderr.strip()}")
 

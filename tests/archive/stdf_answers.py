@@ -9,17 +9,35 @@ import subprocess
 import sys
 import tempfile
 
+import postgres
 import reading
 import same_answers
 import stdf_lots
 import stdf_reading
 
 
+def by_bin(question, ask, **options):
+    """An answer by bin, and what its lots call each."""
+    rows = ask(question, **options)
+    for group in [row["group"] for row in rows]:
+        names = {run.bin_name for run in question.chosen if all(getattr(run, key) == text for key, text in group.items())}
+        if names := sorted(names - {""}):
+            group["name"] = " / ".join(names)
+    return rows
+
+
+def questions_by_bin(runs, **filters):
+    for by, ask in (("bin",), reading.ask_yield), (("lot", "bin"), reading.ask_yield), (("bin",), reading.ask_measure):
+        yield ([ask.__name__[4:]], [f"--by={','.join(by)}", *(f"--{key}={text}" for key, text in filters.items())],
+               by_bin(reading.Question(runs, **filters), ask, by=by), None)
+
+
 def questions(runs):
     def ask(name, question, *arguments, sort=None, **options):
         return [name], list(arguments), question(reading.Question(runs), **options), sort
     yield ask("yield", reading.ask_yield)
-    for by in ("site", "wafer", "bin"):
+    yield from questions_by_bin(runs)
+    for by in ("site", "wafer"):
         yield ask("yield", reading.ask_yield, "--by", by, by=(by,))
     yield ask("failures", reading.ask_failures, "--all", every=True)
     yield ask("measure", reading.ask_measure, "--values", with_values=True,
@@ -40,6 +58,25 @@ def check(seed, folder):
     for question in questions(runs):
         same_answers.compare(path, question, code=int(is_cut))
     return len(runs)
+
+
+def check_names(folder):
+    """Lots that name their bins differently: as files, in an archive and on a server that got them from there."""
+    lots = [os.path.join(folder, f"{seed}.stdf") for seed in range(1, 9)]
+    for seed, path in enumerate(lots, 1):
+        stdf_lots.write(seed, path)
+    runs = sorted((run for path in lots for run in stdf_reading.read(path)), key=lambda run: (run.start, run.run_index))
+    own = os.path.join(folder, "all.zya")
+    with postgres.at_hand() as server:
+        copy = server.database()
+        for archive, inputs in ((own, lots), (own, lots[:3]), (copy, [own]), (copy, lots[3:])):
+            if inputs in (lots, [own]):
+                same_answers.zyn("archive", "create", archive)
+            same_answers.zyn("archive", "add", archive, *inputs)
+        for filters in ({}, {"lot": "L3"}, {"since": runs[len(runs) // 2].start_text}):
+            for question in questions_by_bin(runs, **filters):
+                for source in (own, copy):
+                    same_answers.compare(source, question)
 
 
 def check_own(folder):
@@ -75,6 +112,7 @@ def main():
                 runs += check(seed, folder)
             except RuntimeError as error:
                 sys.exit(f"seed {seed}: {error}")
+        check_names(folder)
         check_own(folder)
     print(f"{seeds} lots, {runs} runs")
 

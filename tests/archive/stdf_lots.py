@@ -60,8 +60,11 @@ def make(seed):
     for test in tests:
         lot.add(10, 30, "BBsIIIIn", 255, 0, b"P", test.number, 1, 0, 0, f"named {test.number}")
     for bin_ in (1, 5):
-        lot.add(1, 40, "BBHIsn", 255, 0, bin_, 1, b"PF"[bin_ > 1:][:1], f"bin {bin_}")
-        lot.add(1, 50, "BBHIsn", 255, 0, bin_, 1, b"P", "")
+        name = rng.choice([f"bin {bin_}", f" bin {bin_}", f"L{seed}'s {bin_}", ""])
+        lot.add(1, 40, "BBHIsn", 1, 1, bin_, 1, b" ", "")
+        for head in (1, 255):
+            lot.add(1, 40, "BBHIsn", head, 0, bin_, 1, b"PF"[bin_ > 1:][:1], name)
+        lot.add(1, 50, "BBHIsn", 255, 0, bin_, 1, b"P", f"soft {bin_}")
     lot.add(1, 20, "I", start)
     return lot.data
 

@@ -8,7 +8,7 @@ import gzip
 import lzma
 import math
 import struct
-from collections import Counter
+from collections import Counter, defaultdict
 
 from reading import Record
 
@@ -86,17 +86,19 @@ class Lot:
     def __init__(self, path):
         self.data, self.runs, self.open = content(path), [], {}
         self.tests, self.firsts, self.pins, self.wafers, self.groups, self.places = {}, {}, {}, {}, {}, {}
-        self.names, self.wafer_count, self.bins = {}, 0, {}
+        self.names, self.wafer_count, self.bins = {}, 0, defaultdict(str)
         for kind, fields in records(self.data):
             if kind == (10, 30):
                 values = fields.many("BBsIIIInnn")
                 self.names.setdefault(values[3], clean(values[7]) or clean(values[9]))
         take = {(1, 10): self.mir, (1, 60): self.pmr, (1, 80): self.sdr, (2, 10): self.wir, (2, 20): self.wrr,
                 (5, 10): self.pir, (5, 20): self.prr, (15, 10): self.ptr, (15, 15): self.mpr, (15, 20): self.ftr,
-                (1, 40): self.bin, (1, 50): self.bin}
+                (1, 40): self.bin}
         for kind, fields in records(self.data):
             if kind in take:
                 take[kind](fields)
+        for run in self.runs:  # names stand at the end
+            run.bin_name = self.bins[run.bin]
 
     def mir(self, fields):
         values = fields.many("IIBsssHsnnnnnn")
@@ -124,7 +126,7 @@ class Lot:
 
     def bin(self, fields):
         values = fields.many("BBHIsn")
-        self.bins.setdefault(values[2], clean(values[5]))
+        self.bins[str(values[2])] = self.bins[str(values[2])] or clean(values[5])
 
     def pir(self, fields):
         self.open[tuple(fields.many("BB"))] = []
@@ -144,7 +146,7 @@ class Lot:
                      bin="" if hard in (None, 65535) else str(hard), test_index=0, run_index=len(self.runs),
                      code=-5 if flags & 4 else 0 if flags & 16 else -1 if flags & 8 else 1,
                      components=self.open.pop((head, site), []))
-        run.key = len(self.runs)
+        run.key = self.lot, len(self.runs)
         seen = Counter()
         for one in run.components:
             seen[one.identity] += 1

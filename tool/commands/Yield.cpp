@@ -53,8 +53,9 @@ void Print(const std::vector<YieldRow>& rows)
     for (const YieldRow& row : rows) {
         QList<TableCell> cells;
         for (const auto& [name, value] : row.group)
-            cells.append(value.isEmpty() ? TableCell(Texts::tr("(none)"), Style::Dim)
-                                         : TableCell(Harmless(value)));
+            cells.append(value.isEmpty() && name != AnswerKeys::BinName
+                             ? TableCell(Texts::tr("(none)"), Style::Dim)
+                             : TableCell(Harmless(value)));
         // Bars compare groups; there is nothing to compare one with.
         const QString bar = rows.size() > 1 && most > 0 ? Bar(LostShare(row) / most, BarColumns) : QString();
         cells.append({ShareText(row.passed, row.units),

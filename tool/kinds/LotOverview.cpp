@@ -59,7 +59,7 @@ public:
         TakeValues(run);
     }
 
-    void Print(const std::vector<StdfBin>& bins) const
+    void Print(const std::vector<LotBin>& bins) const
     {
         if (m_all.parts == 0)
             return;
@@ -149,13 +149,14 @@ private:
         table.Print();
     }
 
-    void PrintBins(const std::vector<StdfBin>& bins) const
+    void PrintBins(const std::vector<LotBin>& bins) const
     {
         if (m_bins.empty())
             return;
-        std::map<std::pair<bool, int>, const StdfBin*> named;
-        for (const StdfBin& bin : bins)
-            named[{!bin.isHard, bin.number}] = &bin;
+        std::map<std::pair<bool, int>, const LotBin*> named; // the first stream that names it
+        for (const LotBin& bin : bins)
+            if (const LotBin*& known = named[{bin.isSoft, bin.number}]; !known || known->name.empty())
+                known = &bin;
         Tool::Print(QStringLiteral("\n"));
         Table table({{Texts::tr("Bin")},
                      {Texts::tr("Number"), Side::Right},
@@ -165,7 +166,7 @@ private:
                      {Texts::tr("Name")}});
         for (const auto& [key, count] : m_bins) {
             const auto known = named.find(key);
-            const StdfBin* const bin = known == named.end() ? nullptr : known->second;
+            const LotBin* const bin = known == named.end() ? nullptr : known->second;
             table.Add({key.first ? Texts::tr("soft") : Texts::tr("hard"), QString::number(key.second),
                        QString::number(count.parts), Share(count.parts, m_all.parts),
                        bin && (bin->verdict == 'P' || bin->verdict == 'F')

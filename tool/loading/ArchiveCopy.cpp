@@ -7,6 +7,7 @@ namespace ZYN::Tool {
 namespace {
 
 constexpr std::size_t RunsOfBatch = 100;
+constexpr std::size_t BinsOfBatch = 10'000;
 
 } // namespace
 
@@ -26,6 +27,15 @@ LoadedInput CopyArchive(Archive& archive, const Input& source)
     if (!from.Open(source.path, Archive::Mode::ReadOnly))
         return fail(from);
     ArchiveRuns runs(from);
+    for (;;) {
+        const std::optional<std::vector<LotBin>> bins = runs.NextBins(BinsOfBatch);
+        if (!bins)
+            return fail(from);
+        if (bins->empty())
+            break;
+        if (!archive.AddBins(*bins))
+            return fail(archive);
+    }
     for (;;) {
         const std::optional<std::vector<Run>> batch = runs.Next(RunsOfBatch);
         if (!batch)

@@ -43,7 +43,8 @@ InputRuns::InputRuns(const QList<Input>& inputs)
 InputRuns::Piece InputRuns::Take()
 {
     RunStream::Piece taken = m_stream.Take();
-    Piece piece{&m_inputs.at(m_index), std::move(taken.runs), std::nullopt, taken.isLast};
+    Piece piece{&m_inputs.at(m_index), std::move(taken.runs), std::move(taken.bins), std::nullopt,
+                taken.isLast};
     for (Run& run : piece.runs)
         run.source = piece.input->name.toStdString();
     if (taken.fault)

@@ -16,6 +16,7 @@ public:
     struct Piece {
         const Input* input = nullptr;
         std::vector<Run> runs = {};
+        std::vector<LotBin> bins = {};       ///< of a lot, in its last piece
         std::optional<Problem> problem = {}; ///< why there are no more, in the last piece of an input
         bool isLast = false;
     };

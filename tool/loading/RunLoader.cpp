@@ -10,6 +10,7 @@ namespace ZYN::Tool {
 namespace {
 
 constexpr qsizetype RunsOfBatch = 100;
+constexpr std::size_t BinsOfBatch = 10'000;
 constexpr qint64 MillisecondsOfBatch = 1000;
 
 // Collects inputs until they are worth a transaction.
@@ -23,7 +24,7 @@ public:
 
     bool IsFull() const
     {
-        return qsizetype(m_runs.size()) >= RunsOfBatch ||
+        return qsizetype(m_runs.size()) >= RunsOfBatch || m_bins.size() >= BinsOfBatch ||
                (!m_inputs.empty() && m_timer.elapsed() >= MillisecondsOfBatch);
     }
 
@@ -36,8 +37,10 @@ public:
         Part& part = m_inputs.back();
         part.loaded.problem = std::move(piece.problem);
         part.runs += piece.runs.size();
+        part.bins += piece.bins.size();
         part.isComplete = piece.isLast;
         std::move(piece.runs.begin(), piece.runs.end(), std::back_inserter(m_runs));
+        std::move(piece.bins.begin(), piece.bins.end(), std::back_inserter(m_bins));
     }
 
     /// Adds what was collected and tells about the inputs that are complete.
@@ -47,7 +50,7 @@ public:
         std::optional<Problem> failure = WriteTogether() ? std::nullopt : WriteOneByOne();
         std::vector<Part> unfinished; // at most the last one
         for (Part& part : m_inputs) {
-            part.runs = 0;
+            part.runs = part.bins = 0;
             if (part.isComplete || failure)
                 m_tell(part.loaded);
             else
@@ -55,20 +58,21 @@ public:
         }
         m_inputs = std::move(unfinished);
         m_runs.clear();
+        m_bins.clear();
         return failure;
     }
 
 private:
     struct Part {
         LoadedInput loaded;
-        size_t runs = 0; // that are to be written
+        size_t runs = 0, bins = 0; // that are to be written
         bool isComplete = false;
     };
 
     bool WriteTogether()
     {
         AddedRuns added;
-        if (!m_runs.empty() && !m_archive.Add(m_runs, &added))
+        if (!Add(m_runs, m_bins, &added))
             return false;
         auto as = added.each.cbegin();
         for (Part& part : m_inputs)
@@ -77,22 +81,30 @@ private:
         return true;
     }
 
+    // The names first: once runs are told to be added, nothing of their lot is missing.
+    bool Add(std::span<const Run> runs, std::span<const LotBin> bins, AddedRuns* added)
+    {
+        return m_archive.AddBins(bins) && (runs.empty() || m_archive.Add(runs, added));
+    }
+
     // Runs that the database does not take must not take others with them.
     std::optional<Problem> WriteOneByOne()
     {
         std::optional<Problem> failure = Failure();
         std::span<const Run> rest = m_runs;
+        std::span<const LotBin> restOfBins = m_bins;
         for (Part& part : m_inputs) {
             AddedRuns added;
-            if (part.runs > 0 && !failure && !m_archive.Add(rest.first(part.runs), &added)) {
+            if (!failure && !Add(rest.first(part.runs), restOfBins.first(part.bins), &added)) {
                 part.loaded.problem = {part.loaded.input->name, 0, m_archive.GetErrorText(), {}};
                 failure = Failure();
             }
-            if (part.runs > 0 && failure)
+            if (part.runs + part.bins > 0 && failure)
                 part.loaded.problem = failure;
             for (const AddedAs as : added.each)
                 Count(as, &part.loaded);
             rest = rest.subspan(part.runs);
+            restOfBins = restOfBins.subspan(part.bins);
         }
         return failure;
     }
@@ -114,6 +126,7 @@ private:
     const std::function<void(const LoadedInput&)>& m_tell;
     std::vector<Part> m_inputs;
     std::vector<Run> m_runs;
+    std::vector<LotBin> m_bins;
     QElapsedTimer m_timer; // since the first of them
 };
 

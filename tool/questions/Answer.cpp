@@ -2,6 +2,8 @@
 
 #include "terminal/Terminal.h"
 
+#include "archive/questions/AnswerKeys.h"
+
 namespace ZYN::Tool {
 
 namespace {
@@ -22,9 +24,10 @@ AnswerRow::AnswerRow(const AnswerGroup& group)
 {
     QJsonObject names;
     QStringList parts;
-    for (const auto& [name, value] : group) {
-        names.insert(name, value);
-        parts.append(name);
+    for (const auto& part : group) {
+        if (IsTold(part))
+            names.insert(part.first, part.second);
+        parts.append(part.first);
     }
     if (!group.empty())
         m_items.push_back({groupKey, names, parts});

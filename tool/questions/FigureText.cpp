@@ -36,8 +36,9 @@ QString TitleOfGroup(const QString& name)
         {"station", QT_TRANSLATE_NOOP("zyn", "Station")},   {"program", QT_TRANSLATE_NOOP("zyn", "Program")},
         {"position", QT_TRANSLATE_NOOP("zyn", "Position")}, {"site", QT_TRANSLATE_NOOP("zyn", "Site")},
         {"wafer", QT_TRANSLATE_NOOP("zyn", "Wafer")},       {"bin", QT_TRANSLATE_NOOP("zyn", "Bin")},
-        {"hour", QT_TRANSLATE_NOOP("zyn", "Hour")},         {"day", QT_TRANSLATE_NOOP("zyn", "Day")},
-        {"week", QT_TRANSLATE_NOOP("zyn", "Week")},         {"month", QT_TRANSLATE_NOOP("zyn", "Month")}};
+        {"name", QT_TRANSLATE_NOOP("zyn", "Name")},         {"hour", QT_TRANSLATE_NOOP("zyn", "Hour")},
+        {"day", QT_TRANSLATE_NOOP("zyn", "Day")},           {"week", QT_TRANSLATE_NOOP("zyn", "Week")},
+        {"month", QT_TRANSLATE_NOOP("zyn", "Month")}};
     for (const auto& [known, title] : titles)
         if (name == QLatin1String(known))
             return Texts::tr(title);
