@@ -610,6 +610,10 @@
         <source>%1: the start &apos;%2&apos; of %3 cannot be read; its run comes last</source>
         <translation>%1: der Beginn &apos;%2&apos; %3 ist nicht lesbar; sein Lauf kommt zuletzt</translation>
     </message>
+    <message>
+        <source>only asks other servers, and keeps nothing; make its database anew with postgresql-asking.sql</source>
+        <translation>fragt nur andere Server und bewahrt selbst nichts auf; legen Sie seine Datenbank mit postgresql-asking.sql neu an</translation>
+    </message>
 </context>
 <context>
     <name>stdf</name>

@@ -234,10 +234,14 @@ private slots:
         const Run run = SampleRuns::Of("A", 1);
         Archive writer;
         QVERIFY(writer.Open(as("writer"), Archive::Mode::ReadWrite));
-        QVERIFY2(writer.Add({&run, 1}, nullptr), qPrintable(writer.GetErrorText()));
+        LotBin bin;
+        bin.name = "leak";
+        QVERIFY2(writer.Add({&run, 1}, nullptr) && writer.AddBins({&bin, 1}),
+                 qPrintable(writer.GetErrorText()));
         Archive viewer;
         QVERIFY(viewer.Open(as("viewer"), Archive::Mode::ReadWrite));
         QCOMPARE(Ask(viewer, "SELECT station, num FROM value WHERE pos = 3"), QString("ST1|1.2"));
+        QCOMPARE(Ask(viewer, "SELECT name, number FROM bin"), QString("leak|0"));
         QCOMPARE(Ask(viewer, "SELECT operator FROM run_values"), QString("(error)"));
         QVERIFY(!viewer.Add({&run, 1}, nullptr));
         QVERIFY2(viewer.GetErrorText().contains("zyn_writer"), qPrintable(viewer.GetErrorText()));
@@ -285,6 +289,8 @@ private slots:
         Run run = SampleRuns::Of("A", 1);
         run.attributes = {{3, "DMM1"}};
         const Run later = With(run, [](Run& other) { other.serial = "B"; });
+        LotBin bin;
+        bin.name = "leak";
         QTemporaryDir folder;
         for (const QString& url : {folder.filePath("line.zya"), Server::NewDatabase()}) {
             Archive archive;
@@ -311,7 +317,8 @@ private slots:
             QVERIFY(!archive.Open(url, Archive::Mode::ReadWrite));
             QVERIFY(archive.GetErrorText().contains("zyn archive upgrade " + archive.GetShownUrl()));
             QVERIFY2(archive.Upgrade(url) && archive.Upgrade(url), qPrintable(archive.GetErrorText()));
-            QVERIFY2(archive.Add({&later, 1}, nullptr), qPrintable(archive.GetErrorText()));
+            QVERIFY2(archive.Add({&later, 1}, nullptr) && archive.AddBins({&bin, 1}),
+                     qPrintable(archive.GetErrorText()));
             QCOMPARE(
                 Ask(archive,
                     "SELECT serial, replace(s.attributes, ' ', '') FROM unit u JOIN run r ON r.unit = u.id "
