@@ -612,7 +612,7 @@
     </message>
     <message>
         <source>only asks other servers, and keeps nothing; make its database anew with postgresql-asking.sql</source>
-        <translation>fragt nur andere Server und bewahrt selbst nichts auf; legen Sie seine Datenbank mit postgresql-asking.sql neu an</translation>
+        <translation>fragt nur andere Server und bewahrt selbst nichts auf; seine Datenbank mit postgresql-asking.sql neu anlegen</translation>
     </message>
 </context>
 <context>
