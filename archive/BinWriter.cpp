@@ -23,7 +23,7 @@ bool AddBinNames(Database& database, std::span<const LotBin> bins)
         const bool hasVerdict = bin.verdict == 'P' || bin.verdict == 'F';
         if (!bin.name.empty())
             rows.emplace(bin.product, bin.lot, bin.program, int(bin.isSoft), bin.number, bin.name,
-                         std::string(hasVerdict ? 1 : 0, bin.verdict));
+                         hasVerdict ? std::string(1, bin.verdict) : std::string());
     }
     if (rows.empty())
         return true;

@@ -83,6 +83,9 @@ def check(folder):
             compare(asking, one)
         refused = run("archive", "add", asking, f"{folder}/4.stdf")
         assert "add runs to the one that keeps their product" in refused.stderr, refused.stderr
+        cluster.servers[0].sql("line", "CREATE OR REPLACE VIEW archive_meta AS SELECT 2 AS version")
+        refused = run("archive", "upgrade", asking)
+        assert refused.returncode == 1 and "postgresql-asking.sql" in refused.stderr, refused.stderr
     print(f"{len(runs)} runs on 3 nodes, {len(of_first)} of them of the first, {len(asked)} answers; says of a node that "
           f"is away: {failed.stderr.strip()}")
 
