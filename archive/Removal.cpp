@@ -16,19 +16,29 @@ const QString runs = QStringLiteral("DELETE FROM run WHERE %1");
 const QString units =
     QStringLiteral("DELETE FROM unit WHERE NOT EXISTS (SELECT 1 FROM run WHERE run.unit = unit.id)");
 
-// Days of which all runs are removed, and days of which some may be: clocks are at most 14 hours from UTC,
-// and there are wrong ones.
-constexpr qint64 Slack = 2;
-
 // A month at a time, of a server: its tables are dropped, whatever they hold.
 bool DropMonths(Database& database, const TimeBound& bound, std::int64_t* removed)
 {
     QSqlQuery query = database.Prepare(QStringLiteral("SELECT archive_drop_months(?)"));
-    query.addBindValue(qint64(bound.at - (bound.byTesterClock ? Slack * MillisecondsOfDay : 0)));
+    query.addBindValue(qint64(bound.at - (bound.byTesterClock ? FarthestDays * MillisecondsOfDay : 0)));
     if (!database.Run(query) || !query.next())
         return false;
     *removed += query.value(0).toLongLong();
     return true;
+}
+
+// The last day of which runs will be removed, if any.
+std::optional<qint64> LastDay(Database& database, const TimeBound& bound)
+{
+    const QString condition = bound.byTesterClock ? testerClock : utc;
+    QSqlQuery query = database.Prepare(
+        QStringLiteral("SELECT max(start + coalesce(utc_offset, 0) * 60000) FROM run WHERE start >= ? AND ") +
+        condition);
+    query.addBindValue(qint64(bound.at - 2 * FarthestDays * MillisecondsOfDay));
+    query.addBindValue(qint64(bound.at));
+    if (!database.Run(query) || !query.next() || query.isNull(0))
+        return std::nullopt;
+    return DayOf(query.value(0).toLongLong(), std::nullopt);
 }
 
 bool RemoveSummaries(Database& database, qint64 day)
@@ -69,12 +79,13 @@ bool RemoveRunsBefore(Database& database, const TimeBound& bound, std::int64_t* 
     return database.InTransaction([&] {
         *removed = 0;
         summaries.Forget();
+        const qint64 lastDay = LastDay(database, bound).value_or(day - FarthestDays);
         if ((database.IsPostgreSql() && !DropMonths(database, bound, removed)) || !remove(failures) ||
             !remove(values) || !remove(runs))
             return false;
         *removed += affected;
-        return RemoveSummaries(database, day - Slack) &&
-               RenewSummaries(database, summaries, day - Slack, day + Slack) && summaries.Write() &&
+        return RemoveSummaries(database, day - FarthestDays) &&
+               RenewSummaries(database, summaries, day - FarthestDays, lastDay) && summaries.Write() &&
                database.Execute(units);
     });
 }

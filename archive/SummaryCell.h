@@ -24,6 +24,8 @@ struct SummaryKey {
     bool operator<(const SummaryKey& other) const { return Tie() < other.Tie(); }
 };
 
+/// How many days a tester's clock may be from UTC: 14 hours, and there are wrong ones.
+constexpr qint64 FarthestDays = 2;
 constexpr qint64 MillisecondsOfDay = qint64(24) * 3600 * 1000;
 /// The day of runs whose start cannot be read.
 constexpr qint64 UnreadableDay = 2147483647;

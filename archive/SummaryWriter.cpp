@@ -10,11 +10,14 @@ namespace {
 // More at once would fill the memory while all are made.
 constexpr std::size_t CellsKept = 500;
 
-// Clocks are at most 14 hours from UTC, and there are wrong ones.
-constexpr qint64 FarthestClock = 2 * MillisecondsOfDay;
-
 const QString keyColumns =
     QStringLiteral("u.product, r.station, r.layout, coalesce(r.limits, 0), r.start, r.utc_offset");
+
+// A start that cannot be read has no room for an offset.
+const QString testersClock =
+    QStringLiteral("CASE WHEN r.start < %1 THEN r.start + coalesce(r.utc_offset, 0) * 60000 "
+                   "ELSE r.start END")
+        .arg(UnreadableStart);
 
 QString FindSql(bool isPostgreSql)
 {
@@ -89,8 +92,10 @@ SummaryWriter::SummaryWriter(Database& database)
     m_update = database.Prepare(UpdateSql());
     m_remove = database.Prepare(QStringLiteral("DELETE FROM summary WHERE id = ?"));
     m_runs = database.Prepare(
-        ValuesSql(isServer, QStringLiteral(" AND r.start >= ? AND r.start <= ? AND u.product = ? AND "
-                                           "r.station = ? AND r.layout = ? AND coalesce(r.limits, 0) = ?")));
+        ValuesSql(isServer, QStringLiteral(" AND r.start >= ? AND r.start <= ? AND %1 >= ? AND %1 <= ? AND "
+                                           "u.product = ? AND r.station = ? AND r.layout = ? AND "
+                                           "coalesce(r.limits, 0) = ?")
+                                .arg(testersClock)));
     m_keyOfRun = database.Prepare(QStringLiteral("SELECT %1 FROM run r JOIN unit u ON u.id = r.unit WHERE "
                                                  "r.start = ? AND r.id = ?")
                                       .arg(keyColumns));
@@ -196,9 +201,11 @@ bool SummaryWriter::Replace(qint64 id, const SummaryCell& cell)
 bool SummaryWriter::ReadRuns(const SummaryKey& key, SummaryCell* cell)
 {
     const bool isReadable = key.day != UnreadableDay;
-    m_runs.addBindValue(isReadable ? key.day * MillisecondsOfDay - FarthestClock : qint64(UnreadableStart));
-    m_runs.addBindValue(isReadable ? (key.day + 1) * MillisecondsOfDay + FarthestClock
-                                   : qint64(UnreadableStart));
+    const qint64 first = isReadable ? key.day * MillisecondsOfDay : qint64(UnreadableStart);
+    const qint64 last = isReadable ? first + MillisecondsOfDay - 1 : first;
+    const qint64 slack = isReadable ? FarthestDays * MillisecondsOfDay : 0;
+    for (const qint64 bound : {first - slack, last + slack, first, last})
+        m_runs.addBindValue(bound);
     m_runs.addBindValue(key.product);
     m_runs.addBindValue(key.station);
     m_runs.addBindValue(key.layout);
@@ -206,8 +213,7 @@ bool SummaryWriter::ReadRuns(const SummaryKey& key, SummaryCell* cell)
     if (!m_database.Run(m_runs))
         return false;
     while (m_runs.next())
-        if (!(key < KeyOf(m_runs)) && !(KeyOf(m_runs) < key))
-            AddRow(m_runs, cell);
+        AddRow(m_runs, cell);
     m_runs.finish();
     return true;
 }

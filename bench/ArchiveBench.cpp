@@ -1,6 +1,8 @@
 // An archive of 100,000 runs with 200 values each, in a file and, where ZYN_BENCH_SERVER names an empty
 // database, on a server: whether adding grows dearer, what a component takes on disk, and how long questions
-// wait. The floor of a question is the time that it may take.
+// wait. Where ZYN_BENCH_CLUSTER names a server that asks and its nodes (scripts/cluster), a line each, the
+// runs stand on the nodes, as those of products "Board 1", "Board 2" ... The floor of a question is the time
+// that it may take.
 
 #include "archive/Archive.h"
 #include "archive/ArchiveInfo.h"
@@ -80,8 +82,9 @@ RunLimits MakeLimits(std::size_t size)
 /// Runs of a line: one board in fifty fails a measurement and is tested again at once.
 class Line {
 public:
-    Line()
-        : m_layout(std::make_shared<const RunLayout>(MakeLayout()))
+    explicit Line(std::string product)
+        : m_product(std::move(product))
+        , m_layout(std::make_shared<const RunLayout>(MakeLayout()))
         , m_limits(std::make_shared<const RunLimits>(MakeLimits(m_layout->components.size())))
     {
     }
@@ -101,7 +104,7 @@ private:
         Run run;
         const bool fails = m_number % failing == 0;
         m_serial += m_number % failing != 1;
-        run.product = "Board";
+        run.product = m_product;
         run.lot = Name("L", std::size_t(m_number / RunsOfLot));
         run.serial = Name("SN-", m_serial);
         run.start = FirstStart + m_number * Pause;
@@ -130,6 +133,7 @@ private:
         return run;
     }
 
+    const std::string m_product;
     std::shared_ptr<const RunLayout> m_layout;
     std::shared_ptr<const RunLimits> m_limits;
     std::mt19937 m_random{1};
@@ -141,8 +145,10 @@ private:
 /// A full archive, made when it is first asked for.
 class FullArchive {
 public:
-    explicit FullArchive(const QString& url)
+    /// \param nodes are archives already, and keep what is asked by way of the url
+    explicit FullArchive(const QString& url, const QStringList& nodes = {})
         : m_url(url)
+        , m_nodes(nodes)
     {
     }
 
@@ -158,25 +164,45 @@ public:
 private:
     void Fill()
     {
-        if (!m_archive.Create(m_url))
-            qFatal("%ls", qUtf16Printable(m_archive.GetErrorText()));
-        Line line;
-        for (int part = 0; part < Runs / RunsOfPart; ++part) {
+        Check(m_archive, m_nodes.isEmpty() ? m_archive.Create(m_url) : true);
+        if (m_nodes.isEmpty())
+            AddRuns(m_archive, "Board", Runs);
+        const int runsOfNode =
+            m_nodes.isEmpty() ? 0 : (Runs / int(m_nodes.size()) / RunsOfPart + 1) * RunsOfPart;
+        int number = 0;
+        for (const QString& url : m_nodes) {
+            Archive node;
+            Check(node, node.Open(url, Archive::Mode::ReadWrite));
+            AddRuns(node, Name("Board ", std::size_t(++number)), runsOfNode);
+        }
+        Check(m_archive, m_nodes.isEmpty() || m_archive.Open(m_url, Archive::Mode::ReadOnly));
+        m_isFull = true;
+    }
+
+    void AddRuns(Archive& archive, const std::string& product, int count)
+    {
+        Line line(product);
+        for (int part = 0; part < count / RunsOfPart; ++part) {
             qint64 nanoseconds = 0;
             for (int batch = 0; batch < RunsOfPart / RunsOfBatch; ++batch) {
                 const std::vector<Run> runs = line.Next(RunsOfBatch);
                 QElapsedTimer timer;
                 timer.start();
-                if (!m_archive.Add(runs, nullptr))
-                    qFatal("%ls", qUtf16Printable(m_archive.GetErrorText()));
+                Check(archive, archive.Add(runs, nullptr));
                 nanoseconds += timer.nsecsElapsed();
             }
             (part == 0 ? firstPart : lastPart) = double(nanoseconds) * 1e-9;
         }
-        m_isFull = true;
+    }
+
+    static void Check(const Archive& archive, bool isGood)
+    {
+        if (!isGood)
+            qFatal("%ls", qUtf16Printable(archive.GetErrorText()));
     }
 
     const QString m_url;
+    const QStringList m_nodes;
     Archive m_archive;
     bool m_isFull = false;
 };
@@ -221,36 +247,45 @@ void Ask(benchmark::State& state, FullArchive& full, double milliseconds, const 
     state.counters["bar"] = 1.0;
 }
 
-void Register(const std::string& kind, FullArchive& full, double bytes, double yieldTime)
+benchmark::internal::Benchmark* Named(const std::string& kind, const std::string& name, const auto& work)
 {
-    const auto add = [&](const std::string& name, const auto& work) {
-        return benchmark::RegisterBenchmark((kind + ": " + name).c_str(), work)
-            ->UseManualTime()
-            ->Unit(benchmark::kMillisecond);
-    };
-    add("adding at 20 M values / at 2 M", [&](benchmark::State& state) { Add(state, full); })->Iterations(1);
-    add("bytes a component", [&full, bytes](benchmark::State& state) {
+    return benchmark::RegisterBenchmark((kind + ": " + name).c_str(), work)
+        ->UseManualTime()
+        ->Unit(benchmark::kMillisecond);
+}
+
+void RegisterAdding(const std::string& kind, FullArchive& full, double bytes)
+{
+    Named(kind, "adding at 20 M values / at 2 M", [&](benchmark::State& state) {
+        Add(state, full);
+    })->Iterations(1);
+    Named(kind, "bytes a component", [&full, bytes](benchmark::State& state) {
         Size(state, full, bytes);
     })->Iterations(1);
+}
+
+/// \param shortTime that may be taken for what is looked up, \param yieldTime for the yield by day, in ms
+void RegisterQuestions(const std::string& kind, FullArchive& full, double shortTime, double yieldTime)
+{
     const auto ask = [&](const std::string& name, double time, const auto& question) {
-        add(name, [&full, time, question](benchmark::State& state) { Ask(state, full, time, question); });
+        Named(kind, name,
+              [&full, time, question](benchmark::State& state) { Ask(state, full, time, question); });
     };
-    constexpr double short_ = 50;
     RunFilter serial, lot;
     serial.serial = QStringLiteral("SN-5000");
     lot.lot = QStringLiteral("L100");
-    ask("failures", short_, [](const Archive& archive) { return AskFailures(archive, {}, false); });
-    ask("history", short_, [=](const Archive& archive) { return AskHistory(archive, serial); });
-    ask("units, failed", short_,
+    ask("failures", shortTime, [](const Archive& archive) { return AskFailures(archive, {}, false); });
+    ask("history", shortTime, [=](const Archive& archive) { return AskHistory(archive, serial); });
+    ask("units, failed", shortTime,
         [](const Archive& archive) { return AskUnits(archive, {}, {.failed = true, .retested = false}); });
-    ask("units of a lot", short_, [=](const Archive& archive) { return AskUnits(archive, lot, {}); });
+    ask("units of a lot", shortTime, [=](const Archive& archive) { return AskUnits(archive, lot, {}); });
     ask("yield by day", yieldTime,
         [](const Archive& archive) { return AskYield(archive, {}, {GroupBy::Day}); });
     constexpr double figuresTime = 200;
     ask("measure by day", figuresTime, [](const Archive& archive) {
         return AskMeasures(archive, {}, {.names = {}, .values = false, .by = {GroupBy::Day}});
     });
-    ask("measure, a lot", short_, [=](const Archive& archive) { return AskMeasures(archive, lot, {}); });
+    ask("measure, a lot", shortTime, [=](const Archive& archive) { return AskMeasures(archive, lot, {}); });
 }
 
 } // namespace
@@ -260,11 +295,20 @@ int main(int argc, char** argv)
     benchmark::Initialize(&argc, argv);
     const QTemporaryDir folder;
     FullArchive file(folder.filePath(QStringLiteral("line.zya")));
-    constexpr double fileBytes = 20, serverBytes = 25, fileYield = 150, serverYield = 200;
-    Register("SQLite", file, fileBytes, fileYield);
+    constexpr double shortTime = 50, longTime = 200, fileYield = 150, fileBytes = 20, serverBytes = 25;
+    RegisterAdding("SQLite", file, fileBytes);
+    RegisterQuestions("SQLite", file, shortTime, fileYield);
     FullArchive server(qEnvironmentVariable("ZYN_BENCH_SERVER"));
-    if (qEnvironmentVariableIsSet("ZYN_BENCH_SERVER"))
-        Register("PostgreSQL", server, serverBytes, serverYield);
+    if (qEnvironmentVariableIsSet("ZYN_BENCH_SERVER")) {
+        RegisterAdding("PostgreSQL", server, serverBytes);
+        RegisterQuestions("PostgreSQL", server, shortTime, longTime);
+    }
+    QStringList nodes =
+        qEnvironmentVariable("ZYN_BENCH_CLUSTER").split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    const QString asking = nodes.isEmpty() ? QString() : nodes.takeFirst();
+    FullArchive cluster(asking, nodes);
+    if (!nodes.isEmpty())
+        RegisterQuestions(std::to_string(nodes.size()) + " nodes", cluster, longTime, longTime);
     benchmark::RunSpecifiedBenchmarks();
     return 0;
 }

@@ -143,9 +143,9 @@ bool MeasuresByQuestion::ReadItems(std::optional<QSqlQuery> limits)
 
 bool MeasuresByQuestion::AddRuns()
 {
-    if (!ReadItems(m_runs.Select(QStringLiteral("DISTINCT coalesce(r.limits, 0)"))))
+    if (!ReadItems(m_runs.Select(QStringLiteral("DISTINCT r.limits"))))
         return false;
-    QString columns = QStringLiteral("r.layout, coalesce(r.limits, 0), v.vals, v.codes, v.texts");
+    QString columns = QStringLiteral("r.layout, r.limits, v.vals, v.codes, v.texts");
     for (const GroupBy by : m_options.by)
         columns += QStringLiteral(", ") + ColumnOf(by, m_archive.IsPostgreSql());
     std::optional<QSqlQuery> query = m_runs.Select(columns, m_runs.JoinValues() + m_runs.JoinHome());

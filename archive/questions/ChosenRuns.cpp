@@ -5,7 +5,9 @@
 #include "archive/StartOfRun.h"
 
 #include <QtSql/QSqlDatabase>
+#include <QtSql/QSqlDriver>
 #include <QtSql/QSqlError>
+#include <QtSql/QSqlField>
 
 namespace ZYN {
 
@@ -86,20 +88,25 @@ void ChosenRuns::Choose(const RunFilter& filter, Of of)
         values << filter.serial << filter.serial;
     }
     const bool isOfProduct = filter.ofOneLot || !filter.product.isEmpty();
-    if (isOfProduct && m_isPostgreSql) {
-        // Tells which of several servers to ask.
-        Add(QStringLiteral("r.product = ?"), {NotNull(filter.product)});
-    } else if (isOfProduct) {
-        ofUnit.append(QStringLiteral("product = ?"));
-        values << NotNull(filter.product);
-    }
     if (filter.ofOneLot || !filter.lot.isEmpty()) {
         ofUnit.append(QStringLiteral("lot = ?"));
         values << NotNull(filter.lot);
     }
+    if (isOfProduct && m_isPostgreSql) {
+        // Tells which of several servers to ask.
+        Add(QStringLiteral("r.product = ?"), {NotNull(filter.product)});
+        QSqlField product(QString(), QMetaType::fromType<QString>());
+        product.setValue(NotNull(filter.product));
+        m_ofProduct =
+            QStringLiteral(" AND product = ") + m_archive.GetDatabase().driver()->formatValue(product);
+    }
+    if (isOfProduct && (!m_isPostgreSql || !ofUnit.isEmpty())) {
+        ofUnit.append(QStringLiteral("product = ?"));
+        values << NotNull(filter.product);
+    }
     if (!ofUnit.isEmpty())
-        Add(QStringLiteral("r.home IN (SELECT id FROM unit WHERE %1)")
-                .arg(ofUnit.join(QLatin1String(" AND "))),
+        Add(IsOneOf(QStringLiteral("r.home"),
+                    QStringLiteral("SELECT id FROM unit WHERE ") + ofUnit.join(QLatin1String(" AND "))),
             values);
     AddTime(filter.since, true);
     AddTime(filter.until, false);
@@ -121,8 +128,7 @@ void ChosenRuns::AddTime(const std::optional<TimeBound>& bound, bool isSince)
     Add(QStringLiteral("r.start %1 ?").arg(comparison), {qint64(bound->at + slack)});
     Add(QStringLiteral("r.start < ?"), {qint64(UnreadableStart)});
     if (bound->byTesterClock)
-        Add(QStringLiteral("r.start + coalesce(r.utc_offset, 0) * 60000 %1 ?").arg(comparison),
-            {qint64(bound->at)});
+        Add(TesterClock() + QStringLiteral(" %1 ?").arg(comparison), {qint64(bound->at)});
 }
 
 std::optional<QSqlQuery> ChosenRuns::Select(const QString& columns, const QString& joins,
@@ -175,10 +181,15 @@ QString ChosenRuns::JoinFirstFailure() const
 
 QString ChosenRuns::HasRun(const QString& condition) const
 {
-    return (m_isPostgreSql
-                ? QStringLiteral("(r.product, r.unit) IN (SELECT product, unit FROM %1 y WHERE %2)")
-                : QStringLiteral("r.unit IN (SELECT unit FROM %1 y WHERE %2)"))
-        .arg(m_runs, condition);
+    return IsOneOf(QStringLiteral("r.unit"),
+                   QStringLiteral("SELECT unit FROM %1 y WHERE %2%3").arg(m_runs, condition, m_ofProduct));
+}
+
+// An array is sent to each of several servers; a subselect would have them send all their rows.
+QString ChosenRuns::IsOneOf(const QString& column, const QString& ids) const
+{
+    return (m_isPostgreSql ? QStringLiteral("%1 = ANY(ARRAY(%2))") : QStringLiteral("%1 IN (%2)"))
+        .arg(column, ids);
 }
 
 } // namespace ZYN

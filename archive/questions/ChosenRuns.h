@@ -31,6 +31,13 @@ public:
     QString JoinFailures() const;
     QString JoinFirstFailure() const;
     QString JoinHome() const;
+    /// Milliseconds since 1970 on the tester's clock. Spelt so that a server which asks others sends it to
+    /// them: they count, instead of sending their rows.
+    static QString TesterClock()
+    {
+        return QStringLiteral(
+            "(r.start + CASE WHEN r.utc_offset IS NULL THEN 0 ELSE r.utc_offset END * 60000)");
+    }
     /// Rows in the order of runs.
     static QString InOrder() { return QStringLiteral("r.start, r.run_index, r.test_index, r.id"); }
     /// To be put behind what is grouped by: with the product in it, each of several servers counts its own.
@@ -41,6 +48,7 @@ public:
 
 private:
     QString HasRun(const QString& condition) const;
+    QString IsOneOf(const QString& column, const QString& ids) const;
     void Choose(const RunFilter& filter, Of of);
     void Add(const QString& condition, const QVariantList& values);
     void AddTime(const std::optional<TimeBound>& bound, bool isSince);
@@ -49,6 +57,7 @@ private:
     bool m_isPostgreSql;
     QString m_with; // makes the runs of joined units
     QString m_runs;
+    QString m_ofProduct; // of a server, a condition where a product is chosen
     QStringList m_conditions;
     QVariantList m_values;
 };

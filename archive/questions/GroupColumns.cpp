@@ -2,6 +2,7 @@
 
 #include "archive/StartOfRun.h"
 #include "archive/SummaryCell.h"
+#include "archive/questions/ChosenRuns.h"
 
 #include <QtCore/QDate>
 
@@ -40,8 +41,8 @@ constexpr std::int64_t MondayShift = 3 * Day; // 1970 began on a Thursday
 QString PartOfTime(std::int64_t milliseconds, std::int64_t shift)
 {
     constexpr std::int64_t before = std::int64_t(4000) * 52 * 7 * Day; // a whole number of weeks
-    return QStringLiteral("(r.start + coalesce(r.utc_offset, 0) * 60000 + %1) / %2 - %3")
-        .arg(QString::number(before + shift), QString::number(milliseconds),
+    return QStringLiteral("(%1 + %2) / %3 - %4")
+        .arg(ChosenRuns::TesterClock(), QString::number(before + shift), QString::number(milliseconds),
              QString::number(before / milliseconds));
 }
 
@@ -79,7 +80,7 @@ QString ColumnOf(GroupBy by, bool isPostgreSql)
     if (row.milliseconds > 0) {
         part = PartOfTime(row.milliseconds, by == GroupBy::Week ? MondayShift : 0);
     } else {
-        const QString seconds = QStringLiteral("(r.start + coalesce(r.utc_offset, 0) * 60000) / 1000");
+        const QString seconds = ChosenRuns::TesterClock() + QStringLiteral(" / 1000");
         part = isPostgreSql
                    ? QStringLiteral("to_char(to_timestamp(%1) AT TIME ZONE 'UTC', 'YYYY-MM')").arg(seconds)
                    : QStringLiteral("strftime('%Y-%m', %1, 'unixepoch')").arg(seconds);

@@ -54,7 +54,7 @@ bool SeriesReader::ReadArrays()
                                ? QStringLiteral("v.vals, v.codes, v.texts")
                                : QStringLiteral("CAST(v.vals AS BLOB), CAST(v.codes AS BLOB), v.texts");
     // Limits are asked for while rows come, which one connection to a server cannot do.
-    std::optional<QSqlQuery> limits = m_runs.Select(QStringLiteral("DISTINCT coalesce(r.limits, 0)"));
+    std::optional<QSqlQuery> limits = m_runs.Select(QStringLiteral("DISTINCT r.limits"));
     std::vector<qint64> ids;
     while (limits && limits->next())
         ids.push_back(limits->value(0).toLongLong());
@@ -64,7 +64,7 @@ bool SeriesReader::ReadArrays()
         return false;
 
     std::optional<QSqlQuery> query =
-        m_runs.Select(QStringLiteral("r.id, r.layout, coalesce(r.limits, 0), v.start_text, ") + arrays,
+        m_runs.Select(QStringLiteral("r.id, r.layout, r.limits, v.start_text, ") + arrays,
                       m_runs.JoinValues());
     while (query && query->next())
         if (!ReadRun(*query))

@@ -9,6 +9,7 @@ DO $$
 BEGIN
   EXECUTE format('ALTER DATABASE %I SET enable_partitionwise_join = on', current_database());
   EXECUTE format('ALTER DATABASE %I SET enable_partitionwise_aggregate = on', current_database());
+  EXECUTE format('ALTER DATABASE %I SET jit = off', current_database()); -- it pays for work that the nodes do
 END $$;
 
 CREATE TABLE unit(

@@ -16,7 +16,7 @@ sys.path.append(str(pathlib.Path(__file__).parents[1] / "archive"))
 import reading  # noqa: E402
 
 QUESTIONS = {
-    "yield": ["lot", "--by", "position"],
+    "yield": ["--by", "position", "lot"],
     "failures": ["lot", "--all"],
     "measure": ["lot"],
     "values": ["lot", "--values", "--name", "Status word"],

@@ -91,7 +91,7 @@ OptionSetup CommandLine::Value(const char* names, quint64& value, const QString&
 OptionSetup CommandLine::Values(const char* names, std::vector<std::string>& values, const QString& help)
 {
     CLI::Option* const option = m_app->add_option(names, values, help.toStdString());
-    option->expected(1); // a value each: what follows is an input
+    option->expected(1)->allow_extra_args(false); // a value each: what follows is an input
     option->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
     return OptionSetup(option);
 }
