@@ -36,7 +36,13 @@ bool Schema::Make()
 bool Schema::MakeTables()
 {
     return (!m_database.IsPostgreSql() || IsServerReady()) &&
-           m_database.RunScript(NameOf(m_database) + QStringLiteral(".sql"));
+           m_database.RunScript(NameOf(m_database) + QStringLiteral(".sql")) && MakeViews();
+}
+
+// On a server they are replaced where they change only: others' views may stand on them.
+bool Schema::MakeViews()
+{
+    return m_database.IsPostgreSql() || m_database.RunScript(QStringLiteral("sqlite-views.sql"));
 }
 
 // Whether the tables can be made, said better than by the error that would come.
@@ -138,7 +144,7 @@ bool Schema::Upgrade()
             if (!m_database.RunScript(script))
                 return false;
         }
-        return hasSummaries || SummaryWriter(m_database).MakeAll();
+        return MakeViews() && (hasSummaries || SummaryWriter(m_database).MakeAll());
     });
 }
 

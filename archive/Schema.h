@@ -21,6 +21,7 @@ public:
 
 private:
     bool MakeTables();
+    bool MakeViews();
     bool IsServerReady();
     bool IsArchive();
     bool OnlyAsks();

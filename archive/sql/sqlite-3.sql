@@ -16,18 +16,4 @@ CREATE TABLE summary(
   passed_firsts TEXT NOT NULL, passed_means TEXT NOT NULL, passed_squares TEXT NOT NULL,
   UNIQUE(product, station, layout, limits, day));
 CREATE INDEX summary_day ON summary(day);
-
--- For people and other tools: one row for each measurement, day, product, station and set of limits. Sigma is that of a
--- sample.
-CREATE VIEW measured_day AS
-  SELECT CASE WHEN s.day < 2147483647 THEN date(s.day * 86400, 'unixepoch') END AS day, s.product, s.station,
-    l.program, c.path, c.ident, i.component, i.unit,
-    m.lower ->> i.pos AS lower, m.upper ->> i.pos AS upper,
-    s.results ->> i.pos AS results, s.failed ->> i.pos AS failed, s.counts ->> i.pos AS count,
-    CASE WHEN (s.counts ->> i.pos) > 0 THEN (s.firsts ->> i.pos) + (s.means ->> i.pos) END AS mean,
-    CASE WHEN (s.counts ->> i.pos) > 1 THEN sqrt((s.squares ->> i.pos) / ((s.counts ->> i.pos) - 1)) END AS sigma,
-    s.mins ->> i.pos AS min, s.maxs ->> i.pos AS max
-  FROM summary s JOIN layout l ON l.id = s.layout JOIN layout_item i ON i.layout = s.layout
-    JOIN component c ON c.id = i.component LEFT JOIN limit_set m ON m.id = s.limits
-  WHERE c.kind = 7 AND (s.results ->> i.pos) > 0;
 PRAGMA user_version = 3;

@@ -17,13 +17,4 @@ INSERT INTO run_values_4(run, start, key, revision, content, start_text, duratio
   FROM run_values v JOIN run r ON r.id = v.run ORDER BY v.run;
 DROP TABLE run_values;
 ALTER TABLE run_values_4 RENAME TO run_values;
--- For people and other tools: one row a value.
-CREATE VIEW value AS
-  SELECT r.id AS run, nullif(r.start, 9223372036854775807) AS start, v.start_text, u.product, u.lot, u.serial, u.wafer,
-    r.is_panel, r.station, r.program, r.first, r.code AS run_code, c.path, c.ident, c.kind, i.component, i.pos, i.unit,
-    v.vals ->> i.pos AS num, v.texts ->> ('$.' || i.pos) AS text, v.codes ->> i.pos AS code,
-    s.lower ->> i.pos AS lower, s.upper ->> i.pos AS upper
-  FROM run r JOIN unit u ON u.id = r.unit JOIN run_values v ON v.run = r.id JOIN layout_item i ON i.layout = r.layout
-    JOIN component c ON c.id = i.component LEFT JOIN limit_set s ON s.id = r.limits
-  WHERE r.current AND v.codes ->> i.pos IS NOT NULL;
 PRAGMA user_version = 4;

@@ -288,7 +288,11 @@ private slots:
     {
         Run run = SampleRuns::Of("A", 1);
         run.attributes = {{3, "DMM1"}};
-        const Run later = With(run, [](Run& other) { other.serial = "B"; });
+        Runs later(3, run); // whole numbers, whose variance is none
+        for (std::size_t i = 0; i < later.size(); ++i) {
+            later[i].serial = char('B' + i);
+            later[i].values[6] = i == 0 ? 3 : 5;
+        }
         LotBin bin;
         bin.name = "leak";
         QTemporaryDir folder;
@@ -317,17 +321,18 @@ private slots:
             QVERIFY(!archive.Open(url, Archive::Mode::ReadWrite));
             QVERIFY(archive.GetErrorText().contains("zyn archive upgrade " + archive.GetShownUrl()));
             QVERIFY2(archive.Upgrade(url) && archive.Upgrade(url), qPrintable(archive.GetErrorText()));
-            QVERIFY2(archive.Add({&later, 1}, nullptr) && archive.AddBins({&bin, 1}),
+            QVERIFY2(archive.Add(later, nullptr) && archive.AddBins({&bin, 1}),
                      qPrintable(archive.GetErrorText()));
             QCOMPARE(
                 Ask(archive,
                     "SELECT serial, replace(s.attributes, ' ', '') FROM unit u JOIN run r ON r.unit = u.id "
                     "JOIN run_values v ON v.run = r.id JOIN attribute_set s ON s.id = v.attributes "
                     "ORDER BY serial"),
-                QString("A|{\"3\":\"DMM1\"} B|{\"3\":\"DMM1\"}"));
-            QCOMPARE(
-                Ask(archive, "SELECT path, count, mean FROM measured_day WHERE unit = 'V' ORDER BY path"),
-                QString("Supply / Core / Core voltage|2|1.2 Supply / I/O / I/O voltage|2|3"));
+                QString("A|{\"3\":\"DMM1\"} B|{\"3\":\"DMM1\"} C|{\"3\":\"DMM1\"} D|{\"3\":\"DMM1\"}"));
+            QCOMPARE(Ask(archive,
+                         "SELECT path, count, mean, round(1000 * sigma) FROM measured_day WHERE unit = 'V' "
+                         "ORDER BY path"),
+                     QString("Supply / Core / Core voltage|4|1.2|0 Supply / I/O / I/O voltage|4|4|1155"));
         }
     }
 
