@@ -28,7 +28,7 @@ double ArrayReader::Number()
     return number;
 }
 
-std::optional<int> ArrayReader::Integer()
+std::optional<int> ArrayReader::LongInteger()
 {
     if (IsNull()) {
         Skip();

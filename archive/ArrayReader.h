@@ -27,11 +27,21 @@ public:
     /// Of numbers. \return NaN for null
     double Number();
     /// Of codes. \return none for null
-    std::optional<int> Integer();
+    std::optional<int> Integer()
+    {
+        // Most codes are one digit.
+        if (m_end - m_at > 1 && m_at[1] == ',' && *m_at >= '0' && *m_at <= '9') {
+            const int digit = *m_at - '0';
+            m_at += 2;
+            return digit;
+        }
+        return LongInteger();
+    }
     /// Of texts. \return an empty text for null
     std::string Text();
 
 private:
+    std::optional<int> LongInteger();
     bool IsNull() const { return *m_at == 'n' || *m_at == 'N'; }
     void PassComma()
     {

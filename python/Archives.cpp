@@ -203,8 +203,9 @@ void AddArchives(py::module_& module)
             "What failed first, most often on top; with all also what failed after it.")
         .def(
             "measures",
-            [](PythonArchive& own, const py::args& names, const py::kwargs& filters) {
-                const MeasureOptions options{.names = ListOf(names)};
+            [](PythonArchive& own, const py::args& names, const std::vector<QString>& by,
+               const py::kwargs& filters) {
+                const MeasureOptions options{.names = ListOf(names), .by = GroupsOf(by)};
                 const auto rows = own.Need([&, filter = FilterOf(filters)](const Archive& archive) {
                     return AskMeasures(archive, filter, options);
                 });
@@ -214,18 +215,20 @@ void AddArchives(py::module_& module)
                     records.append(RecordOf(row));
                 return records;
             },
+            py::arg("by") = std::vector<QString>(),
             "Mean, sigma, CPK and drift of measurements, lowest CPK first; of those that are meant by a "
             "name, an\n"
-            "ident, a path or the end of one, else of all. Numbers are in the unit beside them.")
+            "ident, a path or the end of one, else of all. Numbers are in the unit beside them.\n\n"
+            "by: a row for each, as for yields(); by path and group, without drift and rules.")
         .def(
             "values",
             [](PythonArchive& own, const py::args& names, const py::kwargs& filters) {
                 const QStringList wanted = ListOf(names);
-                auto arrays = own.Need([&, filter = FilterOf(filters)](const Archive& archive) {
+                const auto arrays = own.Need([&, filter = FilterOf(filters)](const Archive& archive) {
                     return AskValues(archive, filter, wanted);
                 });
                 NeedFound(wanted, arrays->series);
-                return ColumnsOf(std::move(*arrays));
+                return ColumnsOf(*arrays);
             },
             "Every finite value of the measurements that are meant, in order of time, as NumPy arrays: path, "
             "serial,\n"

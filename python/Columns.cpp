@@ -2,119 +2,135 @@
 
 #include <pybind11/numpy.h>
 
+#include <algorithm>
 #include <limits>
-#include <memory>
+
+#include <sys/mman.h>
 
 namespace ZYN::Python {
 
 namespace {
 
-/// Gives an array to NumPy as it is.
-template <typename Item>
-py::array HandOver(std::vector<Item>&& items, const py::dtype& type)
+/// Of pages of 2 MiB a new array needs few, which the system hands out one by one.
+void PreferLargePages(void* memory, std::size_t bytes)
 {
-    auto owned = std::make_unique<std::vector<Item>>(std::move(items));
-    const py::capsule owner(owned.get(), [](void* array) { delete static_cast<std::vector<Item>*>(array); });
-    const std::vector<Item>& kept = *owned.release();
-    return py::array(type, py::ssize_t(kept.size()), kept.data(), owner);
+    constexpr std::uintptr_t large = std::uintptr_t(1) << 21;
+    const auto address = reinterpret_cast<std::uintptr_t>(memory);
+    const std::uintptr_t first = (address + large - 1) / large * large;
+    const std::uintptr_t end = (address + bytes) / large * large;
+    if (first < end)
+        madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE); // advice: it may be refused
 }
 
+/// A column of numbers, to be filled from front to back.
 template <typename Item>
-py::array HandOver(std::vector<Item>&& items)
-{
-    return HandOver(std::move(items), py::dtype::of<Item>());
-}
-
-/// A column of texts. Each text is one object of Python, however many values it stands beside.
-class TextColumn {
+class Column {
 public:
-    explicit TextColumn(std::size_t size)
-        : m_array(py::dtype("O"), py::ssize_t(size))
-        , m_next(static_cast<PyObject**>(m_array.mutable_data()))
+    Column(std::size_t size, const py::dtype& type)
+        : m_array(type, py::ssize_t(size))
+        , m_next(static_cast<Item*>(m_array.mutable_data()))
+    {
+        PreferLargePages(m_next, size * sizeof(Item));
+    }
+    explicit Column(std::size_t size)
+        : Column(size, py::dtype::of<Item>())
     {
     }
 
-    void Add(const py::str& text)
-    {
-        PyObject* const former = *m_next; // of a new array None or nothing
-        *m_next++ = text.inc_ref().ptr();
-        Py_XDECREF(former);
-    }
+    void Add(Item item) { *m_next++ = item; }
+    void Add(Item item, std::size_t times) { m_next = std::fill_n(m_next, times, item); }
+    void Add(const std::vector<Item>& items) { m_next = std::copy(items.begin(), items.end(), m_next); }
     const py::array& Take() const { return m_array; }
 
 private:
     py::array m_array;
-    PyObject** m_next;
+    Item* m_next;
+};
+
+/// Texts that values stand beside, each one object of Python, however many values it stands beside: who uses
+/// one says so once.
+class TextColumn {
+public:
+    explicit TextColumn(std::size_t size)
+        : m_column(size, py::dtype("O"))
+    {
+    }
+
+    /// Without counting that the text is used once more.
+    void Add(PyObject* text) { m_column.Add(text); }
+    void Add(const py::str& text, std::size_t times)
+    {
+        Use(text, times);
+        m_column.Add(text.ptr(), times);
+    }
+    static void Use(const py::str& text, std::size_t times)
+    {
+        Py_SET_REFCNT(text.ptr(), Py_REFCNT(text.ptr()) + py::ssize_t(times));
+    }
+    const py::array& Take() const { return m_column.Take(); }
+
+private:
+    Column<PyObject*> m_column; // of a new array all are null
 };
 
 /// What a value needs of its run.
 struct RunTexts {
     py::str serial, lot;
     std::int64_t start;
+    std::size_t values = 0; ///< how many stand beside them
 };
 
-std::vector<RunTexts> TextsOf(const std::vector<MeasuredRun>& runs)
+std::vector<RunTexts> TextsOf(const ValueArrays& arrays)
 {
     std::vector<RunTexts> texts;
-    texts.reserve(runs.size());
-    QString lot;
+    texts.reserve(arrays.runs.size());
+    const QString* lot = nullptr;
     py::str lotText;
-    for (const MeasuredRun& run : runs) {
-        if (run.place.lot != lot) {
-            lot = run.place.lot;
-            lotText = Str(lot);
+    for (const MeasuredRun& run : arrays.runs) {
+        if (!lot || run.place.lot != *lot) {
+            lot = &run.place.lot;
+            lotText = Str(*lot);
         }
         texts.push_back({Str(run.place.serial), lotText,
                          run.start.value_or(std::numeric_limits<std::int64_t>::min())}); // no time, to NumPy
     }
+    for (const ValueSeries& series : arrays.series)
+        for (const std::uint32_t run : series.runs)
+            ++texts[run].values;
+    for (const RunTexts& run : texts) {
+        TextColumn::Use(run.serial, run.values);
+        TextColumn::Use(run.lot, run.values);
+    }
     return texts;
-}
-
-/// All series in one array; of one series the array itself.
-template <typename Item>
-std::vector<Item> Joined(std::vector<ValueSeries>& series, std::vector<Item> ValueSeries::*items)
-{
-    if (series.size() == 1)
-        return std::move(series.front().*items);
-    std::vector<Item> joined;
-    for (const ValueSeries& one : series)
-        joined.insert(joined.end(), (one.*items).begin(), (one.*items).end());
-    return joined;
-}
-
-std::vector<double> Limits(const std::vector<ValueSeries>& series, std::optional<double> ValueSeries::*limit)
-{
-    std::vector<double> limits;
-    for (const ValueSeries& one : series)
-        limits.insert(limits.end(), one.runs.size(),
-                      (one.*limit).value_or(std::numeric_limits<double>::quiet_NaN()));
-    return limits;
 }
 
 } // namespace
 
-py::dict ColumnsOf(ValueArrays arrays)
+py::dict ColumnsOf(const ValueArrays& arrays)
 {
     std::size_t size = 0;
     for (const ValueSeries& series : arrays.series)
         size += series.runs.size();
-    const std::vector<RunTexts> runs = TextsOf(arrays.runs);
-    std::vector<std::int64_t> starts;
-    starts.reserve(size);
     const bool areSeveral = !arrays.series.empty() && !arrays.series.front().group.empty();
     TextColumn programs(areSeveral ? size : 0), paths(size), units(size), serials(size), lots(size);
+    Column<std::int64_t> starts(size, py::dtype("datetime64[ms]"));
+    Column<double> values(size), lowers(size), uppers(size);
+    Column<std::int16_t> codes(size);
+    const std::vector<RunTexts> runs = TextsOf(arrays);
     for (const ValueSeries& series : arrays.series) {
-        const py::str path = Str(series.path), unit = Str(series.unit);
-        const py::str program = areSeveral ? Str(series.group.front().second) : py::str();
+        const std::size_t count = series.runs.size();
+        if (areSeveral)
+            programs.Add(Str(series.group.front().second), count);
+        paths.Add(Str(series.path), count);
+        units.Add(Str(series.unit), count);
+        lowers.Add(series.lower.value_or(std::numeric_limits<double>::quiet_NaN()), count);
+        uppers.Add(series.upper.value_or(std::numeric_limits<double>::quiet_NaN()), count);
+        values.Add(series.values);
+        codes.Add(series.codes);
         for (const std::uint32_t at : series.runs) {
-            const RunTexts& run = runs[at];
-            if (areSeveral)
-                programs.Add(program);
-            paths.Add(path);
-            units.Add(unit);
-            serials.Add(run.serial);
-            lots.Add(run.lot);
-            starts.push_back(run.start);
+            serials.Add(runs[at].serial.ptr());
+            lots.Add(runs[at].lot.ptr());
+            starts.Add(runs[at].start);
         }
     }
     py::dict columns;
@@ -123,12 +139,12 @@ py::dict ColumnsOf(ValueArrays arrays)
     columns["path"] = paths.Take();
     columns["serial"] = serials.Take();
     columns["lot"] = lots.Take();
-    columns["start"] = HandOver(std::move(starts), py::dtype("datetime64[ms]"));
-    columns["value"] = HandOver(Joined(arrays.series, &ValueSeries::values));
+    columns["start"] = starts.Take();
+    columns["value"] = values.Take();
     columns["unit"] = units.Take();
-    columns["lower"] = HandOver(Limits(arrays.series, &ValueSeries::lower));
-    columns["upper"] = HandOver(Limits(arrays.series, &ValueSeries::upper));
-    columns["code"] = HandOver(Joined(arrays.series, &ValueSeries::codes));
+    columns["lower"] = lowers.Take();
+    columns["upper"] = uppers.Take();
+    columns["code"] = codes.Take();
     return columns;
 }
 

@@ -16,6 +16,6 @@ py::dict RecordOf(const HistoryRow& row);
 py::dict RecordOf(const ArchiveInfo& info);
 
 /// The arrays as columns of one table. Texts that many values share are one object of Python.
-py::dict ColumnsOf(ValueArrays arrays);
+py::dict ColumnsOf(const ValueArrays& arrays);
 
 } // namespace ZYN::Python

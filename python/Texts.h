@@ -6,6 +6,7 @@
 #include <QtCore/QString>
 #include <QtCore/QStringList>
 
+#include <algorithm>
 #include <string>
 
 /// \file
@@ -24,6 +25,10 @@ inline py::str Str(const std::string& text)
 
 inline py::str Str(const QString& text)
 {
+    const auto* const units = reinterpret_cast<const char16_t*>(text.utf16());
+    if (std::none_of(units, units + text.size(), [](char16_t unit) { return QChar::isSurrogate(unit); }))
+        return py::reinterpret_steal<py::str>(
+            PyUnicode_FromKindAndData(PyUnicode_2BYTE_KIND, units, py::ssize_t(text.size())));
     int order = 0; // of this machine
     return py::reinterpret_steal<py::str>(PyUnicode_DecodeUTF16(
         reinterpret_cast<const char*>(text.utf16()), py::ssize_t(text.size()) * py::ssize_t(sizeof(char16_t)),

@@ -112,7 +112,8 @@ private:
     // Positions of what is asked for; -1 for others.
     MeasuredItems::Positions WantedOf(int layout, qint64 limits)
     {
-        MeasuredItems::Positions positions = m_items.Find(layout, limits);
+        const MeasuredItems::Positions* const found = m_items.Find(layout, limits); // read before
+        MeasuredItems::Positions positions = found ? *found : MeasuredItems::Positions();
         for (int& item : positions)
             if (item >= 0 && !IsWanted(m_items.GetItems()[std::size_t(item)]))
                 item = -1;

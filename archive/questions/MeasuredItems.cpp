@@ -33,19 +33,33 @@ bool MeasuredItems::Read(const Programs& programs, const std::vector<qint64>& li
     return query && IsComplete(m_archive, *query);
 }
 
-const MeasuredItems::Positions& MeasuredItems::Find(int layout, qint64 limits)
+const MeasuredItems::Positions* MeasuredItems::Find(int layout, qint64 limits)
 {
-    const auto [found, isNew] = m_found.try_emplace({layout, limits});
-    if (!isNew)
-        return found->second;
-    const std::vector<Judgement>& judgements = *m_limits.Get(limits);
-    const std::vector<Component>& components = m_layouts[layout];
+    const std::pair key(layout, limits);
+    if (m_last && m_lastKey == key)
+        return m_last;
+    auto found = m_found.find(key);
+    if (found == m_found.end()) {
+        const std::vector<Judgement>* const judgements = m_limits.Get(limits);
+        if (!judgements)
+            return nullptr;
+        found = m_found.emplace(key, PositionsOf(m_layouts[layout], *judgements)).first;
+    }
+    m_lastKey = key;
+    m_last = &found->second;
+    return m_last;
+}
+
+MeasuredItems::Positions MeasuredItems::PositionsOf(const std::vector<Component>& components,
+                                                    const std::vector<Judgement>& judgements)
+{
+    Positions positions;
     for (std::size_t i = 0; i < components.size(); ++i)
-        found->second.push_back(
-            components[i].isWanted
-                ? ItemOf(components[i], i < judgements.size() ? judgements[i] : Judgement())
-                : -1);
-    return found->second;
+        if (components[i].isWanted) {
+            positions.resize(i, -1);
+            positions.push_back(ItemOf(components[i], i < judgements.size() ? judgements[i] : Judgement()));
+        }
+    return positions;
 }
 
 int MeasuredItems::ItemOf(const Component& component, const Judgement& judgement)

@@ -23,7 +23,8 @@ bool FitsAny(const QStringList& names, const QString& ident, const QString& path
 /// Finds out which positions of arrays hold values of the same measurement, under the same limits.
 class MeasuredItems {
 public:
-    /// By position: the number of an item, or -1 for what is not wanted or no measurement of numbers.
+    /// By position up to the last one that is wanted: the number of an item, or -1 for what is not wanted or
+    /// no measurement of numbers.
     using Positions = std::vector<int>;
 
     /// \param names of the measurements that are wanted; empty: all
@@ -34,10 +35,11 @@ public:
     {
     }
 
-    /// \param limits ids of all sets that will be asked for: while rows of a query come, a server cannot be
-    /// asked for more \return false where they cannot be read; the archive then says why
+    /// \param limits ids of the sets that will be asked for, all of them on a server: while rows of a query
+    /// come, it cannot be asked for more \return false where they cannot be read; the archive then says why
     bool Read(const Programs& programs, const std::vector<qint64>& limits);
-    const Positions& Find(int layout, qint64 limits);
+    /// \return null where the limits cannot be read; the archive then says why. Valid as long as this object
+    const Positions* Find(int layout, qint64 limits);
     const std::vector<MeasuredItem>& GetItems() const { return m_items; }
 
 private:
@@ -49,6 +51,7 @@ private:
     using Key = std::tuple<QString, QString, QString, std::optional<double>, std::optional<double>,
                            std::string, std::string, bool>;
 
+    Positions PositionsOf(const std::vector<Component>& components, const std::vector<Judgement>& judgements);
     int ItemOf(const Component& component, const Judgement& judgement);
 
     const Archive& m_archive;
@@ -57,6 +60,8 @@ private:
     std::unordered_map<int, std::vector<Component>> m_layouts;
     std::map<Key, int> m_known;
     std::map<std::pair<int, qint64>, Positions> m_found;
+    std::pair<int, qint64> m_lastKey; // mostly asked for once more
+    const Positions* m_last = nullptr;
     std::vector<MeasuredItem> m_items;
 };
 

@@ -19,9 +19,11 @@ void Arrange(const std::vector<std::size_t>& order, std::vector<Item>* items)
 
 } // namespace
 
-void MeasuredSeries::Sort()
+void MeasuredSeries::Sort(const std::vector<std::uint32_t>& ranks)
 {
-    if (m_isInOrder)
+    for (std::uint32_t& run : runs)
+        run = ranks[run];
+    if (std::is_sorted(runs.begin(), runs.end()))
         return;
     std::vector<std::size_t> order(runs.size());
     std::iota(order.begin(), order.end(), std::size_t(0));
@@ -30,7 +32,6 @@ void MeasuredSeries::Sort()
     Arrange(order, &values);
     Arrange(order, &codes);
     Arrange(order, &runs);
-    m_isInOrder = true;
 }
 
 } // namespace ZYN

@@ -21,16 +21,12 @@ struct MeasuredSeries {
 
     void Add(std::uint32_t run, double value, int code)
     {
-        m_isInOrder &= runs.empty() || runs.back() <= run;
         runs.push_back(run);
         values.push_back(value);
         codes.push_back(std::int16_t(code));
     }
-    /// Brings what was added in any order into the order of runs.
-    void Sort();
-
-private:
-    bool m_isInOrder = true;
+    /// Brings what was added into the order of runs. \param ranks the new place of each run
+    void Sort(const std::vector<std::uint32_t>& ranks);
 };
 
 } // namespace ZYN

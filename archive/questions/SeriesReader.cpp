@@ -5,6 +5,9 @@
 #include "archive/StartOfRun.h"
 #include "runs/Run.h"
 
+#include <algorithm>
+#include <numeric>
+
 namespace ZYN {
 
 SeriesReader::SeriesReader(const Archive& archive, const RunFilter& filter, const QStringList& names)
@@ -16,56 +19,44 @@ SeriesReader::SeriesReader(const Archive& archive, const RunFilter& filter, cons
 
 bool SeriesReader::Read()
 {
-    if (!m_programs.Read(m_archive, m_runs) || !ReadOrder() || !ReadArrays())
+    if (!m_programs.Read(m_archive, m_runs) || !ReadRuns())
         return false;
     for (std::size_t i = 0; i < m_series.size(); ++i)
         m_series[i].item = m_items.GetItems()[i];
     // Limits that no run was judged by, in the set of a run that lacks the component.
     std::erase_if(m_series, [](const MeasuredSeries& series) { return !series.isMet; });
-    for (MeasuredSeries& series : m_series)
-        series.Sort();
+    PutInOrder();
     return true;
 }
 
-bool SeriesReader::ReadOrder()
+bool SeriesReader::ReadItems()
 {
-    std::optional<QSqlQuery> query =
-        m_runs.Select(QStringLiteral("r.id, u.serial, u.seen_ident, u.lot, r.start"), m_runs.JoinHome(), {},
-                      QStringLiteral("ORDER BY ") + ChosenRuns::InOrder());
-    while (query && query->next()) {
-        m_order.emplace(query->value(0).toLongLong(), std::uint32_t(m_places.size()));
-        MeasuredRun& run = m_places.emplace_back();
-        RunPlace& place = run.place;
-        place.serial = query->value(1).toString();
-        if (place.serial.isEmpty())
-            place.serial = query->value(2).toString();
-        place.lot = query->value(3).toString();
-        const std::int64_t start = query->value(4).toLongLong();
-        if (start != UnreadableStart)
-            run.start = start;
+    std::vector<qint64> ids;
+    if (m_archive.IsPostgreSql()) {
+        // While rows come, one connection to a server cannot ask for more.
+        std::optional<QSqlQuery> limits = m_runs.Select(QStringLiteral("DISTINCT r.limits"));
+        while (limits && limits->next())
+            ids.push_back(limits->value(0).toLongLong());
+        if (!limits || !IsComplete(m_archive, *limits))
+            return false;
     }
-    return query && IsComplete(m_archive, *query);
+    return m_items.Read(m_programs, ids);
 }
 
-bool SeriesReader::ReadArrays()
+bool SeriesReader::ReadRuns()
 {
-    // As bytes, which need not be converted to UTF-16.
-    const QString arrays = m_archive.IsPostgreSql()
-                               ? QStringLiteral("v.vals, v.codes, v.texts")
-                               : QStringLiteral("CAST(v.vals AS BLOB), CAST(v.codes AS BLOB), v.texts");
-    // Limits are asked for while rows come, which one connection to a server cannot do.
-    std::optional<QSqlQuery> limits = m_runs.Select(QStringLiteral("DISTINCT r.limits"));
-    std::vector<qint64> ids;
-    while (limits && limits->next())
-        ids.push_back(limits->value(0).toLongLong());
-    if (!limits || !IsComplete(m_archive, *limits))
+    if (!ReadItems())
         return false;
-    if (!m_items.Read(m_programs, ids))
-        return false;
-
+    // As bytes, which need not be converted to UTF-16 and back.
+    const QString bytes =
+        m_archive.IsPostgreSql() ? QStringLiteral("%1") : QStringLiteral("CAST(%1 AS BLOB)");
+    QStringList columns{
+        QStringLiteral("r.start, r.run_index, r.test_index, r.id, r.layout, r.limits, v.texts")};
+    for (const char* const text : {"CASE WHEN u.serial = '' THEN u.seen_ident ELSE u.serial END", "u.lot",
+                                   "v.start_text", "v.vals", "v.codes"})
+        columns.append(bytes.arg(QLatin1String(text)));
     std::optional<QSqlQuery> query =
-        m_runs.Select(QStringLiteral("r.id, r.layout, r.limits, v.start_text, ") + arrays,
-                      m_runs.JoinValues());
+        m_runs.Select(columns.join(QLatin1String(", ")), m_runs.JoinHome() + m_runs.JoinValues());
     while (query && query->next())
         if (!ReadRun(*query))
             return false;
@@ -74,19 +65,36 @@ bool SeriesReader::ReadArrays()
 
 bool SeriesReader::ReadRun(const QSqlQuery& row)
 {
-    const auto place = m_order.find(row.value(0).toLongLong());
-    if (place == m_order.end())
-        return true; // came in the meantime
-    const std::uint32_t run = place->second;
-    const MeasuredItems::Positions& series = m_items.Find(row.value(1).toInt(), row.value(2).toLongLong());
+    const auto number = [&](int column) { return row.value(column).toLongLong(); };
+    const auto run = std::uint32_t(m_places.size());
+    m_times.push_back({number(0), number(1), number(2), number(3)});
+    AddPlace(row.value(7).toByteArray(), row.value(8).toByteArray(), row.value(9).toByteArray());
+    if (const std::int64_t start = number(0); start != UnreadableStart)
+        m_places.back().start = start;
+    const MeasuredItems::Positions* const found = m_items.Find(row.value(4).toInt(), number(5));
+    if (!found)
+        return false;
     m_series.resize(m_items.GetItems().size());
-    m_places[run].place.start = row.value(3).toString();
-    const QByteArray values = row.value(4).toByteArray();
-    const QByteArray codes = row.value(5).toByteArray();
     std::vector<std::pair<int, double>> texts;
     if (!row.value(6).isNull())
         texts = NumbersByPosition(row.value(6).toString().toUtf8());
+    AddValues(run, *found, row.value(10).toByteArray(), row.value(11).toByteArray(), texts);
+    return true;
+}
 
+void SeriesReader::AddPlace(const QByteArray& serial, const QByteArray& lot, const QByteArray& start)
+{
+    if (lot != m_lot) {
+        m_lot = lot;
+        m_lotText = QString::fromUtf8(lot); // once for all runs of it
+    }
+    m_places.push_back({{QString::fromUtf8(serial), m_lotText, QString::fromUtf8(start)}, std::nullopt});
+}
+
+void SeriesReader::AddValues(std::uint32_t run, const MeasuredItems::Positions& series,
+                             const QByteArray& values, const QByteArray& codes,
+                             const std::vector<std::pair<int, double>>& texts)
+{
     ArrayReader value(values), code(codes);
     for (std::size_t position = 0; position < series.size() && !code.IsAtEnd() && !value.IsAtEnd();
          ++position) {
@@ -113,7 +121,27 @@ bool SeriesReader::ReadRun(const QSqlQuery& row)
         if (std::isfinite(number))
             one.Add(run, number, *verdict);
     }
-    return true;
+}
+
+void SeriesReader::PutInOrder()
+{
+    const auto isBefore = [&](std::uint32_t a, std::uint32_t b) { return m_times[a] < m_times[b]; };
+    std::vector<std::uint32_t> order(m_places.size());
+    std::iota(order.begin(), order.end(), 0U);
+    if (!std::is_sorted(order.begin(), order.end(), isBefore)) {
+        std::sort(order.begin(), order.end(), isBefore);
+        std::vector<std::uint32_t> ranks(order.size());
+        std::vector<MeasuredRun> places;
+        places.reserve(order.size());
+        for (const std::uint32_t run : order) {
+            ranks[run] = std::uint32_t(places.size());
+            places.push_back(std::move(m_places[run]));
+        }
+        m_places = std::move(places);
+        for (MeasuredSeries& series : m_series)
+            series.Sort(ranks);
+    }
+    m_times = {};
 }
 
 } // namespace ZYN

@@ -4,13 +4,13 @@
 #include "archive/questions/MeasuredSeries.h"
 #include "archive/questions/Programs.h"
 
-#include <unordered_map>
+#include <array>
 
 namespace ZYN {
 
 /// Reads the arrays of the chosen runs and sorts their items to the series that they belong to.
 ///
-/// Arrays come in the order that the database likes best; the order of runs is asked before.
+/// Runs come in the order that the database likes best, and are put into the order of time at the end.
 class SeriesReader {
 public:
     /// \param names of the measurements that are wanted; empty: all
@@ -27,16 +27,25 @@ public:
     const Programs& GetPrograms() const { return m_programs; }
 
 private:
-    bool ReadOrder();
-    bool ReadArrays();
+    /// What runs are put in order by: start, number in the report, number of the test, id.
+    using Time = std::array<std::int64_t, 4>;
+
+    bool ReadItems();
+    bool ReadRuns();
     bool ReadRun(const QSqlQuery& row);
+    void AddPlace(const QByteArray& serial, const QByteArray& lot, const QByteArray& start);
+    void AddValues(std::uint32_t run, const MeasuredItems::Positions& series, const QByteArray& values,
+                   const QByteArray& codes, const std::vector<std::pair<int, double>>& texts);
+    void PutInOrder();
 
     const Archive& m_archive;
     const ChosenRuns m_runs;
     Programs m_programs;
     MeasuredItems m_items;
-    std::unordered_map<qint64, std::uint32_t> m_order; // by id
+    std::vector<Time> m_times; // of each run, until they are in order
     std::vector<MeasuredRun> m_places;
+    QByteArray m_lot; // of the last run
+    QString m_lotText;
     std::vector<MeasuredSeries> m_series; // by the number of the item, while arrays are read
 };
 

@@ -152,9 +152,9 @@ class Archive:
         across_lots: bool = ...,
     ) -> list[Record]: ...
     def measures(
-        self, *names: str, product: str | None = ..., lot: str | None = ..., station: str | None = ...,
-        program: str | None = ..., serial: str | None = ..., since: Time | None = ..., until: Time | None = ...,
-        across_lots: bool = ...,
+        self, *names: str, by: list[str] = ..., product: str | None = ..., lot: str | None = ...,
+        station: str | None = ..., program: str | None = ..., serial: str | None = ..., since: Time | None = ...,
+        until: Time | None = ..., across_lots: bool = ...,
     ) -> list[Record]: ...
     def values(
         self, *names: str, product: str | None = ..., lot: str | None = ..., station: str | None = ...,

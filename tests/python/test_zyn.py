@@ -99,6 +99,7 @@ def test_answers_are_those_of_the_tool(lot, tool, tmp_path):
         ("yield", lot, "--by", "station,hour"): archive.yields(by=["station", "hour"]),
         ("failures", lot, "--all", "--since", start): archive.failures(all=True, since=start),
         ("measure", lot): archive.measures(),
+        ("measure", lot, "--name", "Current", "--by", "station,hour"): archive.measures("Current", by=["station", "hour"]),
         ("units", lot, "--retested"): archive.units(retested=True),
         ("history", serial, lot): archive.history(serial),
     }.items():
