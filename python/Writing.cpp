@@ -2,6 +2,8 @@
 #include "Errors.h"
 #include "Recorder.h"
 
+#include "lotfile/LotWriter.h"
+
 #include <ZYNPersistence/CExportServiceReport.h>
 
 #include <QtCore/QFile>
@@ -11,10 +13,6 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
 
 namespace ZYN::Python {
 
@@ -34,30 +32,6 @@ QString ErrorText()
 {
     return QString::fromLocal8Bit(std::strerror(errno));
 }
-
-/// An STDF lot that nobody else who locks it so adds to meanwhile.
-class Lock {
-public:
-    /// Waits until the lot is free.
-    explicit Lock(const std::filesystem::path& path)
-        : m_descriptor(open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666))
-    {
-        while (m_descriptor >= 0 && flock(m_descriptor, LOCK_EX) != 0 && errno == EINTR) {
-        }
-    }
-    ~Lock()
-    {
-        if (m_descriptor >= 0)
-            close(m_descriptor);
-    }
-    Lock(const Lock&) = delete;
-    Lock& operator=(const Lock&) = delete;
-
-    bool IsGood() const { return m_descriptor >= 0; }
-
-private:
-    int m_descriptor;
-};
 
 /// \return why it could not be written in full; empty when it was
 QString Export(CExportServiceReport& service, UUTTest& test, bool all)
@@ -117,20 +91,28 @@ std::string Append(UUTTest& test, const std::filesystem::path& path, bool all)
     const ReportFormat format = FormatOf(path, QString());
     if (!format.takesManyReports)
         throw py::value_error(NameOf(path).toStdString() + ": takes one report; save() writes it");
-    std::unique_ptr<Lock> lock;
+    Problem problem;
+    QString written;
     {
-        const py::gil_scoped_release others;
-        lock = std::make_unique<Lock>(path);
+        const py::gil_scoped_release others; // while it waits for the lot, too
+        const QString name = NameOf(path);
+        const std::optional<LotParts> parts = MakeLotParts(&test, all);
+        LotWriter lot(name, true);
+        if (!parts) {
+            problem = NotAdded(QString(), name, true);
+        } else if (parts->parts.isEmpty()) {
+            problem = lot.Refusal().value_or(Problem());
+            lot.AddNone(*parts);
+            written = name;
+        } else {
+            const LotEntry entry = lot.Add(*parts, parts->ident);
+            problem = entry.problem.value_or(Problem());
+            written = entry.file;
+        }
     }
-    if (!lock->IsGood())
-        Refuse(path, ErrorText());
-    CExportServiceReport service;
-    service.SetFormat(format.name);
-    service.SetOutputFileName(NameOf(path));
-    const QString why = Export(service, test, all);
-    if (!why.isEmpty())
-        Refuse(path, why);
-    return QFile::encodeName(service.GetWrittenFileName()).toStdString();
+    if (!problem.what.isEmpty())
+        Raise(Errors::Write, TextOf(problem));
+    return QFile::encodeName(written).toStdString();
 }
 
 } // namespace ZYN::Python

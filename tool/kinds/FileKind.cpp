@@ -9,6 +9,7 @@
 #include "kinds/TestPlanFile.h"
 #include "terminal/Texts.h"
 
+#include "lotfile/LotContents.h"
 #include "runs/files/FolderFiles.h"
 #include "stdf/GzipDevice.h"
 

@@ -8,7 +8,6 @@
 #include "stdf/JsonPrinter.h"
 #include "stdf/TextPrinter.h"
 
-#include <QtCore/QBuffer>
 #include <QtCore/QFile>
 #include <QtCore/QJsonArray>
 #include <QtCore/QJsonDocument>
@@ -35,16 +34,6 @@ Problem Damaged(const QString& name, const Stdf::Fault& fault)
 QString AtOffset(qint64 offset, const QString& why)
 {
     return Texts::tr("damaged at offset %1: %2").arg(QString::number(offset), why);
-}
-
-bool LooksLikeLot(const QByteArray& head)
-{
-    QBuffer buffer;
-    buffer.setData(head);
-    buffer.open(QIODevice::ReadOnly);
-    Stdf::RawRecord first;
-    return Stdf::Reader(&buffer).Next(first) && first.type == 0 && first.subType == 10 &&
-           first.body.size() == 2;
 }
 
 std::optional<Problem> ShowLot(const QString& path, const QString& name, const ShowOptions& options)

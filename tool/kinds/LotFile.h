@@ -16,7 +16,6 @@ namespace ZYN::Tool {
 
 /// "damaged at offset 1234: why".
 QString AtOffset(qint64 offset, const QString& why);
-bool LooksLikeLot(const QByteArray& head);
 std::optional<Problem> ShowLot(const QString& path, const QString& name, const ShowOptions& options);
 /// A line for every record.
 std::optional<Problem> PrintLotJson(const QString& path, const QString& name, const ShowOptions& options);

@@ -37,21 +37,6 @@ void Remarks::Close() const
         PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, m_count - RemarksShown));
 }
 
-QString TextOf(const Problem& problem)
-{
-    QString text;
-    if (!problem.file.isEmpty())
-        text += problem.file + QLatin1Char(':');
-    if (problem.line > 0)
-        text += QString::number(problem.line) + QLatin1Char(':');
-    if (!problem.file.isEmpty() || problem.line > 0)
-        text += QLatin1Char(' ');
-    text += problem.what;
-    if (!problem.remedy.isEmpty())
-        text += QStringLiteral("; ") + problem.remedy;
-    return text;
-}
-
 void PrintProblem(const Problem& problem)
 {
     PrintNote(QStringLiteral("zyn: ") + TextOf(problem));

@@ -2,22 +2,12 @@
 
 #include "terminal/Manners.h"
 
+#include "text/Problem.h"
+
 #include <QtCore/QStringList>
 
 namespace ZYN::Tool {
 
-/// Something that went wrong, as a sentence for the one who typed the command.
-struct Problem {
-    QString file;    ///< empty when it is about no file
-    qint64 line = 0; ///< 0 when it is about the whole file
-    QString what;    ///< "already exists"
-    QString remedy;  ///< "add --force to replace it"; may be empty
-
-    bool operator==(const Problem&) const = default;
-};
-
-/// "FILE:LINE: what; what to do".
-QString TextOf(const Problem& problem);
 /// "zyn: " and the text of a problem on standard error. Any thread.
 void PrintProblem(const Problem& problem);
 /// A line on standard error, for what is good to know. Any thread.

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "files/Inputs.h"
-#include "lots/LotWriter.h"
+#include "lotfile/LotWriter.h"
 #include "terminal/Problem.h"
 
 #include <QtCore/QList>

@@ -5,7 +5,10 @@
 
 class QIODevice;
 
-namespace ZYN::Tool {
+namespace ZYN {
+
+/// Whether a file that begins so is an STDF file.
+bool LooksLikeLot(const QByteArray& head);
 
 /// Which parts stand in an STDF lot file, so that none is added twice. A part is known by a checksum
 /// (BLAKE2b) of its bytes from its PIR to its PRR.
@@ -21,4 +24,4 @@ private:
     QSet<QByteArray> m_parts;
 };
 
-} // namespace ZYN::Tool
+} // namespace ZYN

@@ -1,7 +1,6 @@
-#include "lots/LotWriter.h"
+#include "lotfile/LotWriter.h"
 
-#include "kinds/LotFile.h"
-#include "terminal/Texts.h"
+#include "lotfile/LotTexts.h"
 
 #include "report/stdf/StdfFailureFile.h"
 #include "report/stdf/StdfLotFile.h"
@@ -10,7 +9,7 @@
 #include <QtCore/QFile>
 #include <QtCore/QFileInfo>
 
-namespace ZYN::Tool {
+namespace ZYN {
 
 namespace {
 
@@ -37,12 +36,12 @@ std::optional<Problem> WhyNoLot(const LockedLot& lot, const QString& path)
     View file(lot);
     const QByteArray head = file.read(4096);
     if (Stdf::GzipDevice::IsGzip(head))
-        return Problem{path, 0, Texts::tr("is compressed, so no part can be added"),
-                       Texts::tr("unpack it first (gunzip), or choose another name")};
+        return Problem{path, 0, LotTexts::tr("is compressed, so no part can be added"),
+                       LotTexts::tr("unpack it first (gunzip), or choose another name")};
     if (LooksLikeLot(head) || far.startsWith(head) || StdfLotFile(&file).HoldsNothing())
         return std::nullopt;
-    return Problem{path, 0, Texts::tr("is no STDF file, so no part can be added"),
-                   Texts::tr("choose another name")};
+    return Problem{path, 0, LotTexts::tr("is no STDF file, so no part can be added"),
+                   LotTexts::tr("choose another name")};
 }
 
 Beside IsBeside(const LockedLot& lot, const LotParts& parts)
@@ -95,9 +94,9 @@ Problem NotAdded(const QString& name, const QString& lot, bool putBack)
 {
     return {name, 0,
             putBack
-                ? Texts::tr("could not be added to %1 completely; the lot is as it was").arg(lot)
-                : Texts::tr("could not be added to %1 completely; the lot could not be put back").arg(lot),
-            Texts::tr(
+                ? LotTexts::tr("could not be added to %1 completely; the lot is as it was").arg(lot)
+                : LotTexts::tr("could not be added to %1 completely; the lot could not be put back").arg(lot),
+            LotTexts::tr(
                 "look at the disk's space, quota and file size limit, and at the permissions of the folder")};
 }
 
@@ -203,4 +202,4 @@ const LotContents& LotWriter::ContentsOf(const QString& path, const LockedLot& l
     return known.contents;
 }
 
-} // namespace ZYN::Tool
+} // namespace ZYN

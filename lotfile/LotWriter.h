@@ -1,15 +1,15 @@
 #pragma once
 
-#include "kinds/LotContents.h"
-#include "lots/LockedLot.h"
-#include "lots/LotParts.h"
-#include "terminal/Problem.h"
+#include "lotfile/LockedLot.h"
+#include "lotfile/LotContents.h"
+#include "lotfile/LotParts.h"
+#include "text/Problem.h"
 
 #include <QtCore/QHash>
 
 #include <optional>
 
-namespace ZYN::Tool {
+namespace ZYN {
 
 /// Why parts went to a file beside the lot.
 enum class Beside {
@@ -62,4 +62,4 @@ private:
 /// What to say when parts do not fit.
 Problem NotAdded(const QString& name, const QString& lot, bool putBack);
 
-} // namespace ZYN::Tool
+} // namespace ZYN

@@ -12,10 +12,8 @@
 class QIODevice;
 
 namespace ZYN {
-class UUTTest;
-}
 
-namespace ZYN::Tool {
+class UUTTest;
 
 /// Whose an STDF lot file is. Texts as they stand in the file, read as Latin-1: two files are of the same lot
 /// if these are the same bytes.
@@ -53,4 +51,4 @@ std::optional<LotParts> MakeLotParts(UUTTest* test, bool ignoreReportFlag);
 /// PCR and MRR of a file that holds other parts than those of a report.
 QByteArray ClosingWith(const LotParts& parts, quint32 partCount, quint32 goodCount);
 
-} // namespace ZYN::Tool
+} // namespace ZYN

@@ -1,11 +1,11 @@
-#include "kinds/LotContents.h"
+#include "lotfile/LotContents.h"
 
 #include "stdf/Reader.h"
 
+#include <QtCore/QBuffer>
 #include <QtCore/QCryptographicHash>
-#include <QtCore/QIODevice>
 
-namespace ZYN::Tool {
+namespace ZYN {
 
 namespace {
 
@@ -15,6 +15,16 @@ constexpr int startSubType = 10;
 constexpr int resultSubType = 20;
 
 } // namespace
+
+bool LooksLikeLot(const QByteArray& head)
+{
+    QBuffer buffer;
+    buffer.setData(head);
+    buffer.open(QIODevice::ReadOnly);
+    Stdf::RawRecord first;
+    return Stdf::Reader(&buffer).Next(first) && first.type == 0 && first.subType == 10 &&
+           first.body.size() == 2;
+}
 
 void LotContents::Read(QIODevice* file)
 {
@@ -44,4 +54,4 @@ bool LotContents::Hold(const QByteArray& part) const
     return m_parts.contains(QCryptographicHash::hash(part, algorithm));
 }
 
-} // namespace ZYN::Tool
+} // namespace ZYN

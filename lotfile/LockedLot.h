@@ -1,13 +1,13 @@
 #pragma once
 
-#include "terminal/Problem.h"
+#include "text/Problem.h"
 
 #include <QtCore/QByteArray>
 #include <QtCore/QString>
 
 #include <optional>
 
-namespace ZYN::Tool {
+namespace ZYN {
 
 /// An STDF lot file while parts are added to it: no other process that locks it so writes meanwhile, and what
 /// was there can be put back.
@@ -52,4 +52,4 @@ private:
     std::optional<Problem> m_refusal;
 };
 
-} // namespace ZYN::Tool
+} // namespace ZYN

@@ -1,6 +1,6 @@
-#include "lots/LockedLot.h"
+#include "lotfile/LockedLot.h"
 
-#include "terminal/Texts.h"
+#include "lotfile/LotTexts.h"
 
 #include <QtCore/QFile>
 
@@ -12,7 +12,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace ZYN::Tool {
+namespace ZYN {
 
 namespace {
 
@@ -44,13 +44,13 @@ LockedLot::LockedLot(const QString& path, Links links)
         good = OpenOrMake() && Lock(m_descriptor);
     } while (good && !IsStillNamed());
     if (good && !IsFile())
-        m_refusal = Problem{m_path, 0, Texts::tr("is a device or a pipe, where no file can be put"),
-                            Texts::tr("name a file")};
+        m_refusal = Problem{m_path, 0, LotTexts::tr("is a device or a pipe, where no file can be put"),
+                            LotTexts::tr("name a file")};
     else if (!good)
-        m_refusal =
-            Problem{m_path, 0,
-                    Texts::tr("no part can be added: %1").arg(QString::fromLocal8Bit(std::strerror(errno))),
-                    Texts::tr("check the name and the permissions of file and folder")};
+        m_refusal = Problem{
+            m_path, 0,
+            LotTexts::tr("no part can be added: %1").arg(QString::fromLocal8Bit(std::strerror(errno))),
+            LotTexts::tr("check the name and the permissions of file and folder")};
 }
 
 LockedLot::~LockedLot()
@@ -133,4 +133,4 @@ QByteArray LockedLot::State() const
            QByteArray::number(qlonglong(status.st_mtim.tv_nsec));
 }
 
-} // namespace ZYN::Tool
+} // namespace ZYN

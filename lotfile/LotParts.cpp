@@ -1,6 +1,6 @@
-#include "lots/LotParts.h"
+#include "lotfile/LotParts.h"
 
-#include "terminal/Texts.h"
+#include "lotfile/LotTexts.h"
 
 #include "stdf/Decoder.h"
 #include "stdf/Reader.h"
@@ -23,7 +23,7 @@
 
 #include <sys/mman.h>
 
-namespace ZYN::Tool {
+namespace ZYN {
 
 namespace {
 
@@ -68,13 +68,13 @@ QString WhyNoPart(const UUTTest* unit)
 {
     const QList<TestResultSet*> sets = unit->GetResultSets();
     if (std::none_of(sets.begin(), sets.end(), HasProgram))
-        return Texts::tr("no test program ran");
+        return LotTexts::tr("no test program ran");
     const QList<TestResult*>& results = sets.constFirst()->GetResults();
     if (std::none_of(results.begin(), results.end(), [](const TestResult* result) {
             return qobject_cast<const TestMeasurement*>(result->GetComponent().get());
         }))
-        return Texts::tr("no measurement has a result");
-    return Texts::tr("no measurement is meant for reports (--all adds them)");
+        return LotTexts::tr("no measurement has a result");
+    return LotTexts::tr("no measurement is meant for reports (--all adds them)");
 }
 
 // A unit has a part of its ident, or none: what the file holds decides.
@@ -174,4 +174,4 @@ QByteArray ClosingWith(const LotParts& parts, quint32 partCount, quint32 goodCou
     return closing;
 }
 
-} // namespace ZYN::Tool
+} // namespace ZYN
