@@ -18,6 +18,7 @@ public:
     /// \param file open for reading; its position changes
     void Read(QIODevice* file);
     void Add(const QByteArray& part);
+    void Add(const LotContents& other) { m_parts.unite(other.m_parts); }
     bool Hold(const QByteArray& part) const;
 
 private:

@@ -65,27 +65,41 @@ bool Takes(const LockedLot& lot, const LotParts& parts)
     return beside == Beside::No || beside == Beside::Unrecognised;
 }
 
-// What is written over the end of the lot, and where. The parts that are left out are taken for passed ones
+using Parts = QList<LotParts::Part>;
+
+quint32 Clean(const Parts& parts)
+{
+    return quint32(
+        std::count_if(parts.begin(), parts.end(), [](const LotParts::Part& part) { return part.isClean; }));
+}
+
+// How many of the parts that are wanted of a report passed. Those that are left out are taken for passed ones
 // unless their flags say otherwise: the report tells how many passed, not which.
-QByteArray Bytes(const LockedLot& lot, const LotParts& parts, const QList<LotParts::Part>& wanted,
+quint32 Good(const LotParts& parts, const Parts& wanted)
+{
+    return parts.good - qMin(parts.good, Clean(parts.parts) - Clean(wanted));
+}
+
+// What is written over the end of the lot, and where.
+// \param wanted of each report, those that are to be added
+QByteArray Bytes(const LockedLot& lot, const QList<LotReport>& reports, const QList<Parts>& wanted,
                  qint64* position)
 {
     View file(lot);
     StdfLotFile lotFile(&file);
     const StdfPlace place = lotFile.HoldsNothing() ? StdfPlace() : lotFile.FindPlace();
-    quint32 leftOut = 0;
-    for (const LotParts::Part& part : parts.parts)
-        leftOut += part.isClean;
-    QByteArray bytes = place.closingPcr ? QByteArray() : parts.header;
-    for (const LotParts::Part& part : wanted) {
-        leftOut -= part.isClean;
-        bytes += part.bytes;
+    QByteArray bytes = place.closingPcr ? QByteArray() : reports.first().parts->header;
+    quint32 count = place.partCount;
+    quint32 good = place.goodCount;
+    for (qsizetype index = 0; index < reports.size(); ++index) {
+        for (const LotParts::Part& part : wanted.at(index))
+            bytes += part.bytes;
+        count += quint32(wanted.at(index).size());
+        if (good != StdfFormat::unknownCount)
+            good += Good(*reports.at(index).parts, wanted.at(index));
     }
-    const quint32 good = parts.good - qMin(parts.good, leftOut);
     *position = place.position;
-    return bytes + ClosingWith(parts, place.partCount + quint32(wanted.size()),
-                               place.goodCount == StdfFormat::unknownCount ? StdfFormat::unknownCount
-                                                                           : place.goodCount + good);
+    return bytes + ClosingWith(*reports.last().parts, count, good);
 }
 
 } // namespace
@@ -112,6 +126,30 @@ std::optional<Problem> LotWriter::Refusal()
     return lot.Refusal() ? lot.Refusal() : WhyNoLot(lot, m_path);
 }
 
+QList<LotEntry> LotWriter::Add(const QList<LotReport>& reports)
+{
+    QList<LotEntry> entries(reports.size());
+    QList<qsizetype> together; // numbers of those that certainly belong to the lot
+    {
+        LockedLot lot(m_path, LockedLot::Links::Follow);
+        QList<LotReport> own;
+        if (!lot.Refusal() && !WhyNoLot(lot, m_path) && !HoldsNothing(lot))
+            for (qsizetype index = 0; index < reports.size(); ++index)
+                if (const LotReport& report = reports.at(index);
+                    !report.parts->parts.isEmpty() && IsBeside(lot, *report.parts) == Beside::No) {
+                    together.append(index);
+                    own.append(report);
+                }
+        const QList<LotEntry> added = own.isEmpty() ? QList<LotEntry>() : AddTo(lot, m_path, own);
+        for (qsizetype index = 0; index < added.size(); ++index)
+            entries[together.at(index)] = added.at(index);
+    }
+    for (qsizetype index = 0; index < reports.size(); ++index)
+        if (!together.contains(index))
+            entries[index] = Add(*reports.at(index).parts, reports.at(index).name);
+    return entries;
+}
+
 LotEntry LotWriter::Add(const LotParts& parts, const QString& name)
 {
     LotEntry entry{.file = m_path};
@@ -124,7 +162,7 @@ LotEntry LotWriter::Add(const LotParts& parts, const QString& name)
             return entry;
         entry.beside = IsBeside(lot, parts);
         if (entry.beside == Beside::No)
-            return AddTo(lot, m_path, parts, name);
+            return AddTo(lot, m_path, {{&parts, name}}).first();
         // It may be the first part of a lot whose names are not recognised again.
         if (entry.beside == Beside::Unrecognised && !m_again) {
             const LotContents& contents = ContentsOf(m_path, lot);
@@ -149,38 +187,49 @@ LotEntry LotWriter::AddBeside(const LotParts& parts, const QString& name)
         const QString path = StdfFailureFileName(m_path, ident);
         LockedLot lot(path, LockedLot::Links::Refuse);
         if (!lot.Refusal() && Takes(lot, parts))
-            return AddTo(lot, path, parts, name);
+            return AddTo(lot, path, {{&parts, name}}).first();
         const QFileInfo info(path);
         if (lot.Refusal() && !info.exists() && !info.isSymLink())
             return {.file = path, .problem = lot.Refusal()};
     }
 }
 
-LotEntry LotWriter::AddTo(LockedLot& lot, const QString& path, const LotParts& parts, const QString& name)
+QList<LotEntry> LotWriter::AddTo(LockedLot& lot, const QString& path, const QList<LotReport>& reports)
 {
-    LotEntry entry{.file = path};
-    QList<LotParts::Part> wanted = parts.parts;
-    if (!m_again) {
-        const LotContents& contents = ContentsOf(path, lot);
-        wanted.removeIf([&](const LotParts::Part& part) { return contents.Hold(part.bytes); });
+    QList<LotEntry> entries;
+    QList<Parts> wanted;
+    LotContents added;
+    for (const LotReport& report : reports) {
+        Parts& parts = wanted.emplace_back(report.parts->parts);
+        if (!m_again) {
+            const LotContents& contents = ContentsOf(path, lot);
+            parts.removeIf([&](const LotParts::Part& part) {
+                return contents.Hold(part.bytes) || added.Hold(part.bytes);
+            });
+        }
+        for (const LotParts::Part& part : std::as_const(parts))
+            added.Add(part.bytes);
+        entries.append({.file = path, .present = report.parts->parts.size() - parts.size()});
     }
-    entry.present = parts.parts.size() - wanted.size();
-    if (wanted.isEmpty())
-        return entry;
+    if (std::all_of(wanted.cbegin(), wanted.cend(), [](const Parts& parts) { return parts.isEmpty(); }))
+        return entries;
 
     qint64 position = 0;
-    const QByteArray bytes = Bytes(lot, parts, wanted, &position);
+    const QByteArray bytes = Bytes(lot, reports, wanted, &position);
     const LockedLot::Outcome outcome = lot.Write(position, bytes);
-    if (outcome != LockedLot::Outcome::Written) {
-        entry.problem = NotAdded(name, path, outcome == LockedLot::Outcome::PutBack);
-        return entry;
+    for (qsizetype index = 0; index < reports.size(); ++index) {
+        if (outcome == LockedLot::Outcome::Written)
+            entries[index].added = wanted.at(index).size();
+        else if (!wanted.at(index).isEmpty())
+            entries[index].problem =
+                NotAdded(reports.at(index).name, path, outcome == LockedLot::Outcome::PutBack);
     }
-    entry.added = wanted.size();
-    Known& known = m_known[path];
-    for (const LotParts::Part& part : wanted)
-        known.contents.Add(part.bytes);
-    known.state = lot.State();
-    return entry;
+    if (outcome == LockedLot::Outcome::Written) {
+        Known& known = m_known[path];
+        known.contents.Add(added);
+        known.state = lot.State();
+    }
+    return entries;
 }
 
 void LotWriter::AddNone(const LotParts& parts)

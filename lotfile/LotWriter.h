@@ -28,6 +28,12 @@ struct LotEntry {
     std::optional<Problem> problem = {};
 };
 
+/// The parts of a report, borrowed, and what to call it in messages.
+struct LotReport {
+    const LotParts* parts = nullptr;
+    QString name;
+};
+
 /// Adds parts to an STDF lot file, or to a file beside it where they are not of that lot. Each report's parts
 /// are written at once, under a lock; a process that is killed meanwhile leaves what was there before.
 class LotWriter {
@@ -41,6 +47,9 @@ public:
     /// Adds the parts of a report.
     /// \param name what to call the report in messages
     LotEntry Add(const LotParts& parts, const QString& name);
+    /// Adds the parts of several reports; those of the lot at once. Then all of them are on the disk, or
+    /// none. \return what became of each
+    QList<LotEntry> Add(const QList<LotReport>& reports);
     /// Makes a lot that has not got any part yet: its header, and that there are none.
     void AddNone(const LotParts& parts);
 
@@ -52,7 +61,7 @@ private:
 
     const LotContents& ContentsOf(const QString& path, const LockedLot& lot);
     LotEntry AddBeside(const LotParts& parts, const QString& name);
-    LotEntry AddTo(LockedLot& lot, const QString& path, const LotParts& parts, const QString& name);
+    QList<LotEntry> AddTo(LockedLot& lot, const QString& path, const QList<LotReport>& reports);
 
     QString m_path;
     bool m_again;

@@ -2610,8 +2610,8 @@ auffällt, geht auf die Standardfehlerausgabe.</translation>
         <translation>Enden, wenn nichts wartet</translation>
     </message>
     <message>
-        <source>What was taken is moved to FOLDER/done; what cannot be read and is unchanged for three seconds to FOLDER/error, with the reason beside it. While the archive is away the rest waits. SIGTERM ends it after the report in hand.</source>
-        <translation>Was übernommen wurde, kommt nach ORDNER/done; was nicht lesbar und seit drei Sekunden unverändert ist, nach ORDNER/error, mit dem Grund daneben. Solange das Archiv fehlt, wartet der Rest. SIGTERM beendet nach dem Bericht in Arbeit.</translation>
+        <source>What was taken is moved to FOLDER/done; what cannot be read and is unchanged for three seconds to FOLDER/error, with the reason beside it. While the archive is away the rest waits. SIGTERM ends it after the reports in hand.</source>
+        <translation>Was übernommen wurde, kommt nach ORDNER/done; was nicht lesbar und seit drei Sekunden unverändert ist, nach ORDNER/error, mit dem Grund daneben. Solange das Archiv fehlt, wartet der Rest. SIGTERM beendet nach den Berichten in Arbeit.</translation>
     </message>
     <message>
         <source>cannot be moved to %1</source>

@@ -16,7 +16,10 @@
 #include <QtCore/QSocketNotifier>
 #include <QtCore/QTimer>
 
+#include <algorithm>
 #include <memory>
+#include <span>
+#include <vector>
 
 namespace ZYN::Tool {
 
@@ -55,7 +58,7 @@ public:
     {
         QFileSystemWatcher changes({folder});
         QSocketNotifier ending(m_ending.Descriptor(), QSocketNotifier::Read);
-        QObject::connect(&ending, &QSocketNotifier::activated, qApp, [this] { Leave(); });
+        QObject::connect(&ending, &QSocketNotifier::activated, qApp, [this] { End(); });
         QObject::connect(&changes, &QFileSystemWatcher::directoryChanged, qApp, [this] {
             if (m_trouble.isEmpty()) // else the pause is kept, however much comes
                 Soon(0);
@@ -72,7 +75,7 @@ public:
 private:
     void Soon(int milliseconds) { m_timer.start(milliseconds); }
 
-    void Leave()
+    void End()
     {
         if (m_ending.HasCome())
             QCoreApplication::quit();
@@ -133,15 +136,21 @@ private:
 
     void Take(const QList<Input>& inputs)
     {
+        std::vector<LoadedInput> archived;
         const std::optional<Problem> failure =
             LoadRuns(*m_archive, inputs, false, [&](const LoadedInput& loaded) {
                 if (m_ending.HasCome())
                     return; // it is in the archive, and will be found there
                 if (!loaded.problem)
-                    Finish(loaded);
+                    archived.push_back(loaded);
                 else if (loaded.problem->file == loaded.input->name)
                     GiveUp(*loaded.input, TextOf(*loaded.problem));
             });
+        for (std::span<const LoadedInput> rest = archived; !rest.empty() && !m_ending.HasCome();) {
+            const size_t some = std::min(rest.size(), size_t(ReportOutputs::AtOnce()));
+            Finish(rest.first(some));
+            rest = rest.subspan(some);
+        }
         if (!failure)
             return;
         m_trouble = TextOf(*failure);
@@ -149,15 +158,24 @@ private:
     }
 
     // In the archive already: whatever happens from here on, a second time does no harm.
-    void Finish(const LoadedInput& loaded)
+    void Finish(std::span<const LoadedInput> archived)
     {
-        if (const std::optional<Problem> problem = m_outputs.Write(*loaded.input)) {
-            if (problem->file == loaded.input->name)
-                GiveUp(*loaded.input, TextOf(*problem));
-            else
-                m_trouble = TextOf(*problem); // a full disk, for instance: the report is good
+        QList<Input> inputs;
+        for (const LoadedInput& loaded : archived)
+            inputs.append(*loaded.input);
+        const std::vector<std::optional<Problem>> problems = m_outputs.Write(inputs);
+        for (size_t index = 0; index < archived.size(); ++index)
+            Leave(archived[index], problems[index]);
+    }
+
+    void Leave(const LoadedInput& loaded, const std::optional<Problem>& problem)
+    {
+        if (problem && problem->file == loaded.input->name)
+            GiveUp(*loaded.input, TextOf(*problem));
+        else if (problem)
+            m_trouble = TextOf(*problem); // a full disk, for instance: the report is good
+        if (problem)
             return;
-        }
         m_folder.MoveToDone(*loaded.input);
         m_status.Archived(loaded.input->name);
         m_log.Archived(loaded);
@@ -253,7 +271,7 @@ Command WatchCommand(CommandLine& zyn, const Manners& manners)
     watch.Footer(
         Texts::tr("What was taken is moved to FOLDER/done; what cannot be read and is unchanged for three "
                   "seconds to FOLDER/error, with the reason beside it. While the archive is away the rest "
-                  "waits. SIGTERM ends it after the report in hand."),
+                  "waits. SIGTERM ends it after the reports in hand."),
         {"zyn watch /srv/reports --archive line.zya",
          "zyn watch /srv/reports --archive postgresql://line@db/factory --to /srv/csv -f csv"});
     return {watch, [=, &manners] { return Run(*arguments, manners); }, {}};

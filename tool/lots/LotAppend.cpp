@@ -16,35 +16,13 @@ namespace ZYN::Tool {
 
 namespace {
 
-/// A report on its way into the lot.
-struct Report {
-    std::optional<LotParts> parts;
-    std::optional<Problem> problem;
-};
-
-Report PartsOf(UUTTest* test, const QString& name, const QString& lot, const LotOptions& options)
-{
-    Report report{.parts = MakeLotParts(test, options.ignoreReportFlag), .problem = {}};
-    if (!report.parts)
-        report.problem = NotAdded(name, lot, true);
-    return report;
-}
-
-Report Read(const Input& input, const QString& lot, const LotOptions& options)
+ReportForLot Read(const Input& input, const QString& lot, const LotOptions& options)
 {
     std::optional<Problem> problem;
     const std::unique_ptr<UUTTest> test = ReadReport(input.path, input.name, &problem);
     if (problem)
-        return {{}, problem};
-    return PartsOf(test.get(), input.name, lot, options);
-}
-
-Conversion Add(const Report& report, const QString& name, LotWriter& writer)
-{
-    if (report.problem)
-        return {name, {}, report.problem};
-    const LotEntry entry = writer.Add(*report.parts, name);
-    return {name, entry.file, entry.problem, entry, report.parts->without, report.parts->beyondAscii};
+        return {.name = input.name, .problem = problem};
+    return MakeForLot(test.get(), input.name, lot, options);
 }
 
 // Number of parts in a file, complete ones and one that a crash cut off.
@@ -98,6 +76,34 @@ void SayUnitsWithout(const QList<Conversion>& conversions)
 
 } // namespace
 
+ReportForLot MakeForLot(UUTTest* test, const QString& name, const QString& lot, const LotOptions& options)
+{
+    ReportForLot report{.name = name, .parts = MakeLotParts(test, options.ignoreReportFlag)};
+    if (!report.parts)
+        report.problem = NotAdded(name, lot, true);
+    return report;
+}
+
+QList<Conversion> AppendToLot(const std::vector<ReportForLot>& reports, LotWriter& writer)
+{
+    QList<LotReport> good;
+    for (const ReportForLot& report : reports)
+        if (!report.problem)
+            good.append({&*report.parts, report.name});
+    const QList<LotEntry> entries = writer.Add(good);
+    QList<Conversion> conversions;
+    for (auto entry = entries.cbegin(); const ReportForLot& report : reports) {
+        if (report.problem) {
+            conversions.append({report.name, {}, report.problem});
+            continue;
+        }
+        conversions.append({report.name, entry->file, entry->problem, *entry, report.parts->without,
+                            report.parts->beyondAscii});
+        ++entry;
+    }
+    return conversions;
+}
+
 QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, const LotOptions& options,
                               const Manners& manners)
 {
@@ -110,12 +116,11 @@ QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, c
     Progress progress(inputs.size(), !manners.quiet);
     for (qsizetype start = 0; start < inputs.size(); start += batch) {
         const QList<Input> some = inputs.mid(start, batch);
-        std::vector<Report> reports(size_t(some.size()));
+        std::vector<ReportForLot> reports(size_t(some.size()));
         ForEachIndex(some.size(), AllCores(),
                      [&](qsizetype index) { reports[size_t(index)] = Read(some.at(index), path, options); });
-        for (qsizetype index = 0; index < some.size(); ++index) {
-            const Report& report = reports[size_t(index)];
-            conversions.append(Add(report, some.at(index).name, writer));
+        conversions += AppendToLot(reports, writer);
+        for (const ReportForLot& report : reports) {
             if (!none && report.parts && report.parts->parts.isEmpty())
                 none = report.parts;
             progress.Step();
@@ -126,15 +131,14 @@ QList<Conversion> AppendToLot(const QList<Input>& inputs, const QString& path, c
     return conversions;
 }
 
-QList<Conversion> AppendToLot(const Input& input, LotWriter& writer, const LotOptions& options)
+QList<Conversion> AppendLotToLot(const Input& input, LotWriter& writer, const LotOptions& options)
 {
-    if (!IsLot(input))
-        return {Add(Read(input, writer.Path(), options), input.name, writer)};
     QList<Conversion> conversions;
     const std::optional<Problem> damage = ForEachUnits(input, [&](const std::vector<LotUnit>& units) {
+        std::vector<ReportForLot> reports;
         for (const LotUnit& unit : units)
-            conversions.append(
-                Add(PartsOf(unit.test.get(), input.name, writer.Path(), options), input.name, writer));
+            reports.push_back(MakeForLot(unit.test.get(), input.name, writer.Path(), options));
+        conversions += AppendToLot(reports, writer);
     });
     if (damage) {
         Conversion& damaged = conversions.emplaceBack();

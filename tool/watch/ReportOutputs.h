@@ -1,13 +1,14 @@
 #pragma once
 
 #include "files/Inputs.h"
-#include "lotfile/LotWriter.h"
+#include "lots/LotAppend.h"
 #include "terminal/Problem.h"
 
 #include <QtCore/QList>
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 namespace ZYN::Tool {
 
@@ -27,12 +28,22 @@ public:
     /// Makes the folders.
     /// \return why nothing can be written
     std::optional<Problem> Prepare();
-    /// Writes all of a report, or of an STDF lot.
-    /// \return a problem that has the input's name where the input is bad, else what is wrong with an output
-    std::optional<Problem> Write(const Input& input);
+    /// How many inputs to write at once: each core has something to do meanwhile, and memory has a bound.
+    static qsizetype AtOnce();
+    /// Writes all of some inputs, reports or STDF lots, on all cores.
+    /// \return of each a problem that has the input's name where the input is bad, else what is wrong with an
+    /// output
+    std::vector<std::optional<Problem>> Write(const QList<Input>& inputs);
 
 private:
-    std::optional<Problem> AddToLot(const Input& input);
+    /// What becomes of an input.
+    struct Made {
+        std::optional<Problem> problem = {};
+        std::optional<ReportForLot> report = {}; ///< where there is a lot
+    };
+
+    Made MakeOf(const Input& input) const;
+    std::optional<Problem> WriteLot(const Input& input);
 
     QList<Target> m_targets;
     QString m_lotFile;
