@@ -150,7 +150,7 @@ def server_away(reports):
 def main(kills):
     with tempfile.TemporaryDirectory() as folder:
         os.chdir(folder)
-        run("simulate", "-q", "-d", "lot", "--panels", str(10 * (kills + 1)), "--items", "2", "--seed", "5")
+        run("simulate", "-q", "-d", "lot", "--panels", str(20 * (kills + 1)), "--items", "2", "--seed", "5")
         os.remove("lot/MCB-48.tpl"), os.remove("lot/bins.ini")
         run("convert", "-q", *(f"lot/panel-{number:04}.zyr" for number in (1, 2, 3)), "-o", "lot/parts.stdf")
         os.mkdir("hot")

@@ -50,7 +50,7 @@ std::optional<Problem> ReportOutputs::Prepare()
 
 qsizetype ReportOutputs::AtOnce()
 {
-    return 8 * AllCores();
+    return 4 * AllCores();
 }
 
 std::vector<std::optional<Problem>> ReportOutputs::Write(const QList<Input>& inputs)
