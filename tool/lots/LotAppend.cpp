@@ -92,14 +92,18 @@ QList<Conversion> AppendToLot(const std::vector<ReportForLot>& reports, LotWrite
             good.append({&*report.parts, report.name});
     const QList<LotEntry> entries = writer.Add(good);
     QList<Conversion> conversions;
-    for (auto entry = entries.cbegin(); const ReportForLot& report : reports) {
-        if (report.problem) {
-            conversions.append({report.name, {}, report.problem});
+    auto entry = entries.cbegin();
+    for (const ReportForLot& report : reports) {
+        Conversion& conversion = conversions.emplaceBack();
+        conversion.input = report.name;
+        conversion.problem = report.problem;
+        if (report.problem)
             continue;
-        }
-        conversions.append({report.name, entry->file, entry->problem, *entry, report.parts->without,
-                            report.parts->beyondAscii});
-        ++entry;
+        conversion.output = entry->file;
+        conversion.problem = entry->problem;
+        conversion.lot = *entry++;
+        conversion.without = report.parts->without;
+        conversion.beyondAscii = report.parts->beyondAscii;
     }
     return conversions;
 }
