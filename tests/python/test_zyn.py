@@ -111,7 +111,7 @@ def test_values_are_arrays(lot):
     assert set(columns["unit"]) == {"V"} and (columns["lower"] < columns["upper"]).all()
     text = columns["path"][0]
     del columns
-    assert sys.getrefcount(text) == 2  # the name and the argument
+    assert sys.getrefcount(text) == 3  # this name, the set, the argument
     values, paths = runs[0].values, runs[0].paths
     assert all(values[paths.index(one.path)] == one.value for one in runs[0].measurements if isinstance(one.value, float))
     assert not values.flags.owndata and not values.flags.writeable and len(runs[0].codes) == len(values)

@@ -26,8 +26,11 @@ struct Conversion {
 inline QList<Conversion> RefuseAll(const QList<Input>& inputs, const Problem& problem)
 {
     QList<Conversion> conversions;
-    for (const Input& input : inputs)
-        conversions.append({input.name, {}, problem});
+    for (const Input& input : inputs) {
+        Conversion& conversion = conversions.emplaceBack();
+        conversion.input = input.name;
+        conversion.problem = problem;
+    }
     return conversions;
 }
 
