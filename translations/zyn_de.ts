@@ -2896,5 +2896,9 @@ Kennzahlen; ein Archiv führt die von Tagen, die beantwortet werden, ohne die We
         <source>Do not keep the names of those who tested in the archive</source>
         <translation>Die Namen derer, die geprüft haben, nicht im Archiv aufbewahren</translation>
     </message>
+    <message>
+        <source>no number of measurement &apos;%1&apos; is among the runs that were chosen</source>
+        <translation>keine Zahl der Messung &apos;%1&apos; ist unter den gewählten Läufen</translation>
+    </message>
 </context>
 </TS>

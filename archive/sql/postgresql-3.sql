@@ -29,8 +29,8 @@ CREATE TABLE summary(
   UNIQUE(product, station, layout, limits, day));
 CREATE INDEX summary_day ON summary(day);
 
--- For people and other tools: one row for each measurement, day, product, station and set of limits. Sigma is that of a
--- sample.
+-- For people and other tools: one row for each measurement, day, product, station, layout and set of limits. Sigma is
+-- that of a sample.
 CREATE VIEW measured_day AS
   SELECT CASE WHEN s.day < 2147483647 THEN date '1970-01-01' + s.day END AS day, s.product, s.station,
     l.program, c.path, c.ident, i.component, i.unit,

@@ -115,8 +115,8 @@ CREATE VIEW value AS
     JOIN layout_item i ON i.layout = r.layout JOIN component c ON c.id = i.component LEFT JOIN limit_set s ON s.id = r.limits
   WHERE r.current = 1 AND v.codes[i.pos + 1] IS NOT NULL;
 
--- For people and other tools: one row for each measurement, day, product, station and set of limits. Sigma is that of a
--- sample.
+-- For people and other tools: one row for each measurement, day, product, station, layout and set of limits. Sigma is
+-- that of a sample.
 CREATE VIEW measured_day AS
   SELECT CASE WHEN s.day < 2147483647 THEN date '1970-01-01' + s.day END AS day, s.product, s.station,
     l.program, c.path, c.ident, i.component, i.unit,

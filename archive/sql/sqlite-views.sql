@@ -10,8 +10,8 @@ CREATE VIEW value AS
     JOIN component c ON c.id = i.component LEFT JOIN limit_set s ON s.id = r.limits
   WHERE r.current AND v.codes ->> i.pos IS NOT NULL;
 
--- For people and other tools: one row for each measurement, day, product, station and set of limits. Sigma is that of a
--- sample. Whole numbers in JSON are integers, and those would be divided as such.
+-- For people and other tools: one row for each measurement, day, product, station, layout and set of limits. Sigma is
+-- that of a sample. Whole numbers in JSON are integers, and those would be divided as such.
 DROP VIEW IF EXISTS measured_day;
 CREATE VIEW measured_day AS
   SELECT CASE WHEN s.day < 2147483647 THEN date(s.day * 86400, 'unixepoch') END AS day, s.product, s.station,

@@ -100,7 +100,8 @@ bool Fits(const MeasureRow& row, const QString& name)
     return FitsMeasurement(name, row.ident, row.path);
 }
 
-// Names that no measurement has, with those that may have been meant.
+// Names that no row has: of no measurement, with those that may have been meant, or of one that was not
+// chosen.
 std::optional<bool> TellUnknown(const Archive& archive, const QStringList& names,
                                 const std::vector<MeasureRow>& rows)
 {
@@ -112,8 +113,18 @@ std::optional<bool> TellUnknown(const Archive& archive, const QStringList& names
         const std::optional<QStringList> known = AskMeasurementNames(archive);
         if (!known)
             return std::nullopt;
-        PrintProblem(
-            {{}, 0, Texts::tr("there is no measurement '%1'").arg(Harmless(name)), Suggestion(name, *known)});
+        if (std::any_of(known->begin(), known->end(),
+                        [&](const QString& one) { return FitsMeasurement(name, one, one); }))
+            PrintProblem({{},
+                          0,
+                          Texts::tr("no number of measurement '%1' is among the runs that were chosen")
+                              .arg(Harmless(name)),
+                          Texts::tr("choose more of them")});
+        else
+            PrintProblem({{},
+                          0,
+                          Texts::tr("there is no measurement '%1'").arg(Harmless(name)),
+                          Suggestion(name, *known)});
     }
     return areKnown;
 }
