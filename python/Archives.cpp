@@ -154,14 +154,20 @@ QStringList ListOf(const py::args& names)
     return list;
 }
 
-/// Names that no measurement has are mistakes, not empty answers.
+/// Names that no measurement has are mistakes, not empty answers; a measurement may have none among the
+/// chosen runs.
 template <typename Rows>
-void NeedFound(const QStringList& names, const Rows& rows)
+void NeedFound(PythonArchive& own, const QStringList& names, const Rows& rows)
 {
-    for (const QString& name : names)
-        if (std::none_of(rows.begin(), rows.end(),
-                         [&](const auto& row) { return FitsMeasurement(name, row.ident, row.path); }))
+    for (const QString& name : names) {
+        if (std::any_of(rows.begin(), rows.end(),
+                        [&](const auto& row) { return FitsMeasurement(name, row.ident, row.path); }))
+            continue;
+        const auto known = own.Need([](const Archive& archive) { return AskMeasurementNames(archive); });
+        if (std::none_of(known->begin(), known->end(),
+                         [&](const QString& one) { return FitsMeasurement(name, one, one); }))
             Raise(Errors::Archive, QStringLiteral("there is no measurement '%1'").arg(name));
+    }
 }
 
 } // namespace
@@ -209,7 +215,7 @@ void AddArchives(py::module_& module)
                 const auto rows = own.Need([&, filter = FilterOf(filters)](const Archive& archive) {
                     return AskMeasures(archive, filter, options);
                 });
-                NeedFound(options.names, *rows);
+                NeedFound(own, options.names, *rows);
                 py::list records;
                 for (const MeasureRow& row : *rows)
                     records.append(RecordOf(row));
@@ -227,7 +233,7 @@ void AddArchives(py::module_& module)
                 const auto arrays = own.Need([&, filter = FilterOf(filters)](const Archive& archive) {
                     return AskValues(archive, filter, wanted);
                 });
-                NeedFound(wanted, arrays->series);
+                NeedFound(own, wanted, arrays->series);
                 return ColumnsOf(*arrays);
             },
             "Every finite value of the measurements that are meant, in order of time, as NumPy arrays: path, "

@@ -96,6 +96,7 @@ def test_answers_are_those_of_the_tool(lot, tool, tmp_path):
             (zyn.ArchiveError, "none.zya", lambda: zyn.archive(tmp_path / "none.zya")),
             (TypeError, "no filter 'serail'", lambda: archive.units(serail="1"))):
         pytest.raises(error, call).match(text)
+    assert archive.measures("Current", until="2000-01-01") == []
 
 
 def test_values_are_arrays(lot):
