@@ -6,13 +6,41 @@ namespace ZYN {
 
 namespace {
 
-// Before a time in UTC, or on the tester's clock.
-const QString utc = QStringLiteral("start < ?");
-const QString testerClock = QStringLiteral("start < CAST(? AS bigint) - coalesce(utc_offset, 0) * 60000");
+// What starts at this time or later is not removed, whatever the tester's clock was: finds rows by index and
+// by month.
+qint64 End(const TimeBound& bound)
+{
+    return bound.at + (bound.byTesterClock ? FarthestDays * MillisecondsOfDay : 0);
+}
 
-const QString failures = QStringLiteral("DELETE FROM failure WHERE run IN (SELECT id FROM run WHERE %1)");
-const QString values = QStringLiteral("DELETE FROM run_values WHERE run IN (SELECT id FROM run WHERE %1)");
-const QString runs = QStringLiteral("DELETE FROM run WHERE %1");
+// Before a time in UTC, or on the tester's clock.
+QString IsBefore(const TimeBound& bound)
+{
+    const QString utc = QStringLiteral("start < %1").arg(End(bound));
+    return bound.byTesterClock
+               ? utc + QStringLiteral(" AND start < CAST(%1 AS bigint) - coalesce(utc_offset, 0) * 60000")
+                           .arg(bound.at)
+               : utc;
+}
+
+// Of runs before a time. \param table what has a row or several for each run
+bool RemoveOfRuns(Database& database, const QString& table, const TimeBound& bound)
+{
+    const QString month =
+        database.IsPostgreSql() ? QStringLiteral("start < %1 AND ").arg(End(bound)) : QString();
+    return database.Execute(QStringLiteral("DELETE FROM %1 WHERE %2run IN (SELECT id FROM run WHERE %3)")
+                                .arg(table, month, IsBefore(bound)));
+}
+
+bool RemoveRuns(Database& database, const TimeBound& bound, std::int64_t* removed)
+{
+    QSqlQuery query = database.Prepare(QStringLiteral("DELETE FROM run WHERE ") + IsBefore(bound));
+    if (!database.Run(query))
+        return false;
+    *removed += query.numRowsAffected();
+    return true;
+}
+
 const QString units =
     QStringLiteral("DELETE FROM unit WHERE NOT EXISTS (SELECT 1 FROM run WHERE run.unit = unit.id)");
 
@@ -30,12 +58,10 @@ bool DropMonths(Database& database, const TimeBound& bound, std::int64_t* remove
 // The last day of which runs will be removed, if any.
 std::optional<qint64> LastDay(Database& database, const TimeBound& bound)
 {
-    const QString condition = bound.byTesterClock ? testerClock : utc;
     QSqlQuery query = database.Prepare(
         QStringLiteral("SELECT max(start + coalesce(utc_offset, 0) * 60000) FROM run WHERE start >= ? AND ") +
-        condition);
+        IsBefore(bound));
     query.addBindValue(qint64(bound.at - 2 * FarthestDays * MillisecondsOfDay));
-    query.addBindValue(qint64(bound.at));
     if (!database.Run(query) || !query.next() || query.isNull(0))
         return std::nullopt;
     return DayOf(query.value(0).toLongLong(), std::nullopt);
@@ -66,24 +92,17 @@ bool RenewSummaries(Database& database, SummaryWriter& summaries, qint64 first, 
 
 bool RemoveRunsBefore(Database& database, const TimeBound& bound, std::int64_t* removed)
 {
-    std::int64_t affected = 0;
-    const auto remove = [&](const QString& sql) {
-        QSqlQuery query = database.Prepare(sql.arg(bound.byTesterClock ? testerClock : utc));
-        query.addBindValue(qint64(bound.at));
-        const bool isGood = database.Run(query);
-        affected = query.numRowsAffected();
-        return isGood;
-    };
     SummaryWriter summaries(database);
     const qint64 day = DayOf(bound.at, std::nullopt);
     return database.InTransaction([&] {
         *removed = 0;
         summaries.Forget();
         const qint64 lastDay = LastDay(database, bound).value_or(day - FarthestDays);
-        if ((database.IsPostgreSql() && !DropMonths(database, bound, removed)) || !remove(failures) ||
-            !remove(values) || !remove(runs))
+        if ((database.IsPostgreSql() && !DropMonths(database, bound, removed)) ||
+            !RemoveOfRuns(database, QStringLiteral("failure"), bound) ||
+            !RemoveOfRuns(database, QStringLiteral("run_values"), bound) ||
+            !RemoveRuns(database, bound, removed))
             return false;
-        *removed += affected;
         return RemoveSummaries(database, day - FarthestDays) &&
                RenewSummaries(database, summaries, day - FarthestDays, lastDay) && summaries.Write() &&
                database.Execute(units);
