@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <tuple>
 
 namespace ZYN {
 
@@ -67,7 +68,8 @@ bool SeriesReader::ReadRun(const QSqlQuery& row)
 {
     const auto number = [&](int column) { return row.value(column).toLongLong(); };
     const auto run = std::uint32_t(m_places.size());
-    m_times.push_back({number(0), number(1), number(2), number(3)});
+    m_times.push_back({number(0), number(1), number(2)});
+    m_ids.push_back(number(3));
     AddPlace(row.value(7).toByteArray(), row.value(8).toByteArray(), row.value(9).toByteArray());
     if (const std::int64_t start = number(0); start != UnreadableStart)
         m_places.back().start = start;
@@ -123,9 +125,18 @@ void SeriesReader::AddValues(std::uint32_t run, const MeasuredItems::Positions& 
     }
 }
 
+// Units that were tested at one moment come in one order, however late they were added.
+bool SeriesReader::IsBefore(std::uint32_t a, std::uint32_t b) const
+{
+    if (m_times[a] != m_times[b])
+        return m_times[a] < m_times[b];
+    const RunPlace &one = m_places[a].place, &other = m_places[b].place;
+    return std::tie(one.serial, one.lot, m_ids[a]) < std::tie(other.serial, other.lot, m_ids[b]);
+}
+
 void SeriesReader::PutInOrder()
 {
-    const auto isBefore = [&](std::uint32_t a, std::uint32_t b) { return m_times[a] < m_times[b]; };
+    const auto isBefore = [&](std::uint32_t a, std::uint32_t b) { return IsBefore(a, b); };
     std::vector<std::uint32_t> order(m_places.size());
     std::iota(order.begin(), order.end(), 0U);
     if (!std::is_sorted(order.begin(), order.end(), isBefore)) {
@@ -142,6 +153,7 @@ void SeriesReader::PutInOrder()
             series.Sort(ranks);
     }
     m_times = {};
+    m_ids = {};
 }
 
 } // namespace ZYN

@@ -27,8 +27,8 @@ public:
     const Programs& GetPrograms() const { return m_programs; }
 
 private:
-    /// What runs are put in order by: start, number in the report, number of the test, id.
-    using Time = std::array<std::int64_t, 4>;
+    /// What runs are put in order by: start, number in the report, number of the test.
+    using Time = std::array<std::int64_t, 3>;
 
     bool ReadItems();
     bool ReadRuns();
@@ -36,6 +36,7 @@ private:
     void AddPlace(const QByteArray& serial, const QByteArray& lot, const QByteArray& start);
     void AddValues(std::uint32_t run, const MeasuredItems::Positions& series, const QByteArray& values,
                    const QByteArray& codes, const std::vector<std::pair<int, double>>& texts);
+    bool IsBefore(std::uint32_t a, std::uint32_t b) const;
     void PutInOrder();
 
     const Archive& m_archive;
@@ -43,6 +44,7 @@ private:
     Programs m_programs;
     MeasuredItems m_items;
     std::vector<Time> m_times; // of each run, until they are in order
+    std::vector<std::int64_t> m_ids;
     std::vector<MeasuredRun> m_places;
     QByteArray m_lot; // of the last run
     QString m_lotText;

@@ -171,8 +171,9 @@ def versions_in(folder):
             counts["present" if run.content in known else "revised" if known else "added"] += 1
             known.setdefault(run.content, (next(order), run))
     current = [list(versions.values())[-1] for versions in contents.values()]
-    found = sorted((run.start, run.run_index, run.test_index, order, run) for order, run in current)
-    return [run for *_, run in found], dict(counts)
+    current.sort(key=lambda one: (one[1].start, one[1].run_index, one[1].test_index, one[1].serial or one[1].ident,
+                                  one[1].lot, one[0]))
+    return [run for _, run in current], dict(counts)
 
 
 # What questions have in common.
