@@ -65,8 +65,8 @@ Run::Texts TextsByPosition(const QByteArray& object)
 
 class ArchiveRuns::Private {
 public:
-    explicit Private(const Archive& archive_)
-        : archive(archive_)
+    explicit Private(const Archive& from)
+        : archive(from)
         , join(archive.IsPostgreSql() ? QStringLiteral("v.start = r.start AND v.run = r.id")
                                       : QStringLiteral("v.run = r.id"))
         , one(archive.GetDatabase())
@@ -178,7 +178,7 @@ bool ArchiveRuns::Private::Read(std::size_t index, Run* run)
         *text = row.Text();
     run->isPanel = row.Number() != 0;
     const qint64 start = row.Number();
-    run->start = start == UnreadableStart ? std::nullopt : std::optional<std::int64_t>(start);
+    run->start = start == unreadableStart ? std::nullopt : std::optional<std::int64_t>(start);
     run->utcOffset = row.MaybeNumber();
     run->runIndex = int(row.Number());
     run->testIndex = int(row.Number());

@@ -15,7 +15,7 @@ namespace ZYN {
 
 namespace {
 
-constexpr int Attempts = 10;
+constexpr int attempts = 10;
 
 const QString sqliteDriver = QStringLiteral("QSQLITE");
 
@@ -199,7 +199,7 @@ bool Database::InTransaction(const std::function<bool()>& body)
         if (body() && Execute(QStringLiteral("COMMIT")))
             return true;
         const QString error = m_error, code = m_errorCode;
-        const bool repeat = attempt < Attempts && IsWorthRepeating(code);
+        const bool repeat = attempt < attempts && IsWorthRepeating(code);
         Execute(QStringLiteral("ROLLBACK"));
         m_error = error;
         m_errorCode = code;

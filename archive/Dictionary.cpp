@@ -7,7 +7,7 @@ namespace ZYN {
 namespace {
 
 // Limits that change from run to run must not fill the memory.
-constexpr size_t IdsKept = 4096;
+constexpr size_t idsKept = 4096;
 
 // Only one at a time adds rows that others refer to by their content: no deadlock among those who add the
 // same program. Any number will do, as long as it is the same everywhere.
@@ -43,11 +43,11 @@ Dictionary::Dictionary(Database& database, bool keepAttributes)
 
 bool Dictionary::Learn(std::span<const Run> runs)
 {
-    if (m_limits.size() > IdsKept)
+    if (m_limits.size() > idsKept)
         m_limits.clear();
-    if (m_layouts.size() > IdsKept)
+    if (m_layouts.size() > idsKept)
         m_layouts.clear();
-    if (size_t(m_attributes.size()) > IdsKept)
+    if (size_t(m_attributes.size()) > idsKept)
         m_attributes.clear();
     const auto isKnown = [this](const Run& run) {
         return m_layouts.contains(run.layout->hash) && (!run.limits || m_limits.contains(run.limits->hash)) &&

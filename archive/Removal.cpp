@@ -10,7 +10,7 @@ namespace {
 // by month.
 qint64 End(const TimeBound& bound)
 {
-    return bound.at + (bound.byTesterClock ? FarthestDays * MillisecondsOfDay : 0);
+    return bound.at + (bound.byTesterClock ? farthestDays * millisecondsOfDay : 0);
 }
 
 // Before a time in UTC, or on the tester's clock.
@@ -48,7 +48,7 @@ const QString units =
 bool DropMonths(Database& database, const TimeBound& bound, std::int64_t* removed)
 {
     QSqlQuery query = database.Prepare(QStringLiteral("SELECT archive_drop_months(?)"));
-    query.addBindValue(qint64(bound.at - (bound.byTesterClock ? FarthestDays * MillisecondsOfDay : 0)));
+    query.addBindValue(qint64(bound.at - (bound.byTesterClock ? farthestDays * millisecondsOfDay : 0)));
     if (!database.Run(query) || !query.next())
         return false;
     *removed += query.value(0).toLongLong();
@@ -61,7 +61,7 @@ std::optional<qint64> LastDay(Database& database, const TimeBound& bound)
     QSqlQuery query = database.Prepare(
         QStringLiteral("SELECT max(start + coalesce(utc_offset, 0) * 60000) FROM run WHERE start >= ? AND ") +
         IsBefore(bound));
-    query.addBindValue(qint64(bound.at - 2 * FarthestDays * MillisecondsOfDay));
+    query.addBindValue(qint64(bound.at - 2 * farthestDays * millisecondsOfDay));
     if (!database.Run(query) || !query.next() || query.isNull(0))
         return std::nullopt;
     return DayOf(query.value(0).toLongLong(), std::nullopt);
@@ -97,14 +97,14 @@ bool RemoveRunsBefore(Database& database, const TimeBound& bound, std::int64_t* 
     return database.InTransaction([&] {
         *removed = 0;
         summaries.Forget();
-        const qint64 lastDay = LastDay(database, bound).value_or(day - FarthestDays);
+        const qint64 lastDay = LastDay(database, bound).value_or(day - farthestDays);
         if ((database.IsPostgreSql() && !DropMonths(database, bound, removed)) ||
             !RemoveOfRuns(database, QStringLiteral("failure"), bound) ||
             !RemoveOfRuns(database, QStringLiteral("run_values"), bound) ||
             !RemoveRuns(database, bound, removed))
             return false;
-        return RemoveSummaries(database, day - FarthestDays) &&
-               RenewSummaries(database, summaries, day - FarthestDays, lastDay) && summaries.Write() &&
+        return RemoveSummaries(database, day - farthestDays) &&
+               RenewSummaries(database, summaries, day - farthestDays, lastDay) && summaries.Write() &&
                database.Execute(units);
     });
 }

@@ -13,7 +13,7 @@ namespace ZYN {
 namespace {
 
 // Limits that change from run to run must not fill the memory.
-constexpr size_t ComponentsKept = 64;
+constexpr size_t componentsKept = 64;
 
 void Put(std::string* out, std::uint64_t number)
 {
@@ -85,7 +85,7 @@ const std::vector<RunDigester::Half>& RunDigester::Components(const Run& run)
     const std::string name = run.layout->hash + (run.limits ? run.limits->hash : std::string());
     if (const auto known = m_components.find(name); known != m_components.end())
         return known->second;
-    if (m_components.size() >= ComponentsKept)
+    if (m_components.size() >= componentsKept)
         m_components.clear();
     static const RunLimits noLimits = NoLimits();
     std::vector<Half>& halves = m_components[name];

@@ -9,9 +9,9 @@ namespace ZYN {
 
 namespace {
 
-constexpr int CurrentVersion = 5;
-constexpr int FirstWithSummaries = 3;
-constexpr int ApplicationId = 0x5A594E41;
+constexpr int currentVersion = 5;
+constexpr int firstWithSummaries = 3;
+constexpr int applicationId = 0x5A594E41;
 
 const QString hasArchive = QStringLiteral("SELECT to_regclass('archive_meta') IS NOT NULL");
 
@@ -87,7 +87,7 @@ bool Schema::IsArchive()
         return false;
     if (tables.toInt() == 0)
         return Refuse(ArchiveTexts::tr("is empty; remove it and make an archive with zyn archive create"));
-    if (application.toInt() != ApplicationId)
+    if (application.toInt() != applicationId)
         return Refuse(ArchiveTexts::tr("is a database of another program; choose another name"));
     return true;
 }
@@ -107,12 +107,12 @@ bool Schema::ReadVersion(int* version)
         m_database.Value(m_database.IsPostgreSql() ? QStringLiteral("SELECT version FROM archive_meta")
                                                    : QStringLiteral("PRAGMA user_version"));
     *version = value.toInt();
-    if (*version > CurrentVersion)
+    if (*version > currentVersion)
         return Refuse(
             ArchiveTexts::tr(
                 "is an archive of version %1, and this program knows version %2; install a newer one")
                 .arg(*version)
-                .arg(CurrentVersion));
+                .arg(currentVersion));
     return value.isValid();
 }
 
@@ -121,11 +121,11 @@ bool Schema::Check()
     int version = 0;
     if (!ReadVersion(&version))
         return false;
-    if (version < CurrentVersion)
+    if (version < currentVersion)
         return Refuse(
             ArchiveTexts::tr("is an archive of version %1, and this program needs version %2; bring it up to "
                              "date with zyn archive upgrade %3")
-                .arg(QString::number(version), QString::number(CurrentVersion), m_database.GetShownUrl()));
+                .arg(QString::number(version), QString::number(currentVersion), m_database.GetShownUrl()));
     return true;
 }
 
@@ -135,11 +135,11 @@ bool Schema::Upgrade()
         int version = 0;
         if (!ReadVersion(&version))
             return false;
-        if (version < CurrentVersion && OnlyAsks())
+        if (version < currentVersion && OnlyAsks())
             return Refuse(ArchiveTexts::tr("only asks other servers, and keeps nothing; make its database "
                                            "anew with postgresql-asking.sql"));
-        const bool hasSummaries = version >= FirstWithSummaries;
-        for (; version < CurrentVersion; ++version) {
+        const bool hasSummaries = version >= firstWithSummaries;
+        for (; version < currentVersion; ++version) {
             const QString script = QStringLiteral("%1-%2.sql").arg(NameOf(m_database)).arg(version + 1);
             if (!m_database.RunScript(script))
                 return false;

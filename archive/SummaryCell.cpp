@@ -13,10 +13,10 @@ namespace {
 using Figures::MeasuredFigures;
 using Figures::Moments;
 
-constexpr std::int64_t Minute = 60'000;
+constexpr std::int64_t minute = 60'000;
 
-constexpr std::size_t Columns = 13;
-using Row = std::array<double, Columns>; // in the order of the columns
+constexpr std::size_t columnCount = 13;
+using Row = std::array<double, columnCount>; // in the order of the columns
 
 Row RowOf(const MeasuredFigures& figures)
 {
@@ -56,10 +56,10 @@ MeasuredFigures FiguresOf(const Row& row)
 
 qint64 DayOf(std::int64_t start, const std::optional<int>& utcOffset)
 {
-    if (start == UnreadableStart)
-        return UnreadableDay;
+    if (start == unreadableStart)
+        return unreadableDay;
     constexpr std::int64_t before = 20'000'000; // days; divisions round towards 0
-    return (start + utcOffset.value_or(0) * Minute + before * MillisecondsOfDay) / MillisecondsOfDay - before;
+    return (start + utcOffset.value_or(0) * minute + before * millisecondsOfDay) / millisecondsOfDay - before;
 }
 
 MeasuredFigures& SummaryCell::At(std::size_t position)
@@ -131,10 +131,10 @@ const QStringList& SummaryColumns()
 
 QVariantList ArraysOfSummary(const SummaryCell& cell, ArrayStyle style)
 {
-    std::array<std::vector<double>, Columns> columns;
+    std::array<std::vector<double>, columnCount> columns;
     for (const MeasuredFigures& figures : cell.figures) {
         const Row row = RowOf(figures);
-        for (std::size_t column = 0; column < Columns; ++column)
+        for (std::size_t column = 0; column < columnCount; ++column)
             columns[column].push_back(row[column]);
     }
     QVariantList arrays;
@@ -154,7 +154,7 @@ std::vector<MeasuredFigures> FiguresOfSummary(const QList<QByteArray>& arrays,
         const bool isWanted =
             positions.empty() || (figures.size() < positions.size() && positions[figures.size()]);
         Row row{};
-        for (std::size_t column = 0; column < Columns; ++column) {
+        for (std::size_t column = 0; column < columnCount; ++column) {
             if (isWanted)
                 row[column] = readers[column].Number();
             else

@@ -25,10 +25,10 @@ struct SummaryKey {
 };
 
 /// How many days a tester's clock may be from UTC: 14 hours, and there are wrong ones.
-constexpr qint64 FarthestDays = 2;
-constexpr qint64 MillisecondsOfDay = qint64(24) * 3600 * 1000;
+constexpr qint64 farthestDays = 2;
+constexpr qint64 millisecondsOfDay = qint64(24) * 3600 * 1000;
 /// The day of runs whose start cannot be read.
-constexpr qint64 UnreadableDay = 2147483647;
+constexpr qint64 unreadableDay = 2147483647;
 /// Of a run's start and offset.
 qint64 DayOf(std::int64_t start, const std::optional<int>& utcOffset);
 

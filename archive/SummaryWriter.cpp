@@ -8,7 +8,7 @@ namespace ZYN {
 namespace {
 
 // More at once would fill the memory while all are made.
-constexpr std::size_t CellsKept = 500;
+constexpr std::size_t cellsKept = 500;
 
 const QString keyColumns =
     QStringLiteral("u.product, r.station, r.layout, coalesce(r.limits, 0), r.start, r.utc_offset");
@@ -17,7 +17,7 @@ const QString keyColumns =
 const QString testersClock =
     QStringLiteral("CASE WHEN r.start < %1 THEN r.start + coalesce(r.utc_offset, 0) * 60000 "
                    "ELSE r.start END")
-        .arg(UnreadableStart);
+        .arg(unreadableStart);
 
 QString FindSql(bool isPostgreSql)
 {
@@ -200,10 +200,10 @@ bool SummaryWriter::Replace(qint64 id, const SummaryCell& cell)
 
 bool SummaryWriter::ReadRuns(const SummaryKey& key, SummaryCell* cell)
 {
-    const bool isReadable = key.day != UnreadableDay;
-    const qint64 first = isReadable ? key.day * MillisecondsOfDay : qint64(UnreadableStart);
-    const qint64 last = isReadable ? first + MillisecondsOfDay - 1 : first;
-    const qint64 slack = isReadable ? FarthestDays * MillisecondsOfDay : 0;
+    const bool isReadable = key.day != unreadableDay;
+    const qint64 first = isReadable ? key.day * millisecondsOfDay : qint64(unreadableStart);
+    const qint64 last = isReadable ? first + millisecondsOfDay - 1 : first;
+    const qint64 slack = isReadable ? farthestDays * millisecondsOfDay : 0;
     for (const qint64 bound : {first - slack, last + slack, first, last})
         m_runs.addBindValue(bound);
     m_runs.addBindValue(key.product);
@@ -242,7 +242,7 @@ std::optional<int> SummaryWriter::AddAll(const QString& sql)
     int rows = 0;
     for (; runs.next(); ++rows) {
         AddRow(runs, &m_cells[KeyOf(runs)]);
-        if (m_cells.size() >= CellsKept && !Write())
+        if (m_cells.size() >= cellsKept && !Write())
             return std::nullopt;
     }
     return rows;

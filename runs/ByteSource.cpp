@@ -34,7 +34,7 @@ void ByteSource::OpenFile(const std::string& path)
 {
     m_file = open(path.c_str(), O_RDONLY | O_CLOEXEC);
     if (m_file < 0) {
-        m_error = ReportTexts::Filled(ReportTexts::CannotOpen, std::strerror(errno));
+        m_error = ReportTexts::Filled(ReportTexts::cannotOpen, std::strerror(errno));
         return;
     }
     Begin();
@@ -73,7 +73,7 @@ void ByteSource::Begin()
     constexpr int gzipOnly = 15 + 16;
     if (inflateInit2(m_inflater.get(), gzipOnly) != Z_OK) {
         m_inflater.reset();
-        m_error = ReportTexts::Filled(ReportTexts::NoMemory);
+        m_error = ReportTexts::Filled(ReportTexts::noMemory);
     }
     m_inMember = true;
 }
@@ -90,7 +90,7 @@ std::size_t ByteSource::ReadRaw(char* to, std::size_t size)
         count = read(m_file, to, size);
     } while (count < 0 && errno == EINTR);
     if (count < 0)
-        m_error = ReportTexts::Filled(ReportTexts::CannotRead, std::strerror(errno));
+        m_error = ReportTexts::Filled(ReportTexts::cannotRead, std::strerror(errno));
     return count < 0 ? 0 : std::size_t(count);
 }
 
@@ -109,7 +109,7 @@ std::size_t ByteSource::Read(char* to, std::size_t size)
     if (m_unpacker) {
         const std::size_t count = m_unpacker->Read(to, size);
         if (m_error.empty() && !m_unpacker->Error().empty())
-            m_error = ReportTexts::Filled(ReportTexts::Damaged, m_unpacker->Error());
+            m_error = ReportTexts::Filled(ReportTexts::damaged, m_unpacker->Error());
         return count;
     }
     if (m_raw.empty())
@@ -128,7 +128,7 @@ std::size_t ByteSource::Inflate(char* to, std::size_t size)
     while (stream.avail_out == size) {
         if (m_raw.empty() && !Refill()) {
             if (m_inMember && m_error.empty())
-                m_error = ReportTexts::Filled(ReportTexts::CutOff);
+                m_error = ReportTexts::Filled(ReportTexts::cutOff);
             break;
         }
         if (!m_inMember && inflateReset(&stream) != Z_OK)
@@ -141,7 +141,7 @@ std::size_t ByteSource::Inflate(char* to, std::size_t size)
         if (answer == Z_STREAM_END) {
             m_inMember = false;
         } else if (answer != Z_OK && answer != Z_BUF_ERROR) {
-            m_error = ReportTexts::Filled(ReportTexts::Damaged, stream.msg ? stream.msg : zError(answer));
+            m_error = ReportTexts::Filled(ReportTexts::damaged, stream.msg ? stream.msg : zError(answer));
             break;
         }
     }

@@ -80,11 +80,11 @@ void ReportReader::Start(std::string_view name, const char* const* attributes)
         m_atRoot = false;
         const char* const version = ValueOf(attributes, "Version");
         if (element != Element::TestReport)
-            Refuse(WrongRoot, LocalName(name));
+            Refuse(wrongRoot, LocalName(name));
         else if (!version || !*version)
-            Refuse(NoVersion);
+            Refuse(noVersion);
         else if (version != knownVersion)
-            Refuse(UnknownVersion, version, knownVersion);
+            Refuse(unknownVersion, version, knownVersion);
     }
     if (m_parameterDepth > 0)
         StartInParameter(element, attributes);
@@ -93,7 +93,7 @@ void ReportReader::Start(std::string_view name, const char* const* attributes)
     else if (element == Element::Property)
         StartProperty(attributes);
     else if (!StartChild(element, attributes))
-        Refuse(Unexpected, LocalName(name), ReportNames::NameOf(m_open.back()));
+        Refuse(unexpected, LocalName(name), ReportNames::NameOf(m_open.back()));
 }
 
 void ReportReader::StartTop(Element element, std::string_view name)
@@ -105,7 +105,7 @@ void ReportReader::StartTop(Element element, std::string_view name)
         return;
     case Element::ProductType:
         if (!m_header.product)
-            Refuse(ProductTooEarly);
+            Refuse(productTooEarly);
         break;
     case Element::UUTTest:
     case Element::UnitUnderTest:
@@ -117,7 +117,7 @@ void ReportReader::StartTop(Element element, std::string_view name)
         m_hasStation = false;
         break;
     default:
-        Refuse(UnexpectedHere, LocalName(name));
+        Refuse(unexpectedHere, LocalName(name));
         return;
     }
     Open(element);
@@ -263,7 +263,7 @@ void ReportReader::Text(std::string_view text)
         m_hasText = true;
         m_text += text;
     } else if (m_open.back() != Element::TestReport && !IsBlank(text)) {
-        Refuse(StrayText, ReportNames::NameOf(m_open.back()));
+        Refuse(strayText, ReportNames::NameOf(m_open.back()));
     }
 }
 
@@ -284,7 +284,7 @@ void ReportReader::EndProperty()
 {
     m_inProperty = false;
     if (!TakeProperty())
-        Refuse(UnknownProperty,
+        Refuse(unknownProperty,
                m_property == Property::Unknown ? std::string_view(m_propertyName)
                                                : ReportNames::NameOf(m_property),
                ReportNames::NameOf(m_open.back()));
@@ -364,7 +364,7 @@ bool ReportReader::TakeUnitProperty()
         return false;
     }
     if (!m_hasName)
-        Refuse(UnitWithoutName, ReportNames::NameOf(m_property));
+        Refuse(unitWithoutName, ReportNames::NameOf(m_property));
     else if (m_property == Property::SerialNo)
         test.serial = m_text;
     else if (m_property == Property::Ident)
@@ -407,7 +407,7 @@ bool ReportReader::TakeLotProperty()
     } else if (m_property != Property::OrderCode) {
         return false;
     } else if (!m_hasName) {
-        Refuse(LotWithoutNumber);
+        Refuse(lotWithoutNumber);
     }
     return true;
 }
@@ -427,7 +427,7 @@ int ReportReader::Integer(std::string_view text, bool emptyIsGood)
 {
     const std::optional<int> number = NumberText::ToInteger(text);
     if (!number && !(emptyIsGood && text.empty()))
-        Refuse(NoInteger, text);
+        Refuse(noInteger, text);
     return number.value_or(0);
 }
 
@@ -435,7 +435,7 @@ double ReportReader::Milliseconds(std::string_view text)
 {
     const std::optional<double> seconds = NumberText::ToReal(text, -3);
     if (!seconds)
-        Refuse(NoDuration, text);
+        Refuse(noDuration, text);
     return seconds.value_or(0);
 }
 

@@ -216,7 +216,7 @@ void ReportReader::EndLimits()
             isGood = wasGood; // the report import does not look at that of an integer
     }
     if (!isGood)
-        Refuse(NoLimits);
+        Refuse(noLimits);
 }
 
 void ReportReader::StartResult(const char* const* attributes)
@@ -268,7 +268,7 @@ void ReportReader::TakeValue()
         notation.dataType = m_value.type;
     if (ReportValues::ReadValue(m_text, notation, isValue ? m_value.type : 0, &m_result.value))
         return;
-    Refuse(NoNumber, m_text);
+    Refuse(noNumber, m_text);
     m_result.value.text = m_text;
 }
 
@@ -283,7 +283,7 @@ void ReportReader::EndResult()
         break;
     case Element::TestStep:
         if (!m_anyGroup)
-            Refuse(StepWithoutGroup, m_step.name);
+            Refuse(stepWithoutGroup, m_step.name);
         m_anyStep = true;
         AddGroup(ComponentKind::Step, m_step);
         break;
@@ -316,7 +316,7 @@ void ReportReader::AddGroup(ComponentKind kind, const Component& component)
 void ReportReader::AddValue(ComponentKind kind)
 {
     if (kind == ComponentKind::Measurement && !m_anyStep)
-        Refuse(ValueWithoutStep, m_value.name);
+        Refuse(valueWithoutStep, m_value.name);
     RunItem item;
     item.kind = kind;
     item.ident = m_value.ident;

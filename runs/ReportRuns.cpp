@@ -70,7 +70,7 @@ void ReportRuns_Private::Prepare()
             XML_GetSpecifiedAttributeCount(static_cast<ReportRuns_Private*>(user)->parser.get());
         Do(user, [&](ReportReader& to) {
             if (count > 2 * mostAttributes)
-                to.SetFault(ReportTexts::CrowdedTag, std::to_string(mostAttributes));
+                to.SetFault(ReportTexts::crowdedTag, std::to_string(mostAttributes));
             to.Start(name, attributes);
         });
     });
@@ -87,13 +87,13 @@ void ReportRuns_Private::Prepare()
         [](void* user) { Do(user, [](ReportReader& to) { to.Divide(); }); });
     // A few kilobytes of entities grow to many megabytes, and a report needs none.
     XML_SetEntityDeclHandler(p, [](void* user, Name, int, Name, int, Name, Name, Name, Name) {
-        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::Entities); });
+        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::entities); });
     });
     XML_SetAttlistDeclHandler(p, [](void* user, Name, Name, Name, Name, int) {
-        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::Attributes); });
+        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::attributes); });
     });
     XML_SetSkippedEntityHandler(p, [](void* user, Name name, int) {
-        Do(user, [&](ReportReader& to) { to.SetFault(ReportTexts::UnknownEntity, name); });
+        Do(user, [&](ReportReader& to) { to.SetFault(ReportTexts::unknownEntity, name); });
     });
     reader.Begin();
     isOutOfMemory = false;
@@ -104,14 +104,14 @@ std::optional<RunFault> ReportRuns_Private::FaultHere() const
     XML_Parser const p = parser.get();
     RunFault fault;
     if (isOutOfMemory || XML_GetErrorCode(p) == XML_ERROR_NO_MEMORY) {
-        fault.text = ReportTexts::Filled(ReportTexts::NoMemory);
+        fault.text = ReportTexts::Filled(ReportTexts::noMemory);
         return fault;
     }
     fault.line = std::int64_t(XML_GetCurrentLineNumber(p));
     fault.column = std::int64_t(XML_GetCurrentColumnNumber(p)) + 1;
     fault.text = reader.HasFault()
                      ? reader.Fault()
-                     : ReportTexts::Filled(ReportTexts::NoXml, XML_ErrorString(XML_GetErrorCode(p)));
+                     : ReportTexts::Filled(ReportTexts::noXml, XML_ErrorString(XML_GetErrorCode(p)));
     return fault;
 }
 
@@ -139,13 +139,13 @@ std::optional<RunFault> ReportRuns_Private::Read(const Open& openBytes, const st
 std::optional<RunFault> ReportRuns_Private::ReadOnce(ByteSource& bytes, bool keepIndentation)
 {
     if (!parser)
-        return RunFault{0, 0, ReportTexts::Filled(ReportTexts::NoMemory)};
+        return RunFault{0, 0, ReportTexts::Filled(ReportTexts::noMemory)};
     Prepare();
     ReportBytes clean(keepIndentation);
     for (bool isLast = false; !isLast;) {
         auto* const piece = static_cast<char*>(XML_GetBuffer(parser.get(), pieceSize));
         if (!piece)
-            return RunFault{0, 0, ReportTexts::Filled(ReportTexts::NoMemory)};
+            return RunFault{0, 0, ReportTexts::Filled(ReportTexts::noMemory)};
         const std::size_t size = bytes.Read(piece, pieceSize);
         if (!bytes.Error().empty())
             return RunFault{0, 0, bytes.Error()};

@@ -15,63 +15,63 @@ struct Pattern {
     const char* text;
 };
 
-inline constexpr Pattern CannotOpen{"ReportRuns",
+inline constexpr Pattern cannotOpen{"ReportRuns",
                                     QT_TRANSLATE_NOOP("ReportRuns", "the file cannot be opened: %1")};
-inline constexpr Pattern CannotRead{
+inline constexpr Pattern cannotRead{
     "CImportServiceReport",
     QT_TRANSLATE_NOOP("CImportServiceReport", "the file could not be read to its end: %1")};
-inline constexpr Pattern CutOff{"ReportRuns",
+inline constexpr Pattern cutOff{"ReportRuns",
                                 QT_TRANSLATE_NOOP("ReportRuns", "the compressed file is cut off")};
-inline constexpr Pattern Damaged{"ReportRuns",
+inline constexpr Pattern damaged{"ReportRuns",
                                  QT_TRANSLATE_NOOP("ReportRuns", "the compressed file is damaged: %1")};
-inline constexpr Pattern NoMemory{
+inline constexpr Pattern noMemory{
     "CImportServiceReport", QT_TRANSLATE_NOOP("CImportServiceReport", "Not enough memory for the import.")};
-inline constexpr Pattern NoXml{"ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "no well-formed XML: %1")};
-inline constexpr Pattern Entities{
+inline constexpr Pattern noXml{"ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "no well-formed XML: %1")};
+inline constexpr Pattern entities{
     "QObject", QT_TRANSLATE_NOOP("QObject", "Documents that declare entities are not supported")};
-inline constexpr Pattern Attributes{
+inline constexpr Pattern attributes{
     "QObject", QT_TRANSLATE_NOOP("QObject", "Documents that declare attributes are not supported")};
-inline constexpr Pattern CrowdedTag{
+inline constexpr Pattern crowdedTag{
     "ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "a start tag with more than %1 attributes")};
-inline constexpr Pattern UnknownEntity{"ReportRuns",
+inline constexpr Pattern unknownEntity{"ReportRuns",
                                        QT_TRANSLATE_NOOP("ReportRuns", "entity '%1' is not declared")};
-inline constexpr Pattern WrongRoot{
+inline constexpr Pattern wrongRoot{
     "CImportServiceReport",
     QT_TRANSLATE_NOOP("CImportServiceReport", "the root element is '%1', not 'TestReport'")};
-inline constexpr Pattern NoVersion{"CImportServiceReport",
+inline constexpr Pattern noVersion{"CImportServiceReport",
                                    QT_TRANSLATE_NOOP("CImportServiceReport", "the report has no version")};
-inline constexpr Pattern UnknownVersion{
+inline constexpr Pattern unknownVersion{
     "CImportServiceReport",
     QT_TRANSLATE_NOOP("CImportServiceReport", "version '%1' is not known, only '%2'")};
-inline constexpr Pattern UnexpectedHere{"ReportRuns",
+inline constexpr Pattern unexpectedHere{"ReportRuns",
                                         QT_TRANSLATE_NOOP("ReportRuns", "element '%1' is not expected here")};
-inline constexpr Pattern Unexpected{"ReportRuns",
+inline constexpr Pattern unexpected{"ReportRuns",
                                     QT_TRANSLATE_NOOP("ReportRuns", "element '%1' is not expected in '%2'")};
-inline constexpr Pattern NoInteger{"ReportRuns",
+inline constexpr Pattern noInteger{"ReportRuns",
                                    QT_TRANSLATE_NOOP("ReportRuns", "'%1' is not an integer of 32 bits")};
-inline constexpr Pattern NoDuration{"ReportRuns",
+inline constexpr Pattern noDuration{"ReportRuns",
                                     QT_TRANSLATE_NOOP("ReportRuns", "duration '%1' is not a number")};
-inline constexpr Pattern UnknownProperty{"ReportRuns",
+inline constexpr Pattern unknownProperty{"ReportRuns",
                                          QT_TRANSLATE_NOOP("ReportRuns", "property '%1' of '%2' is unknown")};
-inline constexpr Pattern StrayText{
+inline constexpr Pattern strayText{
     "ReportRuns",
     QT_TRANSLATE_NOOP("ReportRuns", "text in '%1' outside of a property or behind its first piece")};
-inline constexpr Pattern UnitWithoutName{
+inline constexpr Pattern unitWithoutName{
     "ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "'%1' of a unit that has no name yet")};
-inline constexpr Pattern LotWithoutNumber{
+inline constexpr Pattern lotWithoutNumber{
     "ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "order code of a lot that has no number yet")};
-inline constexpr Pattern ProductTooEarly{
+inline constexpr Pattern productTooEarly{
     "ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "'ProductType' before any 'UnitUnderTest'")};
-inline constexpr Pattern StepWithoutGroup{
+inline constexpr Pattern stepWithoutGroup{
     "CImportServiceReport",
     QT_TRANSLATE_NOOP("CImportServiceReport", "step '%1' before any group, in no program")};
-inline constexpr Pattern ValueWithoutStep{
+inline constexpr Pattern valueWithoutStep{
     "CImportServiceReport",
     QT_TRANSLATE_NOOP("CImportServiceReport", "measurement '%1' before any step, in no program")};
-inline constexpr Pattern NoLimits{
+inline constexpr Pattern noLimits{
     "CImportServiceReport",
     QT_TRANSLATE_NOOP("CImportServiceReport", "limits that are no numbers or have an unknown operator")};
-inline constexpr Pattern NoNumber{"ReportRuns",
+inline constexpr Pattern noNumber{"ReportRuns",
                                   QT_TRANSLATE_NOOP("ReportRuns", "value '%1' is not a number")};
 
 /// The pattern in the user's language.

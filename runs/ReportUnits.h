@@ -4,8 +4,10 @@
 
 namespace ZYN::ReportUnits {
 
-constexpr int Hexadecimal = 25;
-constexpr int Binary = 26;
+enum : int {
+    Hexadecimal = 25,
+    Binary = 26,
+};
 
 /// The base of the digits in which values of a unit are written; 0 for decimal numbers.
 constexpr int DigitBase(int unitCode)

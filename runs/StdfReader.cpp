@@ -58,7 +58,7 @@ std::optional<RunFault> StdfReader::Read()
     if (m_isEnded)
         return std::nullopt;
     if (answer == StdfRecords::Answer::NoStdf && bytes.Error().empty())
-        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::NoStdf)};
+        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::noStdf)};
     if (answer == StdfRecords::Answer::Torn || !bytes.Error().empty())
         Note(Torn, records.Offset());
     EndStream();
@@ -77,14 +77,14 @@ std::optional<RunFault> StdfReader::Result(const ByteSource& bytes) const
 {
     if (m_refused)
         return m_refused;
-    static constexpr const ReportTexts::Pattern* patterns[faultCount] = {&StdfTexts::Torn,
-                                                                         &StdfTexts::TornRecords,
-                                                                         &StdfTexts::NoMir,
-                                                                         &StdfTexts::TestsWithoutPart,
-                                                                         &StdfTexts::PartsWithoutBegin,
-                                                                         &StdfTexts::PartsWithoutEnd,
-                                                                         &StdfTexts::NoEnd,
-                                                                         &StdfTexts::TooMuch};
+    static constexpr const ReportTexts::Pattern* patterns[faultCount] = {&StdfTexts::torn,
+                                                                         &StdfTexts::tornRecords,
+                                                                         &StdfTexts::noMir,
+                                                                         &StdfTexts::testsWithoutPart,
+                                                                         &StdfTexts::partsWithoutBegin,
+                                                                         &StdfTexts::partsWithoutEnd,
+                                                                         &StdfTexts::noEnd,
+                                                                         &StdfTexts::tooMuch};
     RunFault fault;
     for (int kind = 0; kind < faultCount; ++kind) {
         const Found& found = m_found[kind];
@@ -118,7 +118,7 @@ void StdfReader::Take(const StdfRecord& record)
     case StdfKinds::Far:
         EndStream();
         if (!TakeFar(record))
-            m_refused = m_refused ? m_refused : RunFault{0, 0, ReportTexts::Filled(StdfTexts::NoStdf)};
+            m_refused = m_refused ? m_refused : RunFault{0, 0, ReportTexts::Filled(StdfTexts::noStdf)};
         return;
     case StdfKinds::Mir:
         return TakeMir(fields);
@@ -155,10 +155,10 @@ bool StdfReader::TakeFar(const StdfRecord& record)
     m_program.clear();
     m_version.clear();
     if (version != 4)
-        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::WrongVersion, std::to_string(version)),
+        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::wrongVersion, std::to_string(version)),
                              record.offset};
     else if (processor == vax)
-        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::VaxNumbers), record.offset};
+        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::vaxNumbers), record.offset};
     return !m_refused;
 }
 

@@ -80,7 +80,7 @@ void StdfReader::TakeTest(const StdfRecord& record, StdfFields fields)
         Note(TornRecord, record.offset);
     }
     if (m_tests.IsFull() || m_valuesOpen > mostValues)
-        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::TooMuch), record.offset};
+        m_refused = RunFault{0, 0, ReportTexts::Filled(StdfTexts::tooMuch), record.offset};
 }
 
 /// OPT_FLAG, scales and limits, which PTR and MPR have alike.

@@ -12,8 +12,8 @@ namespace ZYN::Figures {
 
 namespace {
 
-constexpr double Significant = 0.01;
-constexpr double WorthTelling = 0.5; // sigmas
+constexpr double significant = 0.01;
+constexpr double worthTelling = 0.5; // sigmas
 
 double MiddleOf(std::span<const double> numbers)
 {
@@ -44,7 +44,7 @@ std::optional<FoundDrift> DriftTests::Find(std::span<const double, 2> corrected)
     for (const FoundDrift::Kind kind : {FoundDrift::Kind::Trend, FoundDrift::Kind::Step}) {
         const Candidate& candidate = m_candidates[std::size_t(kind)];
         const double p = corrected[std::size_t(kind)];
-        if (p >= Significant || std::abs(candidate.sigmas) < WorthTelling)
+        if (p >= significant || std::abs(candidate.sigmas) < worthTelling)
             continue;
         if (!found || candidate.p.log < least) {
             found = FoundDrift{kind, p, candidate.sigmas, candidate.since};

@@ -24,59 +24,59 @@ public:
 
     Moments() = default;
     explicit Moments(const State& state)
-        : m(state)
+        : m_state(state)
     {
     }
 
     void Add(double number)
     {
-        if (m.count++ == 0)
-            m.first = number;
-        const double shifted = number - m.first;
-        const double distance = shifted - m.mean;
-        m.mean += distance / double(m.count);
-        m.squares += distance * (shifted - m.mean);
-        m.min = number < m.min ? number : m.min;
-        m.max = number > m.max ? number : m.max;
+        if (m_state.count++ == 0)
+            m_state.first = number;
+        const double shifted = number - m_state.first;
+        const double distance = shifted - m_state.mean;
+        m_state.mean += distance / double(m_state.count);
+        m_state.squares += distance * (shifted - m_state.mean);
+        m_state.min = number < m_state.min ? number : m_state.min;
+        m_state.max = number > m_state.max ? number : m_state.max;
     }
 
     /// As if the other's numbers had been added (Chan, Golub and LeVeque, "Updating formulae and a pairwise
     /// algorithm for computing sample variances", Stanford STAN-CS-79-773, 1979).
     void Merge(const Moments& other)
     {
-        if (other.m.count == 0)
+        if (other.m_state.count == 0)
             return;
-        if (m.count == 0) {
-            m = other.m;
+        if (m_state.count == 0) {
+            m_state = other.m_state;
             return;
         }
-        const double distance = (other.m.first - m.first) + (other.m.mean - m.mean);
-        const double share = double(other.m.count) / double(m.count + other.m.count);
-        m.squares += other.m.squares + distance * distance * double(m.count) * share;
-        m.mean += distance * share;
-        m.count += other.m.count;
-        m.min = other.m.min < m.min ? other.m.min : m.min;
-        m.max = other.m.max > m.max ? other.m.max : m.max;
+        const double distance = (other.m_state.first - m_state.first) + (other.m_state.mean - m_state.mean);
+        const double share = double(other.m_state.count) / double(m_state.count + other.m_state.count);
+        m_state.squares += other.m_state.squares + distance * distance * double(m_state.count) * share;
+        m_state.mean += distance * share;
+        m_state.count += other.m_state.count;
+        m_state.min = other.m_state.min < m_state.min ? other.m_state.min : m_state.min;
+        m_state.max = other.m_state.max > m_state.max ? other.m_state.max : m_state.max;
     }
 
-    const State& GetState() const { return m; }
-    std::int64_t GetCount() const { return m.count; }
-    std::optional<double> GetMean() const { return Some(m.first + m.mean, 1); }
+    const State& GetState() const { return m_state; }
+    std::int64_t GetCount() const { return m_state.count; }
+    std::optional<double> GetMean() const { return Some(m_state.first + m_state.mean, 1); }
     /// Of a sample: divided by count - 1; none for fewer than two numbers.
     std::optional<double> GetSigma() const
     {
-        return Some(m.count < 2 ? 0 : std::sqrt(m.squares / double(m.count - 1)), 2);
+        return Some(m_state.count < 2 ? 0 : std::sqrt(m_state.squares / double(m_state.count - 1)), 2);
     }
-    std::optional<double> GetMin() const { return Some(m.min, 1); }
-    std::optional<double> GetMax() const { return Some(m.max, 1); }
+    std::optional<double> GetMin() const { return Some(m_state.min, 1); }
+    std::optional<double> GetMax() const { return Some(m_state.max, 1); }
 
 private:
     std::optional<double> Some(double figure, std::int64_t needed) const
     {
-        return m.count < needed || !std::isfinite(figure) ? std::nullopt : std::optional(figure);
+        return m_state.count < needed || !std::isfinite(figure) ? std::nullopt : std::optional(figure);
     }
 
-    State m;
+    State m_state;
 };
 
 } // namespace ZYN::Figures

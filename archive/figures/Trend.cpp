@@ -44,13 +44,13 @@ std::uint64_t Merge(const Item* left, const Item* middle, const Item* end, Item*
 
 std::uint64_t FallingPairs(std::vector<Item> items)
 {
-    constexpr std::size_t Block = 8;
+    constexpr std::size_t block = 8;
     const std::size_t n = items.size();
     std::uint64_t falling = 0;
-    for (std::size_t begin = 0; begin < n; begin += Block)
-        falling += InsertionSort(items.data() + begin, items.data() + std::min(n, begin + Block));
+    for (std::size_t begin = 0; begin < n; begin += block)
+        falling += InsertionSort(items.data() + begin, items.data() + std::min(n, begin + block));
     std::vector<Item> merged(n);
-    for (std::size_t width = Block; width < n; width *= 2) {
+    for (std::size_t width = block; width < n; width *= 2) {
         for (std::size_t begin = 0; begin < n; begin += 2 * width) {
             const Item* const from = items.data();
             falling += Merge(from + begin, from + std::min(n, begin + width),

@@ -30,7 +30,7 @@ bool IsKeptBy(GroupBy by)
 
 bool IsWholeDay(const std::optional<TimeBound>& bound)
 {
-    return !bound || (bound->byTesterClock && DayOf(bound->at, 0) * MillisecondsOfDay == bound->at);
+    return !bound || (bound->byTesterClock && DayOf(bound->at, 0) * millisecondsOfDay == bound->at);
 }
 
 /// Figures of measurements by groups: out of summaries where these tell enough, else out of the values.
@@ -186,7 +186,7 @@ std::optional<QSqlQuery> MeasuresByQuestion::Summaries(const QString& columns) c
     if (m_filter.until)
         add("s.day < ?", DayOf(m_filter.until->at, 0));
     if (m_filter.since || m_filter.until)
-        add("s.day < ?", UnreadableDay);
+        add("s.day < ?", unreadableDay);
     return Ask(m_archive,
                QStringLiteral("SELECT %1 FROM summary s JOIN layout l ON l.id = s.layout WHERE %2")
                    .arg(columns, conditions.join(QLatin1String(" AND "))),

@@ -20,7 +20,7 @@ bool AppendUnreadableStarts(const Archive& archive, const RunFilter& filter, QSt
     const ChosenRuns runs(archive, filter, ChosenRuns::Of::All);
     std::optional<QSqlQuery> query = runs.Select(
         QStringLiteral("u.serial, u.seen_ident, v.source, v.start_text"), runs.JoinHome() + runs.JoinValues(),
-        QStringLiteral("r.start = %1").arg(QString::number(UnreadableStart)),
+        QStringLiteral("r.start = %1").arg(QString::number(unreadableStart)),
         QStringLiteral("ORDER BY ") + ChosenRuns::InOrder());
     while (query && query->next()) {
         const QString serial = query->value(0).toString(), source = query->value(2).toString(),

@@ -11,7 +11,7 @@ std::optional<QString> StartAtEnd(const Archive& archive, const ChosenRuns& runs
 {
     std::optional<QSqlQuery> query =
         runs.Select(QStringLiteral("v.start_text"), runs.JoinValues(),
-                    QStringLiteral("r.start < %1").arg(QString::number(UnreadableStart)),
+                    QStringLiteral("r.start < %1").arg(QString::number(unreadableStart)),
                     QStringLiteral("ORDER BY r.start %1, r.id %1 LIMIT 1").arg(direction));
     const QString start = query && query->next() ? query->value(0).toString() : QString();
     return query && IsComplete(archive, *query) ? std::optional(start) : std::nullopt;

@@ -14,7 +14,7 @@ namespace ZYN {
 namespace {
 
 // Clocks are at most 14 hours from UTC, and there are wrong ones.
-constexpr std::int64_t FarthestClock = std::int64_t(25) * 3600 * 1000;
+constexpr std::int64_t farthestClock = std::int64_t(25) * 3600 * 1000;
 
 // The same unit in several lots is called by its first row.
 const QString joinedRuns =
@@ -124,9 +124,9 @@ void ChosenRuns::AddTime(const std::optional<TimeBound>& bound, bool isSince)
     if (!bound)
         return;
     const QString comparison = isSince ? QStringLiteral(">=") : QStringLiteral("<");
-    const std::int64_t slack = !bound->byTesterClock ? 0 : isSince ? -FarthestClock : FarthestClock;
+    const std::int64_t slack = !bound->byTesterClock ? 0 : isSince ? -farthestClock : farthestClock;
     Add(QStringLiteral("r.start %1 ?").arg(comparison), {qint64(bound->at + slack)});
-    Add(QStringLiteral("r.start < ?"), {qint64(UnreadableStart)});
+    Add(QStringLiteral("r.start < ?"), {qint64(unreadableStart)});
     if (bound->byTesterClock)
         Add(TesterClock() + QStringLiteral(" %1 ?").arg(comparison), {qint64(bound->at)});
 }

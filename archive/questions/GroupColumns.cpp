@@ -17,16 +17,22 @@ struct Row {
     std::int64_t milliseconds = 0; // of a part of time that is as long as any other
 };
 
-constexpr std::int64_t Hour = std::int64_t(3600) * 1000;
-constexpr std::int64_t Day = 24 * Hour;
+constexpr std::int64_t hourLength = std::int64_t(3600) * 1000;
+constexpr std::int64_t dayLength = 24 * hourLength;
 
 constexpr Row rows[] = {
-    {GroupBy::Product, "product", "u.product"},    {GroupBy::Lot, "lot", "u.lot"},
-    {GroupBy::Station, "station", "r.station"},    {GroupBy::Program, "program", "r.layout"},
-    {GroupBy::Position, "position", "r.position"}, {GroupBy::Site, "site", "r.site"},
-    {GroupBy::Wafer, "wafer", "u.wafer"},          {GroupBy::Bin, "bin", "r.hard_bin"},
-    {GroupBy::Hour, "hour", nullptr, Hour},        {GroupBy::Day, "day", nullptr, Day},
-    {GroupBy::Week, "week", nullptr, 7 * Day},     {GroupBy::Month, "month", nullptr},
+    {GroupBy::Product, "product", "u.product"},
+    {GroupBy::Lot, "lot", "u.lot"},
+    {GroupBy::Station, "station", "r.station"},
+    {GroupBy::Program, "program", "r.layout"},
+    {GroupBy::Position, "position", "r.position"},
+    {GroupBy::Site, "site", "r.site"},
+    {GroupBy::Wafer, "wafer", "u.wafer"},
+    {GroupBy::Bin, "bin", "r.hard_bin"},
+    {GroupBy::Hour, "hour", nullptr, hourLength},
+    {GroupBy::Day, "day", nullptr, dayLength},
+    {GroupBy::Week, "week", nullptr, 7 * dayLength},
+    {GroupBy::Month, "month", nullptr},
 };
 
 const Row& RowOf(GroupBy by)
@@ -34,13 +40,13 @@ const Row& RowOf(GroupBy by)
     return rows[int(by)];
 }
 
-constexpr qint64 Julian1970 = 2440588;        // day of 1970-01-01
-constexpr std::int64_t MondayShift = 3 * Day; // 1970 began on a Thursday
+constexpr qint64 julian1970 = 2440588;              // day of 1970-01-01
+constexpr std::int64_t mondayShift = 3 * dayLength; // 1970 began on a Thursday
 
 // Number of the part since 1970. Divisions in SQL round towards 0, so years before are kept above it.
 QString PartOfTime(std::int64_t milliseconds, std::int64_t shift)
 {
-    constexpr std::int64_t before = std::int64_t(4000) * 52 * 7 * Day; // a whole number of weeks
+    constexpr std::int64_t before = std::int64_t(4000) * 52 * 7 * dayLength; // a whole number of weeks
     return QStringLiteral("(%1 + %2) / %3 - %4")
         .arg(ChosenRuns::TesterClock(), QString::number(before + shift), QString::number(milliseconds),
              QString::number(before / milliseconds));
@@ -78,14 +84,14 @@ QString ColumnOf(GroupBy by, bool isPostgreSql)
         return QLatin1String(row.column);
     QString part;
     if (row.milliseconds > 0) {
-        part = PartOfTime(row.milliseconds, by == GroupBy::Week ? MondayShift : 0);
+        part = PartOfTime(row.milliseconds, by == GroupBy::Week ? mondayShift : 0);
     } else {
         const QString seconds = ChosenRuns::TesterClock() + QStringLiteral(" / 1000");
         part = isPostgreSql
                    ? QStringLiteral("to_char(to_timestamp(%1) AT TIME ZONE 'UTC', 'YYYY-MM')").arg(seconds)
                    : QStringLiteral("strftime('%Y-%m', %1, 'unixepoch')").arg(seconds);
     }
-    return QStringLiteral("CASE WHEN r.start < %1 THEN %2 END").arg(QString::number(UnreadableStart), part);
+    return QStringLiteral("CASE WHEN r.start < %1 THEN %2 END").arg(QString::number(unreadableStart), part);
 }
 
 QString TextOf(GroupBy by, const QVariant& value)
@@ -94,7 +100,7 @@ QString TextOf(GroupBy by, const QVariant& value)
         return {};
     const qint64 number = value.toLongLong();
     const auto dayText = [](qint64 day) {
-        return QDate::fromJulianDay(Julian1970 + day).toString(Qt::ISODate);
+        return QDate::fromJulianDay(julian1970 + day).toString(Qt::ISODate);
     };
     switch (by) {
     case GroupBy::Hour: {
@@ -105,7 +111,7 @@ QString TextOf(GroupBy by, const QVariant& value)
         return dayText(number);
     case GroupBy::Week: {
         int year = 0;
-        const int week = QDate::fromJulianDay(Julian1970 + 7 * number - 3).weekNumber(&year);
+        const int week = QDate::fromJulianDay(julian1970 + 7 * number - 3).weekNumber(&year);
         return QStringLiteral("%1-W%2").arg(year).arg(week, 2, 10, QLatin1Char('0'));
     }
     default:
@@ -115,10 +121,10 @@ QString TextOf(GroupBy by, const QVariant& value)
 
 QString TextOfDay(GroupBy by, qint64 day)
 {
-    if (day == UnreadableDay)
+    if (day == unreadableDay)
         return {};
     if (by == GroupBy::Month)
-        return QDate::fromJulianDay(Julian1970 + day).toString(QStringLiteral("yyyy-MM"));
+        return QDate::fromJulianDay(julian1970 + day).toString(QStringLiteral("yyyy-MM"));
     if (by == GroupBy::Week) {
         const qint64 sinceMonday = day + 3; // 1970 began on a Thursday
         return TextOf(by, sinceMonday >= 0 ? sinceMonday / 7 : -((6 - sinceMonday) / 7));

@@ -71,7 +71,7 @@ bool SeriesReader::ReadRun(const QSqlQuery& row)
     m_times.push_back({number(0), number(1), number(2)});
     m_ids.push_back(number(3));
     AddPlace(row.value(7).toByteArray(), row.value(8).toByteArray(), row.value(9).toByteArray());
-    if (const std::int64_t start = number(0); start != UnreadableStart)
+    if (const std::int64_t start = number(0); start != unreadableStart)
         m_places.back().start = start;
     const MeasuredItems::Positions* const found = m_items.Find(row.value(4).toInt(), number(5));
     if (!found)

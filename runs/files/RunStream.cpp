@@ -9,8 +9,8 @@ namespace ZYN {
 
 namespace {
 
-constexpr std::size_t RunsOfPiece = 100;
-constexpr std::size_t RunsWaiting = 2 * RunsOfPiece;
+constexpr std::size_t runsOfPiece = 100;
+constexpr std::size_t runsWaiting = 2 * runsOfPiece;
 
 // \return false when nobody takes any more
 bool ReadReport(ReportRuns& reports, const std::string& file, std::size_t index, RunQueue* queue)
@@ -27,7 +27,7 @@ bool ReadLot(StdfRuns& lots, const std::string& file, std::size_t index, RunQueu
     bool goesOn = true;
     std::optional<RunFault> fault = lots.ReadFile(file, [&](Run&& run) {
         piece.runs.push_back(std::move(run));
-        if (piece.runs.size() >= RunsOfPiece)
+        if (piece.runs.size() >= runsOfPiece)
             goesOn = queue->Put(index, std::exchange(piece, {}));
         return goesOn;
     });
@@ -43,7 +43,7 @@ bool ReadLot(StdfRuns& lots, const std::string& file, std::size_t index, RunQueu
 
 RunStream::RunStream(std::vector<std::string> files)
     : m_files(std::move(files))
-    , m_queue(RunsWaiting)
+    , m_queue(runsWaiting)
 {
     const std::size_t cores = std::max(1U, std::thread::hardware_concurrency());
     for (std::size_t i = 0; i < std::min(cores, m_files.size()); ++i)

@@ -11,7 +11,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr int BarColumns = 16;
+constexpr int barColumns = 16;
 
 struct Arguments {
     QuestionOptions options{"failures"};
@@ -40,7 +40,7 @@ void Print(const std::vector<FailureRow>& rows, bool all)
     for (const FailureRow& row : rows) {
         const double most = double(qMax(std::int64_t(1), rows.front().first));
         QList<TableCell> cells{ShareText(row.first, total),
-                               {Bar(double(row.first) / most, BarColumns), Style::Bad},
+                               {Bar(double(row.first) / most, barColumns), Style::Bad},
                                all ? QString::number(row.all) : QString()};
         for (const auto& [name, value] : row.group)
             cells.append(Harmless(value));

@@ -12,7 +12,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr int BarColumns = 12;
+constexpr int barColumns = 12;
 
 struct Arguments {
     QuestionOptions options{"yield"};
@@ -57,7 +57,7 @@ void Print(const std::vector<YieldRow>& rows)
                              ? TableCell(Texts::tr("(none)"), Style::Dim)
                              : TableCell(Harmless(value)));
         // Bars compare groups; there is nothing to compare one with.
-        const QString bar = rows.size() > 1 && most > 0 ? Bar(LostShare(row) / most, BarColumns) : QString();
+        const QString bar = rows.size() > 1 && most > 0 ? Bar(LostShare(row) / most, barColumns) : QString();
         cells.append({ShareText(row.passed, row.units),
                       ShareText(row.firstPass, row.firstRuns),
                       {bar, Style::Bad},

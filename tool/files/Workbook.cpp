@@ -12,15 +12,15 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr qsizetype LongestText = 32767;
-constexpr qsizetype WidestColumn = 60;
-constexpr qsizetype NarrowestColumn = 8;
-constexpr qsizetype DigitsOfNumber = 12; ///< that a spreadsheet program shows
+constexpr qsizetype longestText = 32767;
+constexpr qsizetype widestColumn = 60;
+constexpr qsizetype narrowestColumn = 8;
+constexpr qsizetype digitsOfNumber = 12; ///< that a spreadsheet program shows
 
 /// The beginning of a text, not ending in half a character.
 QString Shortened(const QString& text)
 {
-    qsizetype length = LongestText;
+    qsizetype length = longestText;
     if (text.size() > length && text.at(length - 1).isHighSurrogate())
         --length;
     return text.left(length);
@@ -62,7 +62,7 @@ void Workbook::BeginSheet()
     m_widths.clear();
     for (qsizetype i = 0; i < m_titles.size(); ++i) {
         worksheet_write_string(m_sheet, 0, lxw_col_t(i), m_titles.at(i).toUtf8().constData(), m_title);
-        m_widths.append(std::max(NarrowestColumn, m_titles.at(i).size() + 3)); // and the filter's button
+        m_widths.append(std::max(narrowestColumn, m_titles.at(i).size() + 3)); // and the filter's button
     }
     m_row = 1;
 }
@@ -96,12 +96,12 @@ void Workbook::Put(std::uint16_t column, const SheetCell& cell)
             return Put(column,
                        {std::isnan(*number) ? QStringLiteral("nan") : QString::number(*number), cell.isBad});
         worksheet_write_number(m_sheet, m_row, column, *number, format);
-        width = DigitsOfNumber;
+        width = digitsOfNumber;
     } else if (const QString* const text = std::get_if<QString>(&cell.value); text && !text->isEmpty()) {
         worksheet_write_string(m_sheet, m_row, column, Shortened(*text).toUtf8().constData(), format);
         width = text->size() + 1;
     }
-    m_widths[column] = std::max(m_widths.at(column), std::min(width, WidestColumn));
+    m_widths[column] = std::max(m_widths.at(column), std::min(width, widestColumn));
 }
 
 std::optional<QString> Workbook::Close()

@@ -16,7 +16,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr size_t LinesAtOnce = 32 * 1024; ///< bytes
+constexpr size_t linesAtOnce = 32 * 1024; ///< bytes
 
 Problem CannotRead(const QString& name, const QFile& file)
 {
@@ -78,7 +78,7 @@ std::optional<Problem> PrintLotJson(const QString& path, const QString& name, co
         const std::optional<Stdf::Fault> found = Stdf::AppendJson(lines, raw, reader.IsBigEndian());
         lines += '\n';
         damage = damage ? damage : found;
-        if (lines.size() >= LinesAtOnce)
+        if (lines.size() >= linesAtOnce)
             print();
     }
     print();

@@ -22,7 +22,7 @@ namespace {
 using Side = TableColumn::Side;
 
 /// More groups, bins or tests are not told: a small compressed file could hold any number.
-constexpr size_t MostRows = 10'000;
+constexpr size_t mostRows = 10'000;
 
 struct Count {
     qint64 parts = 0;
@@ -80,7 +80,7 @@ private:
     template <typename Key>
     static void Add(std::map<Key, Count>& counts, const Key& key, const ZYN::Run& run)
     {
-        if (counts.size() >= MostRows && !counts.contains(key))
+        if (counts.size() >= mostRows && !counts.contains(key))
             return;
         Count& count = counts[key];
         ++count.parts;
@@ -114,7 +114,7 @@ private:
             Test*& test = known->second.emplace_back(nullptr);
             const std::string key = component.identity + '\n' + component.unit;
             if (component.kind != ComponentKind::Measurement ||
-                (m_tests.size() >= MostRows && !m_tests.contains(key)))
+                (m_tests.size() >= mostRows && !m_tests.contains(key)))
                 continue;
             const auto [entry, isFirst] = m_tests.try_emplace(key);
             test = &entry->second;

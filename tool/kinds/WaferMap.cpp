@@ -9,7 +9,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr int WidestMap = 1000;
+constexpr int widestMap = 1000;
 
 QChar CharacterOf(int bin)
 {
@@ -42,7 +42,7 @@ void WaferMap::Print() const
                         .arg(Harmless(QString::fromStdString(name)), QString::number(left),
                              QString::number(right), QString::number(top), QString::number(bottom)) +
                     QLatin1Char('\n'));
-        if (right - left >= WidestMap || bottom - top >= WidestMap) {
+        if (right - left >= widestMap || bottom - top >= widestMap) {
             Tool::Print(Texts::tr("is too wide for a map") + QLatin1Char('\n'));
             continue;
         }

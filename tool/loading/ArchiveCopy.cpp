@@ -6,8 +6,8 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr std::size_t RunsOfBatch = 100;
-constexpr std::size_t BinsOfBatch = 10'000;
+constexpr std::size_t runsOfBatch = 100;
+constexpr std::size_t binsOfBatch = 10'000;
 
 } // namespace
 
@@ -28,7 +28,7 @@ LoadedInput CopyArchive(Archive& archive, const Input& source)
         return fail(from);
     ArchiveRuns runs(from);
     for (;;) {
-        const std::optional<std::vector<LotBin>> bins = runs.NextBins(BinsOfBatch);
+        const std::optional<std::vector<LotBin>> bins = runs.NextBins(binsOfBatch);
         if (!bins)
             return fail(from);
         if (bins->empty())
@@ -37,7 +37,7 @@ LoadedInput CopyArchive(Archive& archive, const Input& source)
             return fail(archive);
     }
     for (;;) {
-        const std::optional<std::vector<Run>> batch = runs.Next(RunsOfBatch);
+        const std::optional<std::vector<Run>> batch = runs.Next(runsOfBatch);
         if (!batch)
             return fail(from);
         if (batch->empty())

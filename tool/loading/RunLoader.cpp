@@ -9,9 +9,9 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr qsizetype RunsOfBatch = 100;
-constexpr std::size_t BinsOfBatch = 10'000;
-constexpr qint64 MillisecondsOfBatch = 1000;
+constexpr qsizetype runsOfBatch = 100;
+constexpr std::size_t binsOfBatch = 10'000;
+constexpr qint64 millisecondsOfBatch = 1000;
 
 // Collects inputs until they are worth a transaction.
 class Batch {
@@ -24,8 +24,8 @@ public:
 
     bool IsFull() const
     {
-        return qsizetype(m_runs.size()) >= RunsOfBatch || m_bins.size() >= BinsOfBatch ||
-               (!m_inputs.empty() && m_timer.elapsed() >= MillisecondsOfBatch);
+        return qsizetype(m_runs.size()) >= runsOfBatch || m_bins.size() >= binsOfBatch ||
+               (!m_inputs.empty() && m_timer.elapsed() >= millisecondsOfBatch);
     }
 
     void Append(InputRuns::Piece piece)

@@ -9,7 +9,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr int Lines = 6;
+constexpr int plotLines = 6;
 constexpr QChar LimitLine(0x2502);
 constexpr QChar Axis(0x2500);
 constexpr QChar LimitFoot(0x2534);
@@ -72,7 +72,7 @@ QStringList Histogram(const MeasureRow& row, const Scale& scale, int columns)
     std::vector<double> counts(std::size_t(columns), 0.0);
     for (const MeasuredValue& value : row.values)
         ++counts[std::size_t(axes.ColumnOf(value.value))];
-    std::vector<QString> lines = Skyline(counts, Lines);
+    std::vector<QString> lines = Skyline(counts, plotLines);
     QString axis(columns, Axis);
     Labels labels(columns);
     const std::pair<const std::optional<double>&, bool> limits[] = {{row.lower, true}, {row.upper, false}};

@@ -14,14 +14,14 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr int WidestPlot = 72;
-constexpr qsizetype HitsShown = 3;
+constexpr int widestPlot = 72;
+constexpr qsizetype hitsShown = 3;
 const QString indent = QStringLiteral("  ");
 
 int PlotColumns()
 {
     const int columns = OutputColumns();
-    return columns > 0 ? qBound(20, columns - int(indent.size()), WidestPlot) : WidestPlot;
+    return columns > 0 ? qBound(20, columns - int(indent.size()), widestPlot) : widestPlot;
 }
 
 // Names and figures side by side.
@@ -56,10 +56,10 @@ QString RuleText(const MeasureRow& row, int rule)
     QStringList serials;
     qsizetype count = 0;
     for (const RuleHit& hit : row.rules)
-        if (hit.rule == rule && ++count <= HitsShown)
+        if (hit.rule == rule && ++count <= hitsShown)
             serials.append(Harmless(hit.since.serial));
-    if (count > HitsShown)
-        serials.append(Texts::tr("and %n more", nullptr, int(count - HitsShown)));
+    if (count > hitsShown)
+        serials.append(Texts::tr("and %n more", nullptr, int(count - hitsShown)));
     return serials.join(QLatin1String(", "));
 }
 

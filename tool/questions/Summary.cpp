@@ -12,7 +12,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr std::size_t ListLength = 5;
+constexpr std::size_t listLength = 5;
 
 QString YieldText(const YieldRow& row)
 {
@@ -84,11 +84,11 @@ std::optional<Summary> Summary::Ask(const Archive& archive)
     for (const FailureRow& row : *failures) {
         Program& program = programOf(row.group);
         program.firstFailures += row.first;
-        if (program.failures.size() < ListLength)
+        if (program.failures.size() < listLength)
             program.failures.push_back(row);
     }
     for (const MeasureRow& row : *measures)
-        if (Program& program = programOf(row.group); row.cpk && program.measures.size() < ListLength)
+        if (Program& program = programOf(row.group); row.cpk && program.measures.size() < listLength)
             program.measures.push_back(row);
     return summary;
 }

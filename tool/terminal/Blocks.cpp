@@ -7,8 +7,8 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr ushort FullBlock = 0x2588;
-constexpr ushort LowestBlock = 0x2581; // an eighth of the height; those behind it are higher
+constexpr ushort fullBlock = 0x2588;
+constexpr ushort lowestBlock = 0x2581; // an eighth of the height; those behind it are higher
 
 } // namespace
 
@@ -17,9 +17,9 @@ QString Bar(double share, int columns)
     if (!(share > 0))
         return {};
     const int eighths = std::clamp(int(std::lround(share * columns * 8)), 1, columns * 8);
-    QString bar(eighths / 8, QChar(FullBlock));
+    QString bar(eighths / 8, QChar(fullBlock));
     if (eighths % 8 > 0)
-        bar += QChar(ushort(FullBlock + 8 - eighths % 8)); // 7/8 to 1/8 follow the full one
+        bar += QChar(ushort(fullBlock + 8 - eighths % 8)); // 7/8 to 1/8 follow the full one
     return bar;
 }
 
@@ -34,7 +34,7 @@ std::vector<QString> Skyline(const std::vector<double>& heights, int lines)
         for (int line = 0; line < lines; ++line) {
             const int here = std::clamp(eighths - 8 * line, 0, 8);
             if (here > 0)
-                skyline[std::size_t(lines - 1 - line)][qsizetype(i)] = QChar(ushort(LowestBlock + here - 1));
+                skyline[std::size_t(lines - 1 - line)][qsizetype(i)] = QChar(ushort(lowestBlock + here - 1));
         }
     }
     return skyline;
@@ -52,7 +52,7 @@ QString Sparkline(const std::vector<double>& numbers)
     QString line;
     for (const double number : numbers) {
         const double share = highest > lowest ? (number - lowest) / (highest - lowest) : 0.5;
-        line += std::isnan(number) ? QChar(' ') : QChar(ushort(LowestBlock + std::lround(share * 7)));
+        line += std::isnan(number) ? QChar(' ') : QChar(ushort(lowestBlock + std::lround(share * 7)));
     }
     return line;
 }

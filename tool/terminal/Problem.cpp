@@ -9,7 +9,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr int RemarksShown = 20;
+constexpr int remarksShown = 20;
 
 } // namespace
 
@@ -21,7 +21,7 @@ void PrintNote(const QString& text)
 
 void Remarks::Add(const QString& text)
 {
-    if (!m_manners.quiet && (++m_count <= RemarksShown || m_manners.verbose))
+    if (!m_manners.quiet && (++m_count <= remarksShown || m_manners.verbose))
         PrintNote(text);
 }
 
@@ -33,8 +33,8 @@ void Remarks::Add(const QStringList& texts)
 
 void Remarks::Close() const
 {
-    if (m_count > RemarksShown && !m_manners.verbose)
-        PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, m_count - RemarksShown));
+    if (m_count > remarksShown && !m_manners.verbose)
+        PrintNote(Texts::tr("and %n remarks more; -v shows all", nullptr, m_count - remarksShown));
 }
 
 void PrintProblem(const Problem& problem)

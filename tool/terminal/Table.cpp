@@ -6,8 +6,8 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr int Gap = 2;
-constexpr int NarrowestColumn = 20;
+constexpr int gap = 2;
+constexpr int narrowestColumn = 20;
 
 // The end of a text, with an ellipsis in front.
 QString CutFront(const QString& text, int columns)
@@ -35,22 +35,22 @@ QList<int> Table::FullWidths() const
 QList<int> Table::Widths() const
 {
     QList<int> widths = FullWidths();
-    int excess = -Gap;
+    int excess = -gap;
     for (const int width : widths)
-        excess += width > 0 ? width + Gap : 0;
+        excess += width > 0 ? width + gap : 0;
     excess = OutputColumns() > 0 ? excess - OutputColumns() : 0;
     // What can be had by shrinking, as it tells more than a column that is left out.
     int slack = 0;
     for (qsizetype i = 0; i < widths.size(); ++i)
-        slack += m_columns.at(i).shrinks ? qMax(0, widths.at(i) - NarrowestColumn) : 0;
+        slack += m_columns.at(i).shrinks ? qMax(0, widths.at(i) - narrowestColumn) : 0;
     for (qsizetype i = widths.size(); i-- > 0 && excess > slack;) {
         if (m_columns.at(i).drops && widths.at(i) > 0)
-            excess -= std::exchange(widths[i], 0) + Gap;
+            excess -= std::exchange(widths[i], 0) + gap;
     }
     for (qsizetype i = widths.size(); i-- > 0 && excess > 0;) {
-        if (!m_columns.at(i).shrinks || widths.at(i) <= NarrowestColumn)
+        if (!m_columns.at(i).shrinks || widths.at(i) <= narrowestColumn)
             continue;
-        const int less = qMin(excess, widths.at(i) - NarrowestColumn);
+        const int less = qMin(excess, widths.at(i) - narrowestColumn);
         widths[i] -= less;
         excess -= less;
     }
@@ -72,9 +72,9 @@ QString Table::Line(const QList<TableCell>& cells, const QList<int>& widths) con
         const bool isRight = m_columns.at(i).side == TableColumn::Side::Right;
         if (!text.isEmpty()) {
             line += QString(blanks + (isRight ? rest : 0), QLatin1Char(' ')) + Paint(text, cells.at(i).style);
-            blanks = isRight ? Gap : rest + Gap;
+            blanks = isRight ? gap : rest + gap;
         } else {
-            blanks += width + Gap;
+            blanks += width + gap;
         }
     }
     return line + QLatin1Char('\n');
