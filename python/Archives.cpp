@@ -18,7 +18,7 @@ namespace ZYN::Python {
 
 namespace {
 
-constexpr std::size_t RunsOfTransaction = 100;
+constexpr std::size_t runsOfTransaction = 100;
 
 /// An archive that is asked from Python. Other threads run meanwhile, but none of them may ask the same one.
 class PythonArchive {
@@ -121,7 +121,7 @@ py::dict Add(PythonArchive& archive, const py::iterable& runs)
     };
     for (const py::handle& run : runs) {
         some.push_back(*run.cast<std::shared_ptr<Run>>());
-        if (some.size() == RunsOfTransaction)
+        if (some.size() == runsOfTransaction)
             write();
     }
     write();

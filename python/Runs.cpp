@@ -10,8 +10,8 @@ namespace ZYN::Python {
 
 namespace {
 
-constexpr int IntegerType = 7; // `EN_ZYN_ADDRESS`
-constexpr int TextType = 9;
+constexpr int integerType = 7; // `EN_ZYN_ADDRESS`
+constexpr int textType = 9;
 
 struct Unit {
     std::shared_ptr<Run> run;
@@ -27,8 +27,8 @@ struct Measurement {
 /// A number or text as Python has it: integers of any size, None for nothing.
 py::object ValueOf(const RunComponent& component, double number, const std::string* text)
 {
-    if (text && component.dataType != TextType) {
-        PyObject* const exact = component.dataType == IntegerType
+    if (text && component.dataType != textType) {
+        PyObject* const exact = component.dataType == integerType
                                     ? PyLong_FromString(text->c_str(), nullptr, 10)
                                     : PyFloat_FromString(Str(*text).ptr());
         if (exact)
@@ -39,7 +39,7 @@ py::object ValueOf(const RunComponent& component, double number, const std::stri
         return Str(*text);
     if (std::isnan(number))
         return py::none();
-    if (component.dataType == IntegerType && number == std::nearbyint(number))
+    if (component.dataType == integerType && number == std::nearbyint(number))
         return py::reinterpret_steal<py::object>(PyLong_FromDouble(number));
     return py::float_(number);
 }

@@ -15,7 +15,7 @@ QString UnitText(const QString& name)
                           : ArchiveTexts::tr("unit '%1'").arg(name);
 }
 
-bool AppendUnreadableStarts(const Archive& archive, const RunFilter& filter, QStringList* notes)
+bool AppendunreadableStarts(const Archive& archive, const RunFilter& filter, QStringList* notes)
 {
     const ChosenRuns runs(archive, filter, ChosenRuns::Of::All);
     std::optional<QSqlQuery> query = runs.Select(
@@ -78,7 +78,7 @@ bool AppendSerialsOfSeveralLots(const Archive& archive, const RunFilter& filter,
 std::optional<QStringList> AskNotes(const Archive& archive, const RunFilter& filter)
 {
     QStringList notes;
-    if (!AppendUnreadableStarts(archive, filter, &notes) ||
+    if (!AppendunreadableStarts(archive, filter, &notes) ||
         (!filter.acrossLots && !AppendSerialsOfSeveralLots(archive, filter, &notes)))
         return std::nullopt;
     return notes;

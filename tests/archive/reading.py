@@ -392,13 +392,19 @@ def drift_of(values, ps, corrected, behind):
     return min(found, default=(None, None))[1]
 
 
+def judged_by(limits):
+    """What values are told apart by: the nominal value and the prefix of the unit judge nothing."""
+    return limits and (limits.unit, as_float(limits.lower), limits.lower_op, as_float(limits.upper), limits.upper_op,
+                       limits.inverted)
+
+
 def ask_measure(question, names=(), with_values=False, by=()):
     """With groups there are figures only."""
     series = {}
     for run in question.chosen:
         for one in run.components:
             if one.kind == "Measurement" and one.type in (7, 8):
-                key = (question.group(run, question.chosen, by), one.identity, one.type, repr(one.limits and vars(one.limits)))
+                key = (question.group(run, question.chosen, by), one.identity, one.type, judged_by(one.limits))
                 series.setdefault(key, []).append((run, one))
     rows, tests = [], []
     for (group, *_), members in series.items():

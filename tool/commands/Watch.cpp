@@ -26,9 +26,9 @@ namespace ZYN::Tool {
 namespace {
 
 const QString command = QStringLiteral("watch");
-constexpr int ScanMilliseconds = 1000;  // network folders tell nothing by themselves
-constexpr int LongestPause = 30 * 1000; // while the archive is away
-constexpr qsizetype FilesAtOnce = 100;
+constexpr int scanMilliseconds = 1000;  // network folders tell nothing by themselves
+constexpr int longestPause = 30 * 1000; // while the archive is away
+constexpr qsizetype filesAtOnce = 100;
 
 struct Arguments {
     std::string folder;
@@ -86,8 +86,8 @@ private:
         m_trouble.clear();
         QList<Input> ready = m_folder.Ready();
         while (!ready.isEmpty() && OpenArchive() && !m_ending.HasCome()) {
-            Take(ready.mid(0, FilesAtOnce));
-            ready.remove(0, qMin(FilesAtOnce, ready.size()));
+            Take(ready.mid(0, filesAtOnce));
+            ready.remove(0, qMin(filesAtOnce, ready.size()));
             m_status.Tell(State(), m_trouble, ready.size());
         }
         FlushOutput();
@@ -117,7 +117,7 @@ private:
         if (m_trouble.isEmpty() && !m_told.isEmpty())
             m_log.GoesOn();
         m_told = m_trouble;
-        m_pause = m_trouble.isEmpty() ? ScanMilliseconds : qMin(2 * m_pause, LongestPause);
+        m_pause = m_trouble.isEmpty() ? scanMilliseconds : qMin(2 * m_pause, longestPause);
     }
 
     // \return false where the archive is away, or there is other trouble that ends without us
@@ -202,7 +202,7 @@ private:
     bool m_failed = false;
     QString m_trouble; // why reports wait, as of the last try
     QString m_told;    // the same, as it was told
-    int m_pause = ScanMilliseconds;
+    int m_pause = scanMilliseconds;
     QTimer m_timer;
 };
 

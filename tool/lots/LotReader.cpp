@@ -21,7 +21,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr qsizetype PresenceShown = 5;
+constexpr qsizetype presenceShown = 5;
 
 QString NameOf(const StatisticsData* entry)
 {
@@ -131,7 +131,7 @@ QStringList LotReader::RemarksOnPresence(const QString& program, int runCount, b
             partial.append(entry);
     }
     const QString runs = QString::number(runCount);
-    if (!all && partial.size() > PresenceShown) {
+    if (!all && partial.size() > presenceShown) {
         // A program that stops at the first failure leaves all that follows behind.
         const StatisticsData* const fewest = *std::min_element(
             partial.begin(), partial.end(),

@@ -13,17 +13,17 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr size_t UnitsAtOnce = 64;
-constexpr int DigitsOfNumber = 5;
-constexpr qsizetype LongestSerial = 100;
+constexpr size_t unitsAtOnce = 64;
+constexpr int digitsOfNumber = 5;
+constexpr qsizetype longestSerial = 100;
 
 QString NameOf(const ZYN::Run& run)
 {
-    QString serial = QString::fromStdString(run.serial).left(LongestSerial);
+    QString serial = QString::fromStdString(run.serial).left(longestSerial);
     for (QChar& c : serial)
         if (c == QLatin1Char('/') || c == QLatin1Char('\\') || c == QLatin1Char(':') || c.unicode() < 0x20)
             c = QLatin1Char('_');
-    const QString number = QString::number(run.runIndex + 1).rightJustified(DigitsOfNumber, QLatin1Char('0'));
+    const QString number = QString::number(run.runIndex + 1).rightJustified(digitsOfNumber, QLatin1Char('0'));
     return serial.isEmpty() ? number : number + QLatin1Char('-') + serial;
 }
 
@@ -47,7 +47,7 @@ std::optional<Problem> ForEachUnits(const Input& lot,
     RunModels models;
     const std::optional<RunFault> fault = reader.ReadFile(PathOfLot(lot), [&](ZYN::Run&& run) {
         units.push_back({NameOf(run), models.Make(run)});
-        if (units.size() >= UnitsAtOnce) {
+        if (units.size() >= unitsAtOnce) {
             take(units);
             units.clear();
         }

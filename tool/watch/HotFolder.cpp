@@ -21,7 +21,7 @@ namespace ZYN::Tool {
 
 namespace {
 
-constexpr qint64 UnchangedMilliseconds = 3000;
+constexpr qint64 unchangedMilliseconds = 3000;
 
 bool HoldsRuns(const QString& name)
 {
@@ -105,7 +105,7 @@ bool HotFolder::IsUnfinished(const QString& path)
         return false;
     const QFileInfo info(path);
     const bool isSame = info.size() == seen->size && info.lastModified() == seen->changed;
-    return isSame && seen->since.elapsed() < UnchangedMilliseconds;
+    return isSame && seen->since.elapsed() < unchangedMilliseconds;
 }
 
 void HotFolder::MoveToDone(const Input& input)
@@ -119,7 +119,7 @@ bool HotFolder::GiveUp(const Input& input, const QString& reason)
     const auto seen = m_unfinished.constFind(input.path);
     const bool isSame =
         seen != m_unfinished.constEnd() && info.size() == seen->size && info.lastModified() == seen->changed;
-    if (!isSame || seen->since.elapsed() < UnchangedMilliseconds) {
+    if (!isSame || seen->since.elapsed() < unchangedMilliseconds) {
         if (!isSame) {
             Seen& now = m_unfinished[input.path];
             now = {info.size(), info.lastModified(), {}};
