@@ -87,10 +87,10 @@ void ReportRuns_Private::Prepare()
         [](void* user) { Do(user, [](ReportReader& to) { to.Divide(); }); });
     // A few kilobytes of entities grow to many megabytes, and a report needs none.
     XML_SetEntityDeclHandler(p, [](void* user, Name, int, Name, int, Name, Name, Name, Name) {
-        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::entities); });
+        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::declaredEntities); });
     });
     XML_SetAttlistDeclHandler(p, [](void* user, Name, Name, Name, Name, int) {
-        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::attributes); });
+        Do(user, [](ReportReader& to) { to.SetFault(ReportTexts::declaredAttributes); });
     });
     XML_SetSkippedEntityHandler(p, [](void* user, Name name, int) {
         Do(user, [&](ReportReader& to) { to.SetFault(ReportTexts::unknownEntity, name); });

@@ -27,9 +27,9 @@ inline constexpr Pattern damaged{"ReportRuns",
 inline constexpr Pattern noMemory{
     "CImportServiceReport", QT_TRANSLATE_NOOP("CImportServiceReport", "Not enough memory for the import.")};
 inline constexpr Pattern noXml{"ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "no well-formed XML: %1")};
-inline constexpr Pattern entities{
+inline constexpr Pattern declaredEntities{
     "QObject", QT_TRANSLATE_NOOP("QObject", "Documents that declare entities are not supported")};
-inline constexpr Pattern attributes{
+inline constexpr Pattern declaredAttributes{
     "QObject", QT_TRANSLATE_NOOP("QObject", "Documents that declare attributes are not supported")};
 inline constexpr Pattern crowdedTag{
     "ReportRuns", QT_TRANSLATE_NOOP("ReportRuns", "a start tag with more than %1 attributes")};
