@@ -92,7 +92,7 @@ bool CExportDirectorBase::ExportTestResultSet(TestResultSet* resultSet, IExportB
             logExport,
             "A run of '%ls' has no result for its program and is left out of the report: add one, or record "
             "the run with a RunRecorder.",
-            qUtf16Printable(program->GetNameView()));
+            qUtf16Printable(program->GetName()));
     builder->EndTestResultSet(resultSet);
 
     if (!wasOpened)
